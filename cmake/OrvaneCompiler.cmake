@@ -1,0 +1,19 @@
+# Language level, warnings and sanitizers for every target of this project.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+option(ORVANE_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+
+find_program(ORVANE_CCACHE ccache)
+if(ORVANE_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${ORVANE_CCACHE}")
+endif()
+
+add_library(orvane_compiler INTERFACE)
+target_compile_options(orvane_compiler INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(ORVANE_SANITIZE)
+  target_compile_options(orvane_compiler INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(orvane_compiler INTERFACE -fsanitize=address,undefined)
+endif()

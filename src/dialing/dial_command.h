@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/program_state.h"
+#include "app/services.h"
+#include "dialing/dial_panel.h"
+#include "dialing/modem_dialer.h"
+#include "journal/current_call.h"
+
+namespace orvane {
+
+// The dial button: prepares the number in `txtNr` and places the call, or ends the running one.
+class DialCommand {
+ public:
+  DialCommand(Services& services, ProgramState& state, CurrentCall& call, DialPanel& panel,
+              ModemDialer& modem)
+      : services_(services), state_(state), call_(call), panel_(panel), modem_(modem) {}
+
+  // A click on either dial button.
+  void Click();
+
+  // Access code, digits, "*" and "#" of the last prepared call.
+  const std::string& DialString() const { return dialString_; }
+
+ private:
+  void Prepare(const std::string& number);
+  void RememberDigits(const std::string& digits);
+  void PlaceOrEnd();
+
+  Services& services_;
+  ProgramState& state_;
+  CurrentCall& call_;
+  DialPanel& panel_;
+  ModemDialer& modem_;
+  std::string dialString_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/program_state.h"
+#include "app/services.h"
+#include "journal/call_display.h"
+#include "journal/current_call.h"
+
+namespace orvane {
+
+// The German duration text between two date-times (days since 1899-12-30), for example
+// "1 Min. 5 Sek. "; every piece ends with a blank. A year counts 365 days, a month 30. Empty below
+// half a second and for an end before the start.
+std::string FormatDuration(double start, double end);
+
+// Writes the start and the end of outgoing calls into the journal.
+class CallLogger {
+ public:
+  CallLogger(Services& services, ProgramState& state, CurrentCall& call, CallDisplay& display)
+      : services_(services), state_(state), call_(call), display_(display) {}
+
+  // At the start resolves the contact, shows it and inserts the journal row; at the end reports the
+  // duration and completes the row of a call that was connected. `isBusy` is looked at only at the
+  // end. Compacts a journal file that has grown too large.
+  void LogCall(bool isStart, bool isBusy);
+
+ private:
+  void LogStart();
+  void LogEnd(bool isBusy);
+
+  Services& services_;
+  ProgramState& state_;
+  CurrentCall& call_;
+  CallDisplay& display_;
+};
+
+}  // namespace orvane

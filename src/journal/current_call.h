@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace orvane {
+
+// The one call that is prepared, running or was last made. Texts are UTF-8.
+struct CurrentCall {
+  // Canonical international form, external calls only; used for the contact lookup.
+  std::string canonicalNumber;
+  // Digits only: the number last dialled or handed in by the host, or the extension.
+  std::string lastDialedDigits;
+  // "mm/dd/yyyy hh:nn:ss"; empty when no call runs, or is not connected.
+  std::string startText;
+  std::string connectText;
+  // Days since 1899-12-30.
+  double connectDateTime = 0;
+  std::string company;
+  std::string place;
+  std::string person;
+  std::int32_t addressKey = 0;
+  std::int32_t personKey = 0;
+};
+
+}  // namespace orvane

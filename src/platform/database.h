@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace orvane {
+
+// Numbers that the providers report and that the program's rules look at.
+inline constexpr std::int32_t kDbErrorFailed = -2147467259;         // 0x80004005: cannot open, locked, constraint
+inline constexpr std::int32_t kDbErrorSyntax = -2147217900;         // 0x80040E14: the statement is refused
+inline constexpr std::int32_t kDbErrorLogin = -2147217843;          // 0x80040E4D: login or password refused
+inline constexpr std::int32_t kDbErrorConflict = -2147217887;       // 0x80040E21
+inline constexpr std::int32_t kDbErrorObjectOpen = 3705;            // not allowed while the object is open
+inline constexpr std::int32_t kDbErrorObjectClosed = 3704;          // not allowed while the object is closed
+inline constexpr std::int32_t kDbErrorProviderNotFound = 3706;      // no such provider
+inline constexpr std::int32_t kDbErrorNoCurrentRow = 3021;          // at the end, no current row
+inline constexpr std::int32_t kDbErrorNoSuchField = 3265;           // no such field or property
+
+enum class DbMode : int { kUnknown = 0, kRead = 1, kWrite = 2, kReadWrite = 3 };
+enum class DbCursorLocation : int { kServer = 2, kClient = 3 };
+
+// One field: null, a whole number, a floating-point number (also a date: days since 1899-12-30) or
+// UTF-8 text.
+using DbValue = std::variant<std::monostate, std::int64_t, double, std::string>;
+
+// The rows of a query, read forward. With a client-side cursor the rows are complete when Execute
+// returns and outlive the connection's Close.
+class Recordset {
+ public:
+  virtual ~Recordset() = default;
+  virtual bool AtEnd() const = 0;
+  // Throws DatabaseError kDbErrorNoCurrentRow when already at the end.
+  virtual void MoveNext() = 0;
+  // By column name, not case-sensitive. Throws kDbErrorNoCurrentRow or kDbErrorNoSuchField.
+  virtual DbValue Field(std::string_view name) const = 0;
+  // By position, from 0.
+  virtual DbValue Field(int index) const = 0;
+};
+
+// What the logic needs of an ADO connection. Properties are set while it is closed.
+class DatabaseConnection {
+ public:
+  virtual ~DatabaseConnection() = default;
+
+  virtual void SetMode(DbMode mode) = 0;
+  virtual void SetCursorLocation(DbCursorLocation location) = 0;
+  virtual void SetProvider(std::string_view provider) = 0;
+  // "Data Source" (a path with "\" or a server), "Jet OLEDB:Database Password", "Password",
+  // "User ID", "Initial Catalog", "Integrated Security", "Persist Security Info".
+  virtual void SetProperty(std::string_view name, std::string_view value) = 0;
+  // Replaces provider, mode and properties by what the text says: "name=value" pairs parted by ";".
+  virtual void SetConnectionString(std::string_view text) = 0;
+  // After Open: provider, mode and properties, enough to open again with SetConnectionString.
+  virtual std::string ConnectionString() const = 0;
+
+  virtual bool IsOpen() const = 0;
+  // Throws DatabaseError: file missing, locked, damaged, not writable in a write mode, server not
+  // found, login refused. Waits at most a second for another process's lock.
+  virtual void Open() = 0;
+  // Runs one statement in the Jet dialect. Throws DatabaseError; a failed statement changed nothing.
+  virtual std::unique_ptr<Recordset> Execute(std::string_view sql) = 0;
+  // Closing a closed connection does nothing.
+  virtual void Close() = 0;
+};
+
+// Makes connections, and compacts Jet-like files as the replication object does.
+class DatabaseServices {
+ public:
+  virtual ~DatabaseServices() = default;
+  virtual std::unique_ptr<DatabaseConnection> NewConnection() = 0;
+  // Writes a compact copy of the source; both are connection strings with "Data Source" and
+  // "Jet OLEDB:Database Password". Throws DatabaseError when the source cannot be read or the
+  // destination exists; a failed copy leaves no destination behind.
+  virtual void CompactDatabase(std::string_view source, std::string_view destination) = 0;
+};
+
+}  // namespace orvane

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace orvane {
+
+// A failure as the interface in question reports it: a number that the logic looks at and a German
+// description that the user may see. Adapters throw one of the classes below; no exception crosses
+// into an event handler.
+class PlatformError : public std::runtime_error {
+ public:
+  PlatformError(std::int32_t number, const std::string& description)
+      : std::runtime_error(description), number_(number) {}
+
+  // The number that the interface stands for would report (an HRESULT, a control's error number).
+  std::int32_t Number() const { return number_; }
+  // UTF-8, for people.
+  std::string Description() const { return what(); }
+
+ private:
+  std::int32_t number_;
+};
+
+// A database refused to open or to execute; NativeNumber is the database's own code, 0 if unknown.
+class DatabaseError : public PlatformError {
+ public:
+  DatabaseError(std::int32_t number, const std::string& description, std::int32_t nativeNumber = 0)
+      : PlatformError(number, description), nativeNumber_(nativeNumber) {}
+  std::int32_t NativeNumber() const { return nativeNumber_; }
+
+ private:
+  std::int32_t nativeNumber_;
+};
+
+class SerialError : public PlatformError {
+  using PlatformError::PlatformError;
+};
+
+class TapiError : public PlatformError {
+  using PlatformError::PlatformError;
+};
+
+class RegistryError : public PlatformError {
+  using PlatformError::PlatformError;
+};
+
+class IniError : public PlatformError {
+  using PlatformError::PlatformError;
+};
+
+}  // namespace orvane

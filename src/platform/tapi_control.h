@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace orvane {
+
+inline constexpr std::int32_t kNoTapiLine = -1;
+
+// The events of the telephone line control.
+class TapiEvents {
+ public:
+  virtual ~TapiEvents() = default;
+  virtual void OnBusy(std::int32_t callHandle) = 0;
+  virtual void OnConnected(std::int32_t callHandle) = 0;
+  virtual void OnDisconnected(std::int32_t callHandle) = 0;
+  virtual void OnLineMessage(const std::string& result, const std::string& function,
+                             std::int32_t code) = 0;
+  virtual void OnCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) = 0;
+};
+
+// Telephone lines: find, open, call, drop. Line indexes run from 0 to LineCount() - 1. Failures are
+// TapiError.
+class TapiControl {
+ public:
+  virtual ~TapiControl() = default;
+
+  virtual void Initialise() = 0;
+  virtual int LineCount() = 0;
+  virtual std::string LineName(int line) = 0;
+  // The three constants are the line control's own: 4, 6 and 9.
+  virtual void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
+                        std::int16_t options) = 0;
+  virtual void CloseLine(std::int32_t line) = 0;
+  virtual void MakeCall(std::int32_t& line, std::string& dialString, std::int16_t options) = 0;
+  virtual void DropCall(std::int32_t& line, std::int32_t& callHandle) = 0;
+  virtual void ShutDown() = 0;
+
+  // Free text: empty until TAPI was initialised, then "opened" or "closed".
+  virtual std::string Tag() const = 0;
+  virtual void SetTag(const std::string& tag) = 0;
+
+  // Nobody listens when null. The listener outlives the control or is taken back.
+  virtual void SetEvents(TapiEvents* events) = 0;
+};
+
+}  // namespace orvane
