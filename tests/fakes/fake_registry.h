@@ -1,0 +1,62 @@
+#pragma once
+
+#include <algorithm>
+#include <cctype>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/errors.h"
+#include "platform/host_registry.h"
+
+namespace orvane {
+
+// The registry of one machine in memory; several helper objects may be bound to it.
+struct FakeRegistryStore {
+  // Lower-case "root key\sub-key\name" to value.
+  std::map<std::string, std::string> values;
+  bool denyReads = false;
+  bool denyWrites = false;
+};
+
+class FakeRegistry : public HostRegistry {
+ public:
+  explicit FakeRegistry(std::shared_ptr<FakeRegistryStore> store) : store_(std::move(store)) {}
+
+  void SetApplicationName(std::string_view name) override { applicationName = name; }
+  void SetRootKey(std::uint32_t root) override { rootKey = root; }
+  void SetKeyPath(std::string_view path) override { keyPath = path; }
+
+  std::string Read(std::string_view subKey, std::string_view name,
+                   std::string_view fallback) override {
+    if (store_->denyReads) throw RegistryError(5, "Zugriff verweigert");
+    const auto found = store_->values.find(Key(subKey, name));
+    return found == store_->values.end() ? std::string(fallback) : found->second;
+  }
+
+  void Write(std::string_view subKey, std::string_view name, std::string_view value) override {
+    if (store_->denyWrites) throw RegistryError(5, "Zugriff verweigert");
+    store_->values[Key(subKey, name)] = value;
+  }
+
+  std::string applicationName;
+  std::uint32_t rootKey = 0;
+  std::string keyPath;
+
+ private:
+  std::string Key(std::string_view subKey, std::string_view name) const {
+    std::string key = std::to_string(rootKey) + "\\" + keyPath + "\\" + std::string(subKey) + "\\" +
+                      std::string(name);
+    std::transform(key.begin(), key.end(), key.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return key;
+  }
+
+  std::shared_ptr<FakeRegistryStore> store_;
+};
+
+inline RegistryFactory FakeRegistryFactory(std::shared_ptr<FakeRegistryStore> store) {
+  return [store] { return std::make_unique<FakeRegistry>(store); };
+}
+
+}  // namespace orvane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/errors.h"
+#include "platform/tapi_control.h"
+
+namespace orvane {
+
+// Telephone lines in memory; records what was asked of them.
+class FakeTapi : public TapiControl {
+ public:
+  void Initialise() override {
+    tag_ = "closed";
+    log.emplace_back("init");
+  }
+  int LineCount() override { return static_cast<int>(lineNames.size()); }
+  std::string LineName(int line) override { return lineNames.at(static_cast<std::size_t>(line)); }
+  void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
+                std::int16_t options) override {
+    log.push_back("open " + std::to_string(line) + " " + std::to_string(privileges) + " " +
+                  std::to_string(mediaModes) + " " + std::to_string(options));
+    tag_ = "opened";
+  }
+  void CloseLine(std::int32_t line) override { log.push_back("close " + std::to_string(line)); }
+  void MakeCall(std::int32_t& line, std::string& dialString, std::int16_t /*options*/) override {
+    log.push_back("call " + std::to_string(line) + " " + dialString);
+  }
+  void DropCall(std::int32_t& line, std::int32_t& callHandle) override {
+    log.push_back("drop " + std::to_string(line) + " " + std::to_string(callHandle));
+  }
+  void ShutDown() override { log.emplace_back("shutdown"); }
+  std::string Tag() const override { return tag_; }
+  void SetTag(const std::string& tag) override { tag_ = tag; }
+  void SetEvents(TapiEvents* listener) override { events = listener; }
+
+  std::vector<std::string> lineNames;
+  std::vector<std::string> log;
+  TapiEvents* events = nullptr;
+
+ private:
+  std::string tag_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "platform/clock.h"
+
+namespace orvane {
+
+class FixedClock : public Clock {
+ public:
+  LocalTime Now() const override { return now; }
+  LocalTime now{2024, 4, 3, 9, 5, 7, 0};
+};
+
+// German times and weekdays, whatever the machine's locale.
+class GermanFormat : public LocaleFormat {
+ public:
+  std::string Time(const LocalTime& time) const override {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%02d:%02d:%02d", time.hour % 24, time.minute % 60,
+                  time.second % 60);
+    return text.data();
+  }
+  std::string WeekdayName(int isoWeekday) const override {
+    static constexpr std::array kNames{"Montag",  "Dienstag", "Mittwoch", "Donnerstag",
+                                       "Freitag", "Samstag",  "Sonntag"};
+    return kNames.at(static_cast<std::size_t>(isoWeekday - 1));
+  }
+};
+
+}  // namespace orvane
