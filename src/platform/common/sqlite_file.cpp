@@ -206,13 +206,15 @@ void SqliteFile::CheckSchema() {
 
 void SqliteFile::PrepareWriting() {
   if (sqlite3_db_readonly(database_.get(), "main") != 0) ThrowFailure(SQLITE_READONLY);
-  Command("PRAGMA journal_mode=TRUNCATE");
+  // The rollback journal exists only while a statement writes, so a copy of the file taken at any
+  // other time is whole; EXTRA makes its removal, and with it the row, survive a power cut.
+  Command("PRAGMA journal_mode=DELETE");
   // The trial is rolled back, so nothing of it has to reach the disk.
   Command("PRAGMA synchronous=OFF");
   Command("BEGIN IMMEDIATE");
   Command("PRAGMA user_version=1");
   Command("ROLLBACK");
-  Command("PRAGMA synchronous=FULL");
+  Command("PRAGMA synchronous=EXTRA");
 }
 
 void SqliteFile::RestrictStatements() {
