@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "../tools/scramble_setting.h"
+#include "scramble_setting.h"
 #include "app/unscramble_setting.h"
 #include "fakes/program_fixture.h"
 

@@ -42,8 +42,8 @@ class TelListTest : public ProgramFixture {
   // All rows as text, each field followed by "|", null as "-".
   std::vector<std::string> Rows(const std::string& sql) {
     const auto connection = sqlite.NewConnection();
-    connection->SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" +
-                                    state.host.userPath + kJournalFile);
+    connection->SetConnectionString(
+        "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + state.host.userPath + kJournalFile);
     connection->Open();
     const auto rows = connection->Execute(sql);
     std::vector<std::string> result;

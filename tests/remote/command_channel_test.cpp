@@ -206,7 +206,9 @@ TEST_F(CommandChannelTest, SendersFindTheirPeerByCaption) {
     EXPECT_EQ(got.size(), test.dialer ? 1U : 0U);
     EXPECT_EQ(fronts, test.dialer ? 1 : 0);
     SendToHost(sender, 17, "TAPI_ReInit~Büro");
-    if (test.tray) EXPECT_EQ(got, std::vector<std::string>{"TX:17~TAPI_ReInit~Büro"});
+    if (test.tray) {
+      EXPECT_EQ(got.back(), "TX:17~TAPI_ReInit~Büro");
+    }
     EXPECT_EQ(got.size(), test.dialer || test.tray ? 1U : 0U);
     EXPECT_EQ(fronts, test.dialer ? 1 : 0);
   }
