@@ -18,6 +18,7 @@ void SetCommandColours(Palette& palette) {
   palette.hangUpHover = QColor(0xb6, 0x38, 0x32);
   palette.hangUpPressed = QColor(0x9d, 0x2f, 0x2a);
   palette.onCommand = QColor::fromRgb(kWhite);
+  palette.logo = QColor(0x7f, 0xd1, 0xa8);
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ struct Palette {
   // Markers: drawn shapes without text.
   QColor internalMarker;
   QColor externalMarker;
+  QColor logo;
   QColor dial;
   QColor dialHover;
   QColor dialPressed;
