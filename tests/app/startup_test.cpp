@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "scramble_setting.h"
 #include "app/unscramble_setting.h"
 #include "fakes/program_fixture.h"
+#include "scramble_setting.h"
 
 namespace orvane {
 namespace {

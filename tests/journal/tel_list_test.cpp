@@ -66,7 +66,8 @@ class TelListTest : public ProgramFixture {
   }
 };
 
-constexpr const char* kAll = "SELECT ID,Ext,Firma,Ort,Person,Nr,AdrID,DUID,Dauer FROM o";
+constexpr const char* kAll =
+    "SELECT ID,Ext,Firma,Ort,Person,Nr,AdrID,DUID,Dauer FROM o ORDER BY ID";
 
 TEST_F(TelListTest, ConcatenatesTheStatements) {
   Insert({});
@@ -135,7 +136,7 @@ TEST_F(TelListTest, AnApostropheKeepsTheCallOutWithoutAMessage) {
 TEST_F(TelListTest, KeepsTheNewest600OfEachDirection) {
   Insert({.kind = "3"});
   for (int i = 0; i < 602; ++i) Insert({});
-  const auto rows = Rows("SELECT ID FROM o");
+  const auto rows = Rows("SELECT ID FROM o ORDER BY ID");
   EXPECT_EQ(rows.size(), 600U);
   EXPECT_EQ(rows.front(), "3|");
   EXPECT_EQ(rows.back(), "602|");
@@ -153,7 +154,7 @@ TEST_F(TelListTest, CompletesTheRowsThatBeganAtThatTime) {
   Complete("04/03/2024 09:05:09", "04/03/2024 10:00:00", "nie");
   EXPECT_TRUE(Rows("SELECT ID FROM o WHERE Dauer='nie'").empty());
   Complete("04/03/2024 09:05:08", "04/03/2024 10:00:00", "3 Min. 5 Sek. ");
-  EXPECT_EQ(Rows("SELECT ID,Dauer FROM o WHERE Zeit=#04/03/2024 10:00:00#"),
+  EXPECT_EQ(Rows("SELECT ID,Dauer FROM o WHERE Zeit=#04/03/2024 10:00:00# ORDER BY ID"),
             (std::vector<std::string>{"2|3 Min. 5 Sek.|", "3|3 Min. 5 Sek.|"}));
 }
 

@@ -20,9 +20,7 @@ class CommandChannelTest : public ProgramFixture {
   ~CommandChannelTest() override { commands.UnhookWindow(); }
 
   // As another program of the session does it.
-  bool Receive(const CopyData& data) {
-    return sender.SendCopyData(sender.Windows().front(), data);
-  }
+  bool Receive(const CopyData& data) { return sender.SendCopyData(sender.Windows().front(), data); }
   bool Receive(const std::string& text) { return Receive(MakeCopyData(text)); }
 
   FakeChannel sender{desktop};
