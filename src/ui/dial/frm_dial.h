@@ -26,7 +26,7 @@ namespace orvane {
 
 // The dial window: a frameless pad beside the host application. What the user does goes through the
 // work queue, so that it cannot overtake a procedure that is still busy.
-class frmDial : public QWidget, public SettingsPanel, public DialPanel, public RemotePanel {
+class frmDial final : public QWidget, public SettingsPanel, public DialPanel, public RemotePanel {
  public:
   using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
 
