@@ -166,8 +166,9 @@ TEST_P(DatabaseContract, FiltersAsTheCallListDoes) {
     const std::string ext = id % 2 == 0 ? "-1" : "0";
     const std::string number = id % 3 == 0 ? "NULL" : "'030" + std::to_string(id) + "'";
     const std::string day = std::to_string(100 + id).substr(1);
-    journal->Execute("INSERT INTO i (ID,Ext,Zeit,Nr) VALUES (" + std::to_string(id) + "," + ext +
-                     ",#01/" + day + "/2024 08:00:00#," + number + ")");
+    std::string insert = "INSERT INTO i (ID,Ext,Zeit,Nr) VALUES (" + std::to_string(id);
+    insert.append(",").append(ext).append(",#01/").append(day);
+    journal->Execute(insert.append("/2024 08:00:00#,").append(number).append(")"));
   }
   struct Case {
     const char* query;

@@ -13,6 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::size_t kPageBytes = 4096;
 constexpr const char* kCompactSource = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=";
 
 std::string ForFile(const fs::path& file) {
@@ -45,7 +46,7 @@ TEST_F(SqliteDurability, AFullDiskLosesNothingThatWasWritten) {
   std::string last;
   {
     ChildProcess child([this](const ChildProcess::Say& say) {
-      LimitFileSize(100'000);
+      LimitFileSize(60'000);
       const auto connection = OpenFile(journal_);
       int id = 1;
       try {
@@ -61,7 +62,7 @@ TEST_F(SqliteDurability, AFullDiskLosesNothingThatWasWritten) {
     last = child.Line();
     EXPECT_EQ(child.Line(), last);
   }
-  ASSERT_GT(std::stoi(last), 100);
+  ASSERT_GT(std::stoi(last), 50);
   RawSqlite raw(journal_);
   EXPECT_EQ(raw.Run("PRAGMA integrity_check"), "ok ");
   EXPECT_EQ(raw.Run("SELECT count(*) FROM o WHERE ID BETWEEN 1 AND " + last), last + " ");
@@ -70,7 +71,7 @@ TEST_F(SqliteDurability, AFullDiskLosesNothingThatWasWritten) {
 
 TEST_F(SqliteDurability, AKilledWriterLeavesTheFileWhole) {
   int written = 0;
-  for (int round = 1; round <= 12; ++round) {
+  for (int round = 1; round <= 6; ++round) {
     ChildProcess writer([this, written](const ChildProcess::Say& say) {
       for (int id = written + 1;; ++id) {
         const auto connection = OpenFile(journal_);
@@ -97,7 +98,7 @@ TEST_F(SqliteDurability, AKilledWriterLeavesTheFileWhole) {
 TEST_F(SqliteDurability, ReportsDamageInsideTheFile) {
   Fill(600);
   const std::string whole = ReadFile(journal_);
-  std::string damaged = whole.substr(0, 3 * 4096);
+  std::string damaged = whole.substr(0, 3 * kPageBytes);
   damaged.append(whole.size() - damaged.size(), '\xAA');
   folder_.Write("TelList.fdb", damaged);
   const auto connection = OpenFile(journal_, DbMode::kUnknown);
@@ -131,7 +132,7 @@ TEST_F(SqliteDurability, AFailedCompactionLeavesNothingBehind) {
   folder_.Write("taken", "mine");
   folder_.Write("noise", std::string(5000, 'n'));
   std::string damaged = before;
-  damaged.replace(20 * 4096, 8 * 4096, 8 * 4096, '\xAA');
+  damaged.replace(20 * kPageBytes, 8 * kPageBytes, 8 * kPageBytes, '\xAA');
   folder_.Write("damaged", damaged);
   struct Case {
     std::string source;
