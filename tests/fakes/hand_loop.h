@@ -22,9 +22,11 @@ class HandLoop : public EventLoop {
   }
 
   void RunPendingOnce() override {
-    std::list<Task> batch;
-    batch.swap(*posted_);
-    for (Task& task : batch) task();
+    for (auto left = posted_->size(); left > 0 && !posted_->empty(); --left) {
+      const Task task = std::move(posted_->front());
+      posted_->pop_front();
+      task();
+    }
   }
 
   void Quit() override { quit = true; }

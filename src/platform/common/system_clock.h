@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/clock.h"
+
+namespace orvane {
+
+// The machine's clock in its local time.
+class SystemClock : public Clock {
+ public:
+  LocalTime Now() const override;
+};
+
+}  // namespace orvane
