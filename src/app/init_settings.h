@@ -21,10 +21,13 @@ enum class SpeedDialKind { kInternal = 1, kExternal = 2 };
 // The display text of one speed-dial entry; the name goes in as it is.
 std::string SpeedDialItemMarkup(std::string_view name, SpeedDialKind kind);
 
-// One INI value as UTF-8; the fallback when it does not exist. A failing system call shows a message
-// box and gives an empty text.
+// One INI value as UTF-8; the fallback when it does not exist. A failing system call shows a
+// message box and gives an empty text.
 std::string ReadIniValue(Services& services, std::string_view section, std::string_view key,
                          std::string_view file, std::string_view fallback);
+
+// Whether the line control has been initialised and not closed since.
+bool TapiInitialised(const TapiControl& tapi);
 
 // Reads all settings from the host's registry key, "Global.ini" and the user's speed-dial file into
 // the program's state, opens the configured telephone line and prepares the window. May run any

@@ -24,6 +24,7 @@ class WorkQueue {
   void Clear() { waiting_.clear(); }
 
  private:
+  void RunWaiting();
   void RunOne(const Task& task);
 
   bool busy_ = false;

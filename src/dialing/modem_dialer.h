@@ -38,7 +38,7 @@ class ModemDialer {
   void Dial(const std::string& number);
   void HangUp();
   bool Probe();
-  void ReportProbeFailure(const SerialError& error);
+  void ReportFailure(const SerialError& error);
   void AwaitReply(const std::string& number);
   void OnReceived();
   void SendDialCommand();

@@ -8,8 +8,8 @@
 namespace orvane {
 
 // The German duration text between two date-times (days since 1899-12-30), for example
-// "1 Min. 5 Sek. "; every piece ends with a blank. A year counts 365 days, a month 30. Empty below
-// half a second and for an end before the start.
+// "1 Min. 5 Sek. "; every piece ends with a blank. A year counts 365 days, a month 30. Rounded
+// to whole seconds; empty for none and for an end before the start.
 std::string FormatDuration(double start, double end);
 
 // Writes the start and the end of outgoing calls into the journal.

@@ -19,7 +19,8 @@ class RemotePanel {
   // Loads the settings again, for another user.
   virtual void ReloadSettings() = 0;
 
-  // Whether `txtNr` takes a number. The number field's own state: true while the window is disabled.
+  // Whether `txtNr` takes a number. The number field's own state: true while the window is
+  // disabled.
   virtual bool NumberEnabled() const = 0;
   virtual void SetNumberText(const std::string& text) = 0;
   virtual std::string NumberText() const = 0;

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# Installs the Debian 12 packages that this project needs, and only those that are missing.
+#
+#   scripts/install-packages.sh [build] [run] [lint] [bench]
+#
+# Without arguments: build and run. Says nothing when there is nothing to do.
+set -euo pipefail
+
+packages_build=(cmake ninja-build g++ ccache pkg-config qt6-base-dev qt6-serialport-dev
+  libsqlite3-dev libgtest-dev)
+# A display without a screen, a window manager, real clicks, screenshots, and the accessibility tree
+# by which the scripted call finds the dial window's controls.
+packages_run=(xvfb openbox xdotool imagemagick x11-utils fonts-noto-core
+  dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3 python3-gi)
+packages_lint=(clang-format clang-tidy)
+packages_bench=(libbenchmark-dev)
+
+wanted=()
+for group in "${@:-build run}"; do
+  for name in $group; do
+    case "$name" in
+      build) wanted+=("${packages_build[@]}") ;;
+      run) wanted+=("${packages_run[@]}") ;;
+      lint) wanted+=("${packages_lint[@]}") ;;
+      bench) wanted+=("${packages_bench[@]}") ;;
+      *) echo "install-packages.sh: unknown group '$name' (build, run, lint, bench)" >&2; exit 2 ;;
+    esac
+  done
+done
+
+# dpkg-query fails when it does not know one of the names; it still lists the others.
+installed() {
+  { dpkg-query -W -f='${db:Status-Status} ${Package}\n' "${wanted[@]}" 2>/dev/null || true; } |
+    sed -n 's/^installed //p'
+}
+
+missing=()
+have=" $(installed | tr '\n' ' ') "
+for package in "${wanted[@]}"; do
+  [[ "$have" == *" $package "* ]] || missing+=("$package")
+done
+[[ ${#missing[@]} -eq 0 ]] && exit 0
+
+as_root=()
+if [[ $EUID -ne 0 ]]; then
+  if ! command -v sudo >/dev/null; then
+    echo "Missing packages, and neither root nor sudo to install them: ${missing[*]}" >&2
+    exit 1
+  fi
+  as_root=(sudo)
+fi
+
+echo "Installing ${missing[*]}"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! { "${as_root[@]}" apt-get update -qq &&
+       "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+         apt-get install -y -qq --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+  tail -n 15 "$log" >&2
+  echo "These packages could not be installed: ${missing[*]}" >&2
+  exit 1
+fi

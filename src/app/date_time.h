@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/clock.h"
+
+namespace orvane {
+
+inline constexpr std::int64_t kSecondsPerDay = 86400;
+
+// "mm/dd/yyyy hh:nn:ss", whatever the user's locale.
+std::string TimeText(const LocalTime& time);
+
+// Days since 1899-12-30 with the time of day as fraction; fractions of a second are dropped.
+double ToDateTime(const LocalTime& time);
+
+// Seconds since midnight with fractions.
+double SecondsOfDay(const LocalTime& time);
+
+}  // namespace orvane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/host_helper.h"
+#include "app/program_state.h"
+#include "app/services.h"
+
+namespace orvane {
+
+enum class StartupOutcome { kRefused, kForwarded, kRunning };
+
+// What start-up hands over to, above this folder.
+struct StartupHooks {
+  std::function<void(const std::string&)> sendToRunningInstance;
+  std::function<void()> executeCommands;
+};
+
+// The command line from the words that the shell made of it, without the program's own name.
+std::string JoinCommandLine(const std::vector<std::string>& words);
+
+// Checks that the host started the program, hands over to an instance that already runs, finds the
+// host installation and runs the start arguments. `programFolder` is the program file's folder
+// without a separator at its end. Everything but kRunning means that the process shall end.
+StartupOutcome RunStartup(Services& services, ProgramState& state, HostHelper& firstHelper,
+                          HostHelper& secondHelper, const std::string& programFolder,
+                          const std::string& commandLine, const StartupHooks& hooks);
+
+}  // namespace orvane

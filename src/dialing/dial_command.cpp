@@ -1,0 +1,88 @@
+#include "dialing/dial_command.h"
+
+#include <exception>
+
+#include "app/text_tools.h"
+#include "dialing/number_preparation.h"
+
+namespace orvane {
+namespace {
+
+// A number of fewer characters is always internal.
+constexpr std::size_t kMinExternalCharacters = 4;
+constexpr std::uint8_t kTestModemPort = 1;
+
+void ChooseExtern(DialPanel& panel, const std::string& number) {
+  if (number.size() < kMinExternalCharacters) {
+    panel.SetExternTicked(false);
+  } else if (!panel.ExternVisible()) {
+    panel.SetExternTicked(true);
+  }
+}
+
+void RecordForRedial(HostRegistry* registry, const std::string& numberText) {
+  if (registry == nullptr) return;
+  try {
+    registry->Write("", "Wahlwdh", numberText);
+  } catch (const std::exception&) {
+    // A call is worth more than its redial entry.
+  }
+}
+
+}  // namespace
+
+void DialCommand::Click() {
+  call_.canonicalNumber.clear();
+  const std::string number = PrepareDialNumber(panel_.NumberText(), state_.settings.countryPrefix);
+  if (state_.host.userNumber == 0) return;
+  if (!panel_.SessionOn()) Prepare(number);
+  PlaceOrEnd();
+}
+
+void DialCommand::Prepare(const std::string& number) {
+  if (panel_.HistoryShown()) panel_.ToggleHistory();
+  panel_.ClearStatus();
+  ChooseExtern(panel_, number);
+  const DialSettings& settings = state_.settings;
+  if (panel_.ExternTicked()) {
+    dialString_ = Trim(settings.outsideLineExt);
+    call_.canonicalNumber = NormalizeNumber(panel_.NumberText(), settings.countryPrefix);
+  } else {
+    dialString_ = Trim(settings.outsideLineInt);
+  }
+  dialString_ += FilterChars(number, "0123456789*#", true);
+  RememberDigits(FilterChars(number, kDigits, true));
+  RecordForRedial(state_.host.registry.get(), panel_.NumberText());
+}
+
+void DialCommand::RememberDigits(const std::string& digits) {
+  // A number that the host handed in with its country prefix is remembered by the digits of the
+  // field; it is still the number of the contact that came with it.
+  const std::string fieldDigits = FilterChars(panel_.NumberText(), kDigits, true);
+  const bool unchanged = digits == call_.lastDialedDigits || fieldDigits == call_.lastDialedDigits;
+  call_.lastDialedDigits = digits;
+  if (unchanged) return;
+  call_.company.clear();
+  call_.place.clear();
+  call_.person.clear();
+  call_.addressKey = 0;
+  call_.personKey = 0;
+  panel_.SetContactLabel("");
+}
+
+void DialCommand::PlaceOrEnd() {
+  DialSettings& settings = state_.settings;
+  if (panel_.DevDialTicked()) {
+    settings.comPortNumber = kTestModemPort;
+    modem_.DialModem(dialString_);
+  } else if (settings.dialMethod == kDialMethodModem && settings.comPortNumber != 0) {
+    modem_.DialModem(dialString_);
+  } else {
+    services_.prompts.Beep();
+    panel_.AddStatus("Automatische Anwahl nicht möglich.");
+    panel_.AddStatus("Sie müssen zunächst unter Optionen");
+    panel_.AddStatus("die CTI-Telefonwahl konfigurieren.");
+  }
+}
+
+}  // namespace orvane

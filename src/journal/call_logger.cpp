@@ -1,0 +1,53 @@
+#include "journal/call_logger.h"
+
+#include <string>
+
+#include "app/date_time.h"
+#include "journal/contact_lookup.h"
+#include "journal/journal_compaction.h"
+#include "journal/tel_list.h"
+
+namespace orvane {
+
+void CallLogger::LogCall(bool isStart, bool isBusy) {
+  if (isStart) {
+    LogStart();
+  } else if (!call_.connectText.empty()) {
+    LogEnd(isBusy);
+  }
+  if (JournalIsLarge(state_)) CompactTelList(services_, state_);
+}
+
+void CallLogger::LogStart() {
+  call_.startText = TimeText(services_.clock.Now());
+  if (call_.company.empty()) {
+    if (!state_.databases.host) state_.databases.host = services_.databases.NewConnection();
+    if (display_.ExternTicked()) {
+      ResolveNumber(services_, state_, call_);
+    } else {
+      ResolveExtension(services_, state_, call_);
+    }
+    display_.SetContactLabel(call_.company + "\r\n" + call_.place + "\r\n\r\n" + call_.person);
+  }
+  std::string kind = display_.ExternTicked() ? "1" : "2";
+  TelList(services_, state_, kind, call_.startText, "0", "", call_.lastDialedDigits, call_.company,
+          call_.place, call_.person, call_.addressKey, call_.personKey);
+}
+
+void CallLogger::LogEnd(bool isBusy) {
+  std::string duration = "Besetzt";
+  if (!isBusy) {
+    const LocalTime now = services_.clock.Now();
+    duration = FormatDuration(call_.connectDateTime, ToDateTime(now));
+    display_.AddStatus("Getrennt um " + services_.locale.Time(now));
+    display_.AddStatus("Gesprächsdauer: " + duration);
+  }
+  std::string kind = "o";
+  TelList(services_, state_, kind, call_.startText, call_.connectText, duration,
+          call_.lastDialedDigits, call_.company, call_.place, call_.person, call_.addressKey,
+          call_.personKey);
+  call_.startText.clear();
+  call_.connectText.clear();
+}
+
+}  // namespace orvane

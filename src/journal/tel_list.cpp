@@ -1,0 +1,160 @@
+#include "journal/tel_list.h"
+
+#include <exception>
+#include <stdexcept>
+
+#include "app/text_tools.h"
+#include "journal/field_access.h"
+#include "journal/open_failure.h"
+#include "platform/errors.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::size_t kMaxCompanyCharacters = 99;
+constexpr std::size_t kMaxPlaceCharacters = 60;
+constexpr std::size_t kMaxPersonCharacters = 99;
+
+struct Call {
+  const std::string& startText;
+  const std::string& number;
+  std::string& company;
+  std::string& place;
+  std::string& person;
+  std::int32_t addressKey;
+  std::int32_t personKey;
+};
+
+// A statement whose failure is not told to anyone: the journal stays as it was.
+std::unique_ptr<Recordset> ExecuteQuietly(DatabaseConnection& journal, const std::string& sql) {
+  try {
+    return journal.Execute(sql);
+  } catch (const PlatformError&) {
+    return nullptr;
+  }
+}
+
+// The `Ext` value for an insert code, which becomes the letter of its table. Other kinds stay as
+// they are and have no value.
+std::string TakeExtFromKind(std::string& kind) {
+  struct Code {
+    const char* kind;
+    const char* table;
+    const char* ext;
+  };
+  static constexpr Code kCodes[] = {
+      {"1", "o", "-1"}, {"2", "o", "0"}, {"3", "i", "-1"}, {"4", "i", "0"}};
+  for (const Code& code : kCodes) {
+    if (kind != code.kind) continue;
+    kind = code.table;
+    return code.ext;
+  }
+  return {};
+}
+
+// Largest `ID` plus 1; 0 when it cannot be read, so that the trimming removes nothing.
+std::int64_t NextId(DatabaseConnection& journal, const std::string& table) {
+  const auto rows = ExecuteQuietly(journal, "SELECT Max(ID) FROM " + table);
+  if (!rows || rows->AtEnd()) return 0;
+  return IntegerOf(rows->Field(0)) + 1;
+}
+
+std::string Shortened(const std::string& text, std::size_t characters) {
+  return Trim(FirstCharacters(text, characters));
+}
+
+void Insert(DatabaseConnection& journal, const std::string& table, const std::string& ext,
+            const Call& call) {
+  std::string columns = "INSERT INTO " + table + " (ID,Ext,Zeit,Firma,Ort,Person";
+  std::string tail;
+  if (call.number.empty()) {
+    call.company = "<Keine Nummer>";
+    call.place.clear();
+  } else {
+    columns += ",Nr";
+    tail += ",'" + call.number + "'";
+    if (call.addressKey > 0) {
+      columns += ",AdrID";
+      tail += "," + std::to_string(call.addressKey);
+    }
+    if (call.person.empty()) call.person = "Unbekannt";
+    if (call.personKey > 0) {
+      columns += ",DUID";
+      tail += "," + std::to_string(call.personKey);
+    }
+  }
+  const std::int64_t id = NextId(journal, table);
+  ExecuteQuietly(journal, columns + ") VALUES (" + std::to_string(id) + "," + ext + ",#" +
+                              call.startText + "#,'" +
+                              Shortened(call.company, kMaxCompanyCharacters) + "','" +
+                              Shortened(call.place, kMaxPlaceCharacters) + "','" +
+                              Shortened(call.person, kMaxPersonCharacters) + "'" + tail + ")");
+  ExecuteQuietly(journal,
+                 "DELETE FROM " + table + " WHERE ID<" + std::to_string(id - (kJournalRows - 1)));
+}
+
+void Update(DatabaseConnection& journal, const std::string& table, const std::string& startText,
+            const std::string& newTimeText, const std::string& duration) {
+  ExecuteQuietly(journal, "UPDATE " + table + " Set Zeit=#" + newTimeText + "#, Dauer='" +
+                              Trim(duration) + "' WHERE Zeit=#" + startText + "#");
+}
+
+// False when the journal is not open; whatever stands in the way was told to the user.
+bool OpenForWriting(Services& services, ProgramState& state) {
+  try {
+    return ReopenTelDB(services, state);
+  } catch (const std::exception&) {
+    services.prompts.ShowMessage(PromptIcon::kExclamation,
+                                 "Telefondatenbank konnte nicht initialisiert werden.",
+                                 "Zugriffsfehler bei 'Perch: TelList'");
+    return false;
+  }
+}
+
+}  // namespace
+
+bool ReopenTelDB(Services& services, ProgramState& state) {
+  DatabaseState& databases = state.databases;
+  if (!databases.journal) throw std::logic_error("no journal connection");
+  DatabaseConnection& journal = *databases.journal;
+  try {
+    if (journal.IsOpen()) return true;
+    if (databases.journalConnectionString.empty()) {
+      journal.SetMode(DbMode::kWrite);
+      journal.SetCursorLocation(DbCursorLocation::kClient);
+      journal.SetProvider("Microsoft.Jet.OLEDB.4.0");
+      journal.SetProperty("Data Source", state.host.userPath + kJournalFile);
+      journal.SetProperty("Jet OLEDB:Database Password", kJournalPassword);
+      journal.SetProperty("Persist Security Info", "False");
+    } else {
+      journal.SetConnectionString(databases.journalConnectionString);
+    }
+    journal.Open();
+    databases.journalConnectionString = journal.ConnectionString();
+    return true;
+  } catch (const PlatformError& error) {
+    ShowOpenFailure(services.prompts, error, "ReopenTelDB",
+                    "Telefonliste konnte nicht initialisiert werden!");
+    return false;
+  }
+}
+
+void TelList(Services& services, ProgramState& state, std::string& kind,
+             const std::string& startText, const std::string& newTimeText,
+             const std::string& duration, const std::string& number, std::string& company,
+             std::string& place, std::string& person, std::int32_t addressKey,
+             std::int32_t personKey) {
+  const bool isUpdate = kind == "o" || kind == "i";
+  const std::string ext = TakeExtFromKind(kind);
+  if (!OpenForWriting(services, state)) return;
+  DatabaseConnection& journal = *state.databases.journal;
+  if (isUpdate) {
+    Update(journal, kind, startText, newTimeText, duration);
+  } else {
+    Insert(journal, kind, ext,
+           Call{startText, number, company, place, person, addressKey, personKey});
+  }
+  journal.Close();
+}
+
+}  // namespace orvane

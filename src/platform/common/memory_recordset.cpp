@@ -1,0 +1,32 @@
+#include "platform/common/memory_recordset.h"
+
+#include "platform/common/connection_properties.h"
+#include "platform/common/database_errors.h"
+
+namespace orvane {
+
+void MemoryRecordset::MoveNext() {
+  Current();
+  ++at_;
+}
+
+DbValue MemoryRecordset::Field(std::string_view name) const {
+  const Row& row = Current();
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (EqualsIgnoringCase(columns_[i], name)) return row[i];
+  }
+  ThrowNoSuchField();
+}
+
+DbValue MemoryRecordset::Field(int index) const {
+  const Row& row = Current();
+  if (index < 0 || static_cast<std::size_t>(index) >= row.size()) ThrowNoSuchField();
+  return row[static_cast<std::size_t>(index)];
+}
+
+const MemoryRecordset::Row& MemoryRecordset::Current() const {
+  if (AtEnd()) ThrowNoCurrentRow();
+  return rows_[at_];
+}
+
+}  // namespace orvane

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <functional>
+
+#include "platform/window_chrome.h"
+
+class QWidget;
+
+namespace orvane {
+
+// WindowChrome for a frameless top-level widget, with what Qt offers on every system.
+class QtWindowChrome : public QObject, public WindowChrome {
+ public:
+  // The widget outlives the chrome.
+  explicit QtWindowChrome(QWidget& window);
+
+  bool SetTopmost(int flag, bool noActivate) override;
+
+  // X11 has no shadow that a window could ask for: a desktop with a compositor draws one around
+  // every top-level window by itself, so nothing is left to do here.
+  void AddDropShadow() override {}
+
+  void SetRoundedRegion(int width, int height, int ellipse) override;
+  void Drag(std::function<void()> finished) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void FinishDrag();
+
+  QWidget& window_;
+  bool dragging_ = false;
+  QPoint grip_;
+  std::function<void()> finished_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,121 @@
+#include "ui/dial/frm_dial.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "platform/errors.h"
+#include "ui/dial/command_button.h"
+#include "ui/dial/widget_placement.h"
+#include "ui/logic/window_geometry.h"
+#include "ui/style/elided_label.h"
+#include "ui/style/glyph_icon.h"
+#include "ui/style/palette.h"
+
+namespace orvane {
+namespace {
+
+constexpr int kCornerPixels = 20;
+constexpr std::int32_t kErrorObjectNotSet = 91;
+
+}  // namespace
+
+frmDial::frmDial(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+                 const ChromeFactory& newChrome)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      services_(services),
+      state_(state),
+      call_(call),
+      queue_(queue),
+      logger_(services, state, call, *this),
+      modem_(services, state, call, queue, logger_, *this),
+      dial_(services, state, call, *this, modem_),
+      channel_(services, state, call, queue, *this),
+      c_(BuildDialControls(*this)),
+      chrome_(newChrome(*this)) {
+  setObjectName(QStringLiteral("frmDial"));
+  setWindowTitle(
+      QString::fromUtf8(kDialWindowCaption.data(), qsizetype(kDialWindowCaption.size())));
+  setWindowIcon(GlyphIcon(Glyph::kLogo, &Palette::dial));
+  SetDialButtonIdle(true);
+  ConnectCommands();
+  WatchControls();
+  ShowDestination();
+}
+
+frmDial::~frmDial() {
+  if (IsLoaded()) channel_.UnhookWindow();
+}
+
+HostRegistry& frmDial::Registry() {
+  if (!state_.host.registry) {
+    throw RegistryError(kErrorObjectNotSet, "Objektvariable nicht festgelegt");
+  }
+  return *state_.host.registry;
+}
+
+// The form sees keys before its controls, and presses on its free areas move it.
+void frmDial::WatchControls() {
+  installEventFilter(this);
+  for (QWidget* control : findChildren<QWidget*>()) control->installEventFilter(this);
+  dragAreas_ = {c_.panBase, c_.lblHead, c_.lblAdr, c_.lstCallProgress,
+                c_.lstCallProgress->viewport()};
+  dragAreas_.insert(c_.lblBase.begin(), c_.lblBase.end());
+}
+
+bool frmDial::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress: {
+      const QWidget* receiver = focusWidget() != nullptr ? focusWidget() : this;
+      return watched == receiver && OnKeyDown(*static_cast<QKeyEvent*>(event));
+    }
+    case QEvent::KeyRelease:
+      if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) ReleaseKeypad();
+      return false;
+    case QEvent::MouseButtonPress:
+      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton &&
+          dragAreas_.contains(watched)) {
+        chrome_->Drag([this] { KeepCompactViewOnScreen(); });
+        return true;
+      }
+      return false;
+    default:
+      return false;
+  }
+}
+
+void frmDial::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange) return;
+  if (isActiveWindow()) {
+    c_.txtNr->setFocus();
+  } else {
+    ReleaseKeypad();
+  }
+}
+
+void frmDial::closeEvent(QCloseEvent* event) {
+  queue_.Submit([this] { Unload(); });
+  event->setAccepted(stage_ != Stage::kLoaded);
+}
+
+void frmDial::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), CurrentPalette().frame);
+}
+
+void frmDial::ApplyWindowShape() {
+  chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
+}
+
+void frmDial::KeepCompactViewOnScreen() {
+  WidgetPlacement window(*this);
+  if (window.Size().height >= kCompactHeightLimitTwips) return;
+  window.MoveTo(KeepOnScreen(window.Position(), window.Size(), window.ScreenSize()));
+}
+
+}  // namespace orvane

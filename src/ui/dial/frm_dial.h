@@ -1,0 +1,141 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+
+#include "app/program_state.h"
+#include "app/services.h"
+#include "app/settings_panel.h"
+#include "app/work_queue.h"
+#include "dialing/dial_command.h"
+#include "dialing/dial_panel.h"
+#include "dialing/modem_dialer.h"
+#include "journal/call_logger.h"
+#include "journal/current_call.h"
+#include "platform/database.h"
+#include "platform/window_chrome.h"
+#include "remote/command_channel.h"
+#include "remote/remote_panel.h"
+#include "ui/dial/dial_controls.h"
+
+namespace orvane {
+
+// The dial window: a frameless pad beside the host application. What the user does goes through the
+// work queue, so that it cannot overtake a procedure that is still busy.
+class frmDial : public QWidget, public SettingsPanel, public DialPanel, public RemotePanel {
+ public:
+  using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
+
+  // Everything referred to outlives the window. Builds the controls; Load does the rest.
+  frmDial(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+          const ChromeFactory& newChrome);
+  ~frmDial() override;
+  frmDial(const frmDial&) = delete;
+  frmDial& operator=(const frmDial&) = delete;
+
+  CommandChannel& Channel() { return channel_; }
+
+  // SettingsPanel
+  void SetExternVisible(bool visible) override;
+  void ResetSpeedDial() override;
+  void AddSpeedDialEntry(const std::string& text) override;
+  void SetSpeedDialNumbers(const std::string& numbers) override;
+  void SetSpeedDialSelectable(bool selectable) override;
+  void SetSpeedDialToolTip(const std::string& text) override;
+  void SetDialMethodStatus(const std::string& headline, const std::string& detail) override;
+
+  // DialPanel
+  void AddStatus(const std::string& text) override;
+  bool ExternTicked() const override;
+  void SetContactLabel(const std::string& text) override;
+  std::string NumberText() const override;
+  void ClearStatus() override;
+  void SetDialButtonIdle(bool idle) override;
+  bool SessionOn() const override;
+  bool ExternVisible() const override;
+  void SetExternTicked(bool ticked) override;
+  bool DevDialTicked() const override;
+  bool HistoryShown() const override;
+  void ToggleHistory() override;
+
+  // RemotePanel
+  bool IsLoaded() const override { return stage_ == Stage::kLoaded; }
+  void Load() override;
+  void Show() override;
+  void Unload() override;
+  void ReloadSettings() override;
+  bool NumberEnabled() const override;
+  void SetNumberText(const std::string& text) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  enum class Stage { kBuilt, kLoaded, kClosed };
+
+  void ConnectCommands();
+  void WatchControls();
+
+  // Form load, step by step.
+  void ReadDeveloperFlag();
+  void PlaceWindow();
+  void PrepareAreaCodes();
+  void SetUpChrome();
+  void OfferClipboard();
+
+  // Closing, step by step.
+  void ReleaseDatabases();
+  void ShutDownTapi();
+
+  void ApplyWindowShape();
+  void KeepCompactViewOnScreen();
+
+  void OnNumberChanged();
+  void ShowDestination();
+  void OnDial();
+  void OnClear();
+  void OnGetClipboard();
+  void OnRedial();
+  void OnKeypad(std::size_t key);
+  void OnSpeedDial(int index);
+  void OnOptions();
+  void RefuseDuringSession(const std::string& text);
+  void ShowSpeedDialKind(int index);
+
+  bool OnKeyDown(const QKeyEvent& event);
+  bool OnEnter(QWidget* focus);
+  void OnTypedKey(char character, int keypadButton);
+  void RemoveLastCharacter();
+  void ReleaseKeypad();
+
+  HostRegistry& Registry();
+
+  Services& services_;
+  ProgramState& state_;
+  CurrentCall& call_;
+  WorkQueue& queue_;
+
+  CallLogger logger_;
+  ModemDialer modem_;
+  DialCommand dial_;
+  CommandChannel channel_;
+
+  DialControls c_;
+  std::set<const QObject*> dragAreas_;
+  std::unique_ptr<WindowChrome> chrome_;
+
+  Stage stage_ = Stage::kBuilt;
+  std::unique_ptr<DatabaseConnection> areaCodes_;
+  // 0 when there is no call.
+  std::int32_t tapiCallHandle_ = 0;
+  bool speedDialSelectable_ = false;
+};
+
+}  // namespace orvane

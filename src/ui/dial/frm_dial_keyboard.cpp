@@ -1,0 +1,69 @@
+// Typing while the focus is not in the number field.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include "ui/dial/command_button.h"
+#include "ui/dial/frm_dial.h"
+#include "ui/dial/virtual_key.h"
+#include "ui/logic/keyboard_table.h"
+#include "ui/style/drop_down.h"
+
+namespace orvane {
+
+// True when the key was the form's; the control with the focus then does not see it.
+bool frmDial::OnKeyDown(const QKeyEvent& event) {
+  if (!NumberEnabled()) return false;
+  const int key = VirtualKeyOf(event);
+  if (key == kKeyEnter) return OnEnter(focusWidget());
+  if (focusWidget() == c_.txtNr) return false;
+  const KeyAction action = KeyActionFor(key);
+  switch (action.kind) {
+    case KeyAction::Kind::kNone:
+      return false;
+    case KeyAction::Kind::kAppend:
+      queue_.Submit([this, action] { OnTypedKey(action.character, action.keypadButton); });
+      return true;
+    case KeyAction::Kind::kRemoveLast:
+      queue_.Submit([this] { RemoveLastCharacter(); });
+      return true;
+  }
+  return false;
+}
+
+// Enter dials from the number field. Elsewhere it presses the control, because the space bar, which
+// would do that, is a character of the number.
+bool frmDial::OnEnter(QWidget* focus) {
+  if (focus == c_.txtNr) {
+    c_.cmdDial[0]->click();
+  } else if (auto* button = qobject_cast<QAbstractButton*>(focus)) {
+    button->click();
+  } else if (focus == c_.cboNr) {
+    c_.cboNr->showPopup();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void frmDial::OnTypedKey(char character, int keypadButton) {
+  SetNumberText(NumberText() + character);
+  if (keypadButton != kNoKeypadButton) {
+    c_.cmdNr[static_cast<std::size_t>(keypadButton)]->setChecked(true);
+  }
+  c_.tabDisplay->setFocus();
+}
+
+void frmDial::RemoveLastCharacter() {
+  std::string number = NumberText();
+  if (number.empty()) return;
+  number.pop_back();
+  SetNumberText(number);
+}
+
+void frmDial::ReleaseKeypad() {
+  for (CommandButton* button : c_.cmdNr) button->setChecked(false);
+}
+
+}  // namespace orvane

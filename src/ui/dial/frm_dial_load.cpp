@@ -1,0 +1,133 @@
+// How the dial window comes up and how it goes.
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "app/init_settings.h"
+#include "app/number_text.h"
+#include "app/version.h"
+#include "ui/dial/attempt.h"
+#include "ui/dial/frm_dial.h"
+#include "ui/dial/widget_placement.h"
+#include "ui/logic/clipboard_offer.h"
+#include "ui/logic/window_settings.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::string_view kMakerKey = "SOFTWARE\\Nordel";
+constexpr std::string_view kDeveloperValue = "BriskoDev";
+constexpr int kTopmost = -1;
+
+}  // namespace
+
+void frmDial::Load() {
+  if (stage_ != Stage::kBuilt) return;
+  stage_ = Stage::kLoaded;
+  state_.host.dialWindowRunning = true;
+  c_.lblVer->setText(QString::fromStdString("Brisko v" + ProgramVersion()));
+  Attempt([this] { ReadDeveloperFlag(); });
+  Attempt([this] { PlaceWindow(); });
+  SetNumberText("");
+  InitSettings(services_, state_, *this);
+  Attempt([this] { PrepareAreaCodes(); });
+  Attempt([this] { SetUpChrome(); });
+  Attempt([this] { OfferClipboard(); });
+}
+
+void frmDial::ReadDeveloperFlag() {
+  const auto registry = services_.newRegistry();
+  registry->SetApplicationName("Nordel");
+  registry->SetRootKey(kRootCurrentUser);
+  registry->SetKeyPath(kMakerKey);
+  const std::string flag = registry->Read("", kDeveloperValue, "");
+  const bool developer = flag == "True" || LeadingNumber(flag) != 0;
+  c_.chkDevDial->setChecked(developer);
+  c_.chkDevDial->setVisible(developer);
+}
+
+void frmDial::PlaceWindow() {
+  WidgetPlacement window(*this);
+  bool restored = false;
+  Attempt([&] { restored = RestoreWindowPos(window, Registry(), kDialSection); });
+  if (!restored) window.MoveTo(FallbackPosition(window.Size(), window.ScreenSize()));
+}
+
+// Opened where it is used.
+void frmDial::PrepareAreaCodes() {
+  areaCodes_ = services_.databases.NewConnection();
+  areaCodes_->SetProvider("Microsoft.Jet.OLEDB.4.0");
+  areaCodes_->SetMode(DbMode::kRead);
+  areaCodes_->SetCursorLocation(DbCursorLocation::kClient);
+  areaCodes_->SetProperty("Data Source", state_.host.resPath + "VPB.rgt");
+  areaCodes_->SetProperty("Jet OLEDB:Database Password", "4rdxtz8w");
+  areaCodes_->SetProperty("Persist Security Info", "False");
+}
+
+void frmDial::SetUpChrome() {
+  ApplyWindowShape();
+  chrome_->AddDropShadow();
+  chrome_->SetTopmost(kTopmost, true);
+  channel_.HookWindow(winId(), windowTitle().toStdString());
+}
+
+void frmDial::OfferClipboard() {
+  if (!NumberText().empty()) return;
+  SetNumberText(NumberFromClipboard(QGuiApplication::clipboard()->text().toStdString()));
+}
+
+void frmDial::ReloadSettings() {
+  InitSettings(services_, state_, *this);
+  ShowDestination();
+}
+
+void frmDial::Show() {
+  Load();
+  if (stage_ != Stage::kLoaded) return;
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+  raise();
+  activateWindow();
+}
+
+void frmDial::Unload() {
+  if (stage_ != Stage::kLoaded) return;
+  stage_ = Stage::kClosed;
+  state_.host.dialWindowRunning = false;
+  Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry(), kDialSection); });
+  Attempt([this] { channel_.UnhookWindow(); });
+  modem_.Abandon();
+  Attempt([this] { services_.serial.SetPortOpen(false); });
+  ReleaseDatabases();
+  ShutDownTapi();
+  state_.host.userNumber = 0;
+  queue_.Clear();
+  hide();
+  services_.loop.Quit();
+}
+
+void frmDial::ReleaseDatabases() {
+  for (auto* connection : {&state_.databases.journal, &state_.databases.host}) {
+    Attempt([connection] {
+      if (*connection) (*connection)->Close();
+    });
+    connection->reset();
+  }
+  areaCodes_.reset();
+  state_.host.registry.reset();
+}
+
+void frmDial::ShutDownTapi() {
+  TapiControl& tapi = services_.tapi;
+  if (tapi.Tag().empty()) return;
+  std::int32_t& line = state_.settings.tapiLineId;
+  Attempt([&] {
+    if (tapiCallHandle_ >= 0) tapi.DropCall(line, tapiCallHandle_);
+  });
+  Attempt([&] { tapi.CloseLine(line); });
+  Attempt([&] { tapi.ShutDown(); });
+}
+
+}  // namespace orvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/host_registry.h"
+#include "ui/logic/window_geometry.h"
+
+namespace orvane {
+
+// The registry section of the dial window.
+inline constexpr std::string_view kDialSection = "Dial";
+
+// Window states by the numbers they are stored as.
+enum class WindowState : int { kNormal = 0, kMinimised = 1, kMaximised = 2 };
+
+// A window as far as its saved position is concerned.
+class PlacedWindow {
+ public:
+  virtual ~PlacedWindow() = default;
+  virtual WindowState State() const = 0;
+  virtual void SetState(WindowState state) = 0;
+  virtual TwipPoint Position() const = 0;
+  virtual void MoveTo(TwipPoint position) = 0;
+  virtual TwipSize Size() const = 0;
+  virtual TwipSize ScreenSize() const = 0;
+};
+
+// Writes position and size of a window in the normal state into the section; a window that is
+// minimised or maximised leaves what is stored. Throws RegistryError.
+void SaveWindowPos(const PlacedWindow& window, HostRegistry& registry, std::string_view section);
+
+// Applies the stored window state or position; the size stays as designed. False when nothing
+// usable is stored, and the caller has to place the window. Values that are no numbers count as not
+// stored.
+bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry, std::string_view section);
+
+}  // namespace orvane

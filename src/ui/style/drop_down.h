@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace orvane {
+
+// A combo box with the program's own arrow. The closed box shows the entry's text without its icon.
+class DropDown : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace orvane

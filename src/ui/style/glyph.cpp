@@ -1,0 +1,174 @@
+#include "ui/style/glyph.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <initializer_list>
+#include <numbers>
+#include <utility>
+
+namespace orvane {
+namespace {
+
+// All shapes are designed on a square of this side.
+constexpr qreal kDesignSide = 24;
+
+QPainterPath Stroked(const QPainterPath& line, qreal width) {
+  QPainterPathStroker stroker;
+  stroker.setWidth(width);
+  stroker.setCapStyle(Qt::RoundCap);
+  stroker.setJoinStyle(Qt::RoundJoin);
+  return stroker.createStroke(line);
+}
+
+QPainterPath Lines(std::initializer_list<std::initializer_list<QPointF>> strokes, qreal width) {
+  QPainterPath line;
+  for (const auto& stroke : strokes) {
+    line.moveTo(*stroke.begin());
+    for (const QPointF& point : stroke) line.lineTo(point);
+  }
+  return Stroked(line, width);
+}
+
+// Lying on its back, as it rests on the telephone.
+QPainterPath HandsetDown() {
+  QPainterPath grip;
+  grip.moveTo(4.5, 13.5);
+  grip.cubicTo(8, 9.2, 16, 9.2, 19.5, 13.5);
+  QPainterPathStroker stroker;
+  stroker.setWidth(4.6);
+  QPainterPath shape = stroker.createStroke(grip);
+  for (const auto& [centre, angle] : {std::pair{QPointF(4.6, 14.2), -38.0}, {{19.4, 14.2}, 38.0}}) {
+    QTransform place;
+    place.translate(centre.x(), centre.y());
+    place.rotate(angle);
+    QPainterPath shell;
+    shell.addRoundedRect(QRectF(-3, -2.4, 6, 6), 1.5, 1.5);
+    shape = shape.united(place.map(shell));
+  }
+  return shape;
+}
+
+QPainterPath Handset() {
+  QTransform lift;
+  lift.translate(12, 12);
+  lift.rotate(-135);
+  lift.translate(-12, -12.8);
+  return lift.map(HandsetDown());
+}
+
+QPainterPath Redial() {
+  constexpr QRectF circle(4.5, 4.5, 15, 15);
+  QPainterPath arc;
+  arc.arcMoveTo(circle, 40);
+  arc.arcTo(circle, 40, -300);
+  QPainterPath shape = Stroked(arc, 2);
+  // The arrow head stands where the arc begins.
+  QPainterPath head;
+  head.addPolygon(QPolygonF({{19.9, 3.2}, {19.9, 10.2}, {12.9, 10.2}}));
+  head.closeSubpath();
+  return shape.united(head);
+}
+
+QPainterPath Clipboard() {
+  QPainterPath board;
+  board.addRoundedRect(QRectF(5, 4.5, 14, 17), 2, 2);
+  QPainterPath clip;
+  clip.addRoundedRect(QRectF(8.5, 2.5, 7, 4.5), 1.2, 1.2);
+  return Stroked(board, 1.8)
+      .united(clip)
+      .united(Lines({{{8.5, 11.5}, {15.5, 11.5}}, {{8.5, 15}, {15.5, 15}}}, 1.6));
+}
+
+QPainterPath History() {
+  QPainterPath shape = Lines({{{9, 6}, {20, 6}}, {{9, 12}, {20, 12}}, {{9, 18}, {20, 18}}}, 2);
+  for (const qreal y : {6.0, 12.0, 18.0}) shape.addEllipse(QPointF(4.5, y), 1.5, 1.5);
+  return shape;
+}
+
+QPainterPath Gear() {
+  constexpr int kTeeth = 8;
+  QPolygonF rim;
+  for (int corner = 0; corner < kTeeth * 4; ++corner) {
+    // Four corners a tooth: two at its tip, two at its foot, the tip a little narrower.
+    constexpr std::array<qreal, 4> kAngles = {-0.28, 0.28, 0.42, 0.58};
+    const auto part = static_cast<std::size_t>(corner % 4);
+    const qreal turn = (corner / 4 + kAngles[part] * 0.92) / kTeeth;
+    const qreal radius = part < 2 ? 10.2 : 7.6;
+    const qreal angle = turn * 2 * std::numbers::pi;
+    rim << QPointF(12 + radius * std::sin(angle), 12 - radius * std::cos(angle));
+  }
+  QPainterPath shape;
+  shape.addPolygon(rim);
+  shape.closeSubpath();
+  QPainterPath hole;
+  hole.addEllipse(QPointF(12, 12), 3.3, 3.3);
+  return shape.subtracted(hole);
+}
+
+QPainterPath Logo() {
+  QPainterPath tile;
+  tile.addRoundedRect(QRectF(2, 2, 20, 20), 5, 5);
+  QTransform fit;
+  fit.translate(12, 12);
+  fit.scale(0.66, 0.66);
+  fit.translate(-12, -12);
+  return tile.subtracted(fit.map(Handset()));
+}
+
+QPainterPath Shape(Glyph glyph) {
+  switch (glyph) {
+    case Glyph::kHandset:
+      return Handset();
+    case Glyph::kHandsetDown:
+      return HandsetDown();
+    case Glyph::kClear:
+    case Glyph::kClose:
+      return Lines({{{6, 6}, {18, 18}}, {{18, 6}, {6, 18}}}, glyph == Glyph::kClose ? 2.4 : 2);
+    case Glyph::kRedial:
+      return Redial();
+    case Glyph::kClipboard:
+      return Clipboard();
+    case Glyph::kHistory:
+      return History();
+    case Glyph::kGear:
+      return Gear();
+    case Glyph::kLogo:
+      return Logo();
+    case Glyph::kInternal: {
+      QPainterPath dot;
+      dot.addEllipse(QPointF(12, 12), 5, 5);
+      return dot;
+    }
+    case Glyph::kExternal:
+      return Lines({{{6, 18}, {18, 6}}, {{9, 6}, {18, 6}, {18, 15}}}, 2.6);
+    case Glyph::kArrowDown: {
+      QPainterPath arrow;
+      arrow.addPolygon(QPolygonF({{5, 8}, {19, 8}, {12, 17}}));
+      arrow.closeSubpath();
+      return arrow;
+    }
+    case Glyph::kCheckMark:
+      return Lines({{{5, 12.5}, {10, 17.5}, {19, 7}}}, 3);
+  }
+  return {};
+}
+
+}  // namespace
+
+void PaintGlyph(QPainter& painter, Glyph glyph, const QRectF& bounds, const QColor& colour) {
+  const qreal side = std::min(bounds.width(), bounds.height());
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(bounds.center());
+  painter.scale(side / kDesignSide, side / kDesignSide);
+  painter.translate(-kDesignSide / 2, -kDesignSide / 2);
+  QPainterPath shape = Shape(glyph);
+  if (glyph != Glyph::kLogo && glyph != Glyph::kGear) shape.setFillRule(Qt::WindingFill);
+  painter.fillPath(shape, colour);
+  painter.restore();
+}
+
+}  // namespace orvane

@@ -1,0 +1,184 @@
+#include "ui/style/style_sheet.h"
+
+#include <QRegularExpression>
+#include <QStyle>
+#include <QVariant>
+#include <QWidget>
+#include <algorithm>
+#include <utility>
+
+namespace orvane {
+namespace {
+
+constexpr char kTemplate[] = R"(
+QWidget { color: @text; }
+QDialog, QMessageBox { background: @ground; }
+QToolTip { color: @text; background: @field; border: 1px solid @border; padding: 3px; }
+QMenu { background: @field; border: 1px solid @border; }
+QMenu::item { padding: 4px 22px; }
+QMenu::item:selected { background: @selection; }
+QMenu::item:disabled { color: @disabledText; }
+
+QFrame[role="title"] { background: @frame; border-top-left-radius: 9px;
+  border-top-right-radius: 9px; }
+QFrame[role="title"] QLabel { color: @onFrame; font-weight: bold; }
+QPushButton[role="titleButton"] { background: transparent; border: 1px solid transparent;
+  border-radius: 3px; padding: 0; }
+QPushButton[role="titleButton"]:hover { background: @frameHover; }
+QPushButton[role="titleButton"]:pressed { background: @hangUpPressed; }
+QPushButton[role="titleButton"]:focus { border: 1px solid @onFrame; }
+
+QFrame[role="body"] { background: @ground; border-bottom-left-radius: 9px;
+  border-bottom-right-radius: 9px; }
+QFrame[role="strip"] { background: @strip; }
+QFrame[role="card"] { background: @field; border: 1px solid @border; border-radius: 6px; }
+QFrame[role="card"]:focus { border: 2px solid @focus; }
+QLabel[role="heading"] { color: @heading; font-weight: bold; }
+QLabel[role="muted"] { color: @mutedText; }
+QLabel[role="ready"] { color: @good; font-size: @smallPx; }
+QLabel[role="problem"] { color: @problem; font-size: @smallPx; }
+
+QLineEdit { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
+  padding: 2px 6px; selection-color: @text; selection-background-color: @selection; }
+QLineEdit:focus { border: 2px solid @focus; padding: 1px 5px; }
+QLineEdit:disabled { color: @disabledText; background: @disabledField; }
+QLineEdit[role="number"] { font-size: @numberPx; }
+
+QPushButton { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
+  padding: 4px 14px; }
+QPushButton:hover { background: @fieldHover; }
+QPushButton:pressed, QPushButton:checked { background: @selection; border-color: @focus; }
+QPushButton:focus { border: 2px solid @focus; }
+QPushButton:disabled { color: @disabledText; background: @disabledField; }
+QPushButton[role="tool"] { padding: 0; }
+QPushButton[role="fieldButton"] { padding: 0; background: transparent;
+  border: 1px solid transparent; border-radius: 4px; }
+QPushButton[role="fieldButton"]:hover { background: @fieldHover; }
+QPushButton[role="fieldButton"]:pressed { background: @selection; }
+QPushButton[role="fieldButton"]:focus { border: 2px solid @focus; }
+QPushButton[role="key"] { padding: 0; font-size: @keyPx; }
+QPushButton[role="dial"], QPushButton[role="hangUp"] { color: @onCommand; padding: 0;
+  font-size: @commandPx; font-weight: bold; }
+QPushButton[role="dial"] { background: @dial; border: 1px solid @dial; }
+QPushButton[role="dial"]:hover { background: @dialHover; border-color: @dialHover; }
+QPushButton[role="dial"]:pressed { background: @dialPressed; border-color: @dialPressed; }
+QPushButton[role="hangUp"] { background: @hangUp; border: 1px solid @hangUp; }
+QPushButton[role="hangUp"]:hover { background: @hangUpHover; border-color: @hangUpHover; }
+QPushButton[role="hangUp"]:pressed { background: @hangUpPressed; border-color: @hangUpPressed; }
+QPushButton[role="dial"]:focus, QPushButton[role="hangUp"]:focus {
+  border: 2px solid @commandFocus; }
+QPushButton[role="dial"]:disabled, QPushButton[role="hangUp"]:disabled { color: @disabledText;
+  background: @disabledField; border: 1px solid @border; }
+
+QComboBox { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
+  padding: 2px 8px; }
+QComboBox:hover { background: @fieldHover; }
+QComboBox:focus, QComboBox:on { border: 2px solid @focus; padding: 1px 7px; }
+QComboBox:disabled { color: @disabledText; background: @disabledField; }
+QComboBox::drop-down { border: none; width: 22px; }
+QComboBox::down-arrow { image: none; }
+QComboBox QAbstractItemView { color: @text; background: @field; border: 1px solid @border;
+  selection-color: @text; selection-background-color: @selection; outline: none; }
+QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 4px; }
+QComboBox QAbstractItemView::item:disabled { color: @disabledText; }
+
+QCheckBox { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px; }
+QCheckBox:focus { border: 1px solid @focus; }
+QCheckBox:disabled { color: @disabledText; }
+QCheckBox::indicator { width: 13px; height: 13px; border: 1px solid @mutedText; border-radius: 3px;
+  background: @field; }
+QCheckBox::indicator:hover { border-color: @focus; }
+QCheckBox::indicator:checked { background: @frame; border-color: @frame; }
+QCheckBox::indicator:checked:hover { background: @frameHover; }
+QCheckBox::indicator:disabled { background: @disabledField; border-color: @border; }
+
+QFrame[role="log"] { background: @log; border-bottom-left-radius: 9px;
+  border-bottom-right-radius: 9px; }
+QFrame[role="logEdge"] { background: @externalMarker; }
+QLabel[role="version"] { color: @onLogMuted; font-size: @smallPx; }
+QListView[role="log"] { color: @onLog; background: transparent; border: 1px solid transparent;
+  border-radius: 4px; font-size: @smallPx; }
+QListView[role="log"]:focus { border: 1px solid @onLogMuted; }
+QListView[role="log"]::item { color: @onLog; }
+
+QScrollBar:vertical { background: transparent; width: 9px; margin: 0; }
+QScrollBar::handle:vertical { background: @mutedText; border-radius: 4px; min-height: 20px; }
+QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
+)";
+
+struct NamedColour {
+  const char* name;
+  QColor Palette::*colour;
+};
+
+constexpr NamedColour kColours[] = {
+    {"frame", &Palette::frame},
+    {"onFrame", &Palette::onFrame},
+    {"frameHover", &Palette::frameHover},
+    {"ground", &Palette::ground},
+    {"strip", &Palette::strip},
+    {"field", &Palette::field},
+    {"fieldHover", &Palette::fieldHover},
+    {"border", &Palette::border},
+    {"text", &Palette::text},
+    {"mutedText", &Palette::mutedText},
+    {"disabledText", &Palette::disabledText},
+    {"disabledField", &Palette::disabledField},
+    {"heading", &Palette::heading},
+    {"selection", &Palette::selection},
+    {"focus", &Palette::focus},
+    {"good", &Palette::good},
+    {"problem", &Palette::problem},
+    {"externalMarker", &Palette::externalMarker},
+    {"dial", &Palette::dial},
+    {"dialHover", &Palette::dialHover},
+    {"dialPressed", &Palette::dialPressed},
+    {"hangUp", &Palette::hangUp},
+    {"hangUpHover", &Palette::hangUpHover},
+    {"hangUpPressed", &Palette::hangUpPressed},
+    {"onCommand", &Palette::onCommand},
+    {"commandFocus", &Palette::commandFocus},
+    {"log", &Palette::log},
+    {"onLog", &Palette::onLog},
+    {"onLogMuted", &Palette::onLogMuted},
+};
+
+QString Pixels(int count) {
+  return QStringLiteral("%1px").arg(count);
+}
+
+QString ValueOf(const QString& name, const Palette& palette, int fontPixels) {
+  if (name == QLatin1String("smallPx")) return Pixels(std::max(fontPixels - 1, 9));
+  if (name == QLatin1String("keyPx")) return Pixels(fontPixels + 4);
+  if (name == QLatin1String("commandPx")) return Pixels(fontPixels + 2);
+  if (name == QLatin1String("numberPx")) return Pixels(fontPixels + 5);
+  for (const auto& [known, colour] : kColours) {
+    if (name == QLatin1String(known)) return (palette.*colour).name();
+  }
+  qFatal("style sheet: unknown name %s", qPrintable(name));
+  return {};
+}
+
+}  // namespace
+
+QString StyleSheet(const Palette& palette, int fontPixels) {
+  const QRegularExpression name(QStringLiteral("@([A-Za-z]+)"));
+  const QString text = QString::fromLatin1(kTemplate);
+  QString sheet;
+  qsizetype done = 0;
+  for (auto match = name.globalMatch(text); match.hasNext();) {
+    const auto found = match.next();
+    sheet += text.mid(done, found.capturedStart() - done);
+    sheet += ValueOf(found.captured(1), palette, fontPixels);
+    done = found.capturedEnd();
+  }
+  return sheet + text.mid(done);
+}
+
+void SetRole(QWidget& widget, const char* role) {
+  widget.setProperty("role", QString::fromLatin1(role));
+  widget.style()->unpolish(&widget);
+  widget.style()->polish(&widget);
+}
+
+}  // namespace orvane

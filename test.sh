@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs all tests.
+#
+#   ./test.sh [dev|sanitize]
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")"
+
+preset="${1:-dev}"
+scripts/install-packages.sh build run
+scripts/build.sh "$preset"
+ctest --preset "$preset" --parallel "$(nproc)"

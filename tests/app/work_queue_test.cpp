@@ -1,0 +1,55 @@
+#include "app/work_queue.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace orvane {
+namespace {
+
+TEST(WorkQueueTest, NothingOvertakesTheTaskInProgress) {
+  WorkQueue queue;
+  std::string order;
+  queue.Submit([&] {
+    order += "a(";
+    queue.Submit([&] {
+      order += "b";
+      queue.Submit([&] { order += "d"; });
+      throw std::runtime_error("ends this task only");
+    });
+    queue.Submit([&] { order += "c"; });
+    order += ")";
+  });
+  EXPECT_EQ(order, "a()bcd");
+  EXPECT_FALSE(queue.Busy());
+}
+
+TEST(WorkQueueTest, AYieldLetsWaitingAndNewTasksRunInsideIt) {
+  WorkQueue queue;
+  std::string order;
+  queue.Submit([&] {
+    queue.Submit([&] { order += "1"; });
+    queue.Yield([&] {
+      order += "<";
+      queue.Submit([&] { order += "2"; });
+      order += ">";
+    });
+    queue.Submit([&] { order += "3"; });
+    order += "end";
+  });
+  EXPECT_EQ(order, "1<2>end3");
+}
+
+TEST(WorkQueueTest, ClearDropsWhatWaits) {
+  WorkQueue queue;
+  int ran = 0;
+  queue.Submit([&] {
+    queue.Submit([&] { ++ran; });
+    queue.Clear();
+  });
+  EXPECT_EQ(ran, 0);
+}
+
+}  // namespace
+}  // namespace orvane

@@ -1,0 +1,139 @@
+#include "dialing/modem_dialer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "fakes/program_fixture.h"
+#include "journal_schema.h"
+
+namespace orvane {
+namespace {
+
+using std::chrono_literals::operator""s;
+using Lines = std::vector<std::string>;
+
+class ModemDialerTest : public ProgramFixture {
+ protected:
+  ModemDialerTest() {
+    CreateJournalFile(UserFile("TelList.fdb"));
+    state.databases.journal = databases.NewConnection();
+    call.company = "Muster GmbH";
+    call.lastDialedDigits = "0301234";
+  }
+
+  void Click() {
+    queue.Submit([this] { modem.DialModem("00301234"); });
+  }
+  std::ptrdiff_t Inserts() const {
+    return std::count_if(databases.statements.begin(), databases.statements.end(),
+                         [](const std::string& sql) { return sql.starts_with("INSERT"); });
+  }
+
+  CallLogger logger{services, state, call, panel};
+  ModemDialer modem{services, state, call, queue, logger, panel};
+};
+
+TEST_F(ModemDialerTest, DialsWhenTheModemHasAnsweredWithTwoCharacters) {
+  Click();
+  EXPECT_EQ(serial.sent, "AT\r");
+  EXPECT_TRUE(panel.sessionOn);
+  EXPECT_EQ(panel.log, Lines{">>> Wählen: 00301234"});
+  EXPECT_FALSE(call.startText.empty());
+  serial.Feed("O");
+  EXPECT_EQ(serial.sent, "AT\r");
+  serial.Feed("K");
+  EXPECT_EQ(serial.sent, "AT\rATDT 00301234\r");
+  serial.Feed("\r\nCONNECT");
+  EXPECT_EQ(serial.sent, "AT\rATDT 00301234\r");
+  loop.Advance(29s);
+  EXPECT_EQ(modem.CurrentPhase(), ModemDialer::Phase::kHolding);
+  loop.Advance(2s);
+  EXPECT_EQ(modem.CurrentPhase(), ModemDialer::Phase::kNone);
+  EXPECT_TRUE(panel.sessionOn);
+  EXPECT_TRUE(serial.PortOpen());
+
+  Click();
+  EXPECT_EQ(serial.sent, "AT\rATDT 00301234\rATH0\r");
+  EXPECT_FALSE(serial.PortOpen());
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_EQ(call.startText, "");
+  EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234", ">>> Aufgelegt.", "Status: <OK>"}));
+  EXPECT_EQ(Inserts(), 1);
+}
+
+TEST_F(ModemDialerTest, ACallThatWasHungUpNeverDials) {
+  Click();
+  Click();
+  serial.Feed("\r\nOK\r\n");
+  EXPECT_EQ(serial.sent, "AT\rATH0\r");
+  Click();
+  serial.Feed("\r\nOK\r\n");
+  EXPECT_EQ(serial.sent, "AT\rATH0\rAT\rATDT 00301234\r");
+  Click();
+  EXPECT_EQ(loop.PendingTimers(), 0);
+}
+
+TEST_F(ModemDialerTest, TellsWhatIsWrongWithThePort) {
+  const struct {
+    std::uint8_t port;
+    Lines log;
+  } kCases[] = {
+      {9, {">>> Fehler Nr.8002: Ungültige Anschlussnummer", "Ungültige Anschlussnummer"}},
+      {3, {">>> Fehler Nr.8005: Anschluss bereits geöffnet", "Anschluss bereits geöffnet"}},
+      {17, {">>> Fehler Nr.: 1010101", "Keine Kommunikationseinheit an Bus #17"}},
+  };
+  serial.busyPorts = {3};
+  for (const auto& test : kCases) {
+    SCOPED_TRACE(static_cast<int>(test.port));
+    panel.log.clear();
+    prompts.beeps = 0;
+    state.settings.comPortNumber = test.port;
+    if (test.port == 17) serial.SetCommPort(9);
+    Click();
+    EXPECT_EQ(panel.log, test.log);
+    EXPECT_EQ(prompts.beeps, 1);
+    EXPECT_TRUE(panel.sessionOn);
+    // The next click hangs up; there is nothing to close and nothing to say.
+    Click();
+    EXPECT_EQ(panel.log, test.log);
+    EXPECT_FALSE(panel.sessionOn);
+  }
+  EXPECT_EQ(serial.sent, "");
+  EXPECT_EQ(Inserts(), 0);
+}
+
+TEST_F(ModemDialerTest, ACableThatIsPulledEndsTheWaitWithAMessage) {
+  const Lines kError{">>> Fehler Nr.8020: Fehler beim Lesen des Kommunikationsgeräts",
+                     "Fehler beim Lesen des Kommunikationsgeräts"};
+  for (const bool answered : {false, true}) {
+    SCOPED_TRACE(answered);
+    panel.log.clear();
+    Click();
+    if (answered) serial.Feed("OK");
+    serial.Unplug();
+    EXPECT_EQ(modem.CurrentPhase(), ModemDialer::Phase::kNone);
+    EXPECT_EQ(Lines(panel.log.begin() + 1, panel.log.end()), kError);
+    EXPECT_EQ(loop.PendingTimers(), 0);
+    Click();
+    EXPECT_FALSE(panel.sessionOn);
+    EXPECT_FALSE(serial.PortOpen());
+  }
+}
+
+TEST_F(ModemDialerTest, WhatHappensBehindAMessageBoxWaitsForIt) {
+  databases.FailOpen(kDbErrorFailed, "Die Datei ist gesperrt.");
+  prompts.whileShown = [this] {
+    serial.Feed("OK");
+    EXPECT_EQ(serial.sent, "AT\r");
+    Click();
+    EXPECT_TRUE(panel.sessionOn);
+  };
+  Click();
+  EXPECT_EQ(prompts.boxes.size(), 1U);
+  EXPECT_EQ(serial.sent, "AT\rATDT 00301234\rATH0\r");
+  EXPECT_FALSE(panel.sessionOn);
+}
+
+}  // namespace
+}  // namespace orvane

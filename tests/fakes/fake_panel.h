@@ -1,0 +1,77 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/settings_panel.h"
+#include "dialing/dial_panel.h"
+#include "remote/remote_panel.h"
+
+namespace orvane {
+
+// The dial window without a window: keeps what it was told.
+class FakePanel : public SettingsPanel, public DialPanel, public RemotePanel {
+ public:
+  void SetExternVisible(bool visible) override { externVisible = visible; }
+  void ResetSpeedDial() override {
+    speedDial.clear();
+    speedDialNumbers.clear();
+    speedDialSelectable = false;
+  }
+  void AddSpeedDialEntry(const std::string& text) override { speedDial.push_back(text); }
+  void SetSpeedDialNumbers(const std::string& numbers) override { speedDialNumbers = numbers; }
+  void SetSpeedDialSelectable(bool selectable) override { speedDialSelectable = selectable; }
+  void SetSpeedDialToolTip(const std::string& text) override { speedDialToolTip = text; }
+  void SetDialMethodStatus(const std::string& headline, const std::string& detail) override {
+    status = headline + "/" + detail;
+  }
+
+  void AddStatus(const std::string& text) override { log.push_back(text); }
+  bool ExternTicked() const override { return externTicked; }
+  void SetContactLabel(const std::string& text) override { contactLabel = text; }
+  std::string NumberText() const override { return numberText; }
+  void ClearStatus() override { log.clear(); }
+  void SetDialButtonIdle(bool idle) override { sessionOn = !idle; }
+  bool SessionOn() const override { return sessionOn; }
+  bool ExternVisible() const override { return externVisible; }
+  void SetExternTicked(bool ticked) override { externTicked = ticked; }
+  bool DevDialTicked() const override { return devDialTicked; }
+  bool HistoryShown() const override { return historyShown; }
+  void ToggleHistory() override { historyShown = !historyShown; }
+
+  bool IsLoaded() const override { return loaded; }
+  void Load() override {
+    if (!loaded) ++loads;
+    loaded = true;
+  }
+  void Show() override {
+    Load();
+    shown = true;
+  }
+  void Unload() override { loaded = shown = false; }
+  void ReloadSettings() override { ++reloads; }
+  bool NumberEnabled() const override { return numberEnabled; }
+  void SetNumberText(const std::string& text) override { numberText = text; }
+
+  bool externVisible = false;
+  bool externTicked = false;
+  std::vector<std::string> speedDial;
+  std::string speedDialNumbers;
+  bool speedDialSelectable = false;
+  std::string speedDialToolTip;
+  std::string status;
+  std::vector<std::string> log;
+  std::string contactLabel;
+  std::string numberText;
+  bool sessionOn = false;
+  bool devDialTicked = false;
+  bool historyShown = false;
+  bool loaded = false;
+  int loads = 0;
+  int reloads = 0;
+  bool shown = false;
+  bool numberEnabled = true;
+};
+
+}  // namespace orvane

@@ -1,0 +1,172 @@
+#pragma once
+
+#include <algorithm>
+#include <cctype>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/database.h"
+#include "platform/errors.h"
+
+namespace orvane {
+
+// Real databases that fail on demand: everything goes to the services given, is written down, and
+// is refused where a test asked for it. A refused call does not reach the database.
+class FaultyDatabase : public DatabaseServices {
+ public:
+  using Pair = std::pair<std::string, std::string>;
+
+  explicit FaultyDatabase(DatabaseServices& inner) : inner_(inner) {}
+
+  // What happened on all connections, in order; calls that were refused are in it too.
+  std::vector<std::string> statements;
+  // Names and values as set; provider, mode, cursor location and connection string are listed as
+  // "Provider", "Mode", "CursorLocation" and "ConnectionString".
+  std::vector<Pair> properties;
+  // Source and destination.
+  std::vector<Pair> compactions;
+  int opens = 0;
+  int closes = 0;
+
+  // Every Open fails from now on.
+  void FailOpen(std::int32_t number, const std::string& description) {
+    openFault_.emplace(number, description);
+  }
+  // Every Execute of a statement that contains `part` fails from now on.
+  void FailStatement(std::string part, std::int32_t number = kDbErrorFailed,
+                     const std::string& description = "Testfehler") {
+    statementFaults_.emplace_back(std::move(part), DatabaseError(number, description));
+  }
+  // The n-th Execute from now on fails, counting from 1.
+  void FailExecute(int n, std::int32_t number = kDbErrorFailed,
+                   const std::string& description = "Testfehler") {
+    executeFaults_.emplace_back(statements.size() + static_cast<std::size_t>(n),
+                                DatabaseError(number, description));
+  }
+  // Reading this field of any row fails from now on; not case-sensitive.
+  void FailField(std::string name) { fieldFaults_.push_back(std::move(name)); }
+  void FailCompact(std::int32_t number, const std::string& description) {
+    compactFault_.emplace(number, description);
+  }
+  // Nothing fails any more; what was written down stays.
+  void Heal() {
+    openFault_.reset();
+    compactFault_.reset();
+    statementFaults_.clear();
+    executeFaults_.clear();
+    fieldFaults_.clear();
+  }
+
+  // The value last set, or nothing.
+  std::optional<std::string> Property(std::string_view name) const {
+    for (auto it = properties.rbegin(); it != properties.rend(); ++it) {
+      if (SameName(it->first, name)) return it->second;
+    }
+    return std::nullopt;
+  }
+
+  std::unique_ptr<DatabaseConnection> NewConnection() override {
+    return std::make_unique<Connection>(*this, inner_.NewConnection());
+  }
+  void CompactDatabase(std::string_view source, std::string_view destination) override {
+    compactions.emplace_back(source, destination);
+    if (compactFault_) throw DatabaseError(*compactFault_);
+    inner_.CompactDatabase(source, destination);
+  }
+
+ private:
+  static bool SameName(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+      return std::tolower(static_cast<unsigned char>(x)) ==
+             std::tolower(static_cast<unsigned char>(y));
+    });
+  }
+
+  class Rows : public Recordset {
+   public:
+    Rows(const FaultyDatabase& owner, std::unique_ptr<Recordset> inner)
+        : faults_(owner.fieldFaults_), inner_(std::move(inner)) {}
+    bool AtEnd() const override { return inner_->AtEnd(); }
+    void MoveNext() override { inner_->MoveNext(); }
+    DbValue Field(std::string_view name) const override {
+      for (const std::string& fault : faults_) {
+        if (SameName(fault, name)) throw DatabaseError(kDbErrorFailed, "Testfehler");
+      }
+      return inner_->Field(name);
+    }
+    DbValue Field(int index) const override { return inner_->Field(index); }
+
+   private:
+    std::vector<std::string> faults_;
+    std::unique_ptr<Recordset> inner_;
+  };
+
+  class Connection : public DatabaseConnection {
+   public:
+    Connection(FaultyDatabase& owner, std::unique_ptr<DatabaseConnection> inner)
+        : owner_(owner), inner_(std::move(inner)) {}
+
+    void SetMode(DbMode mode) override {
+      owner_.properties.emplace_back("Mode", std::to_string(static_cast<int>(mode)));
+      inner_->SetMode(mode);
+    }
+    void SetCursorLocation(DbCursorLocation location) override {
+      owner_.properties.emplace_back("CursorLocation", std::to_string(static_cast<int>(location)));
+      inner_->SetCursorLocation(location);
+    }
+    void SetProvider(std::string_view provider) override {
+      owner_.properties.emplace_back("Provider", provider);
+      inner_->SetProvider(provider);
+    }
+    void SetProperty(std::string_view name, std::string_view value) override {
+      owner_.properties.emplace_back(name, value);
+      inner_->SetProperty(name, value);
+    }
+    void SetConnectionString(std::string_view text) override {
+      owner_.properties.emplace_back("ConnectionString", text);
+      inner_->SetConnectionString(text);
+    }
+    std::string ConnectionString() const override { return inner_->ConnectionString(); }
+    bool IsOpen() const override { return inner_->IsOpen(); }
+    void Open() override {
+      ++owner_.opens;
+      if (owner_.openFault_) throw DatabaseError(*owner_.openFault_);
+      inner_->Open();
+    }
+    std::unique_ptr<Recordset> Execute(std::string_view sql) override {
+      owner_.statements.emplace_back(sql);
+      owner_.ThrowStatementFault(sql);
+      return std::make_unique<Rows>(owner_, inner_->Execute(sql));
+    }
+    void Close() override {
+      ++owner_.closes;
+      inner_->Close();
+    }
+
+   private:
+    FaultyDatabase& owner_;
+    std::unique_ptr<DatabaseConnection> inner_;
+  };
+
+  void ThrowStatementFault(std::string_view sql) const {
+    for (const auto& [part, error] : statementFaults_) {
+      if (sql.find(part) != std::string_view::npos) throw DatabaseError(error);
+    }
+    for (const auto& [count, error] : executeFaults_) {
+      if (count == statements.size()) throw DatabaseError(error);
+    }
+  }
+
+  DatabaseServices& inner_;
+  std::optional<DatabaseError> openFault_;
+  std::optional<DatabaseError> compactFault_;
+  std::vector<std::pair<std::string, DatabaseError>> statementFaults_;
+  std::vector<std::pair<std::size_t, DatabaseError>> executeFaults_;
+  std::vector<std::string> fieldFaults_;
+};
+
+}  // namespace orvane

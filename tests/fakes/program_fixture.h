@@ -1,0 +1,99 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "app/host_paths.h"
+#include "app/program_state.h"
+#include "app/services.h"
+#include "app/work_queue.h"
+#include "fakes/fake_channel.h"
+#include "fakes/fake_ini.h"
+#include "fakes/fake_instance.h"
+#include "fakes/fake_panel.h"
+#include "fakes/fake_prompts.h"
+#include "fakes/fake_registry.h"
+#include "fakes/fake_serial.h"
+#include "fakes/fake_tapi.h"
+#include "fakes/faulty_database.h"
+#include "fakes/fixed_clock.h"
+#include "fakes/hand_loop.h"
+#include "journal/current_call.h"
+#include "platform/common/sqlite_services.h"
+
+namespace orvane {
+
+// The program on a fake machine: a host folder of its own with user 17, and nothing else that is
+// real but SQLite files.
+class ProgramFixture : public testing::Test {
+ protected:
+  ProgramFixture() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "orvane-XXXXXX").string();
+    folder = mkdtemp(pattern.data());
+    std::filesystem::create_directories(folder / "Daten/User/17/res");
+    state.host.hostPath = folder.string() + "/";
+    state.host.dataPath = state.host.hostPath + "Daten\\";
+    state.host.resPath = state.host.hostPath + "res\\";
+    state.host.userNumber = 17;
+    state.host.userPath = UserFolder(state.host, 17);
+    state.host.registry = services.newRegistry();
+    BindHostRegistry(*state.host.registry);
+    state.settings.countryPrefix = "+49";
+  }
+  ~ProgramFixture() override {
+    std::error_code error;
+    std::filesystem::remove_all(folder, error);
+  }
+  ProgramFixture(const ProgramFixture&) = delete;
+  ProgramFixture& operator=(const ProgramFixture&) = delete;
+
+  std::filesystem::path UserFile(const std::string& name) const {
+    return folder / "Daten/User/17/res" / name;
+  }
+  static void WriteFile(const std::filesystem::path& path, std::string_view bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+  }
+  void SetRegistry(const std::string& name, const std::string& value) {
+    state.host.registry->Write("", name, value);
+  }
+  std::string Registry(const std::string& name) { return state.host.registry->Read("", name, ""); }
+
+  std::filesystem::path folder;
+  std::shared_ptr<FakeRegistryStore> registry = std::make_shared<FakeRegistryStore>();
+  std::shared_ptr<FakeDesktop> desktop = std::make_shared<FakeDesktop>();
+  FakeIni ini;
+  SqliteServices sqlite;
+  FaultyDatabase databases{sqlite};
+  FakeSerial serial;
+  FakeTapi tapi;
+  FakeChannel channel{desktop};
+  FakeInstance instance;
+  HandLoop loop;
+  FixedClock clock;
+  GermanFormat locale;
+  FakePrompts prompts;
+  Services services{FakeRegistryFactory(registry),
+                    ini,
+                    databases,
+                    serial,
+                    tapi,
+                    channel,
+                    instance,
+                    loop,
+                    clock,
+                    locale,
+                    prompts};
+  ProgramState state;
+  CurrentCall call;
+  WorkQueue queue;
+  FakePanel panel;
+};
+
+}  // namespace orvane
