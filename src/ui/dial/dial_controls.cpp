@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +31,7 @@ constexpr int kKeySpacing = 5;
 constexpr int kMarkerSide = 14;
 constexpr int kContactLines = 4;
 constexpr int kLogHeight = 76;
+constexpr int kLogLines = 4;
 
 template <typename Widget>
 void Name(Widget& widget, const char* name) {
@@ -158,7 +160,7 @@ void BuildDisplay(DialControls& c) {
   }
 
   auto* grid = new QGridLayout(c.tabDisplay);
-  grid->setContentsMargins(10, 6, 10, 6);
+  grid->setContentsMargins(10, 5, 10, 4);
   grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(0);
   grid->addWidget(c.lblHead, 0, 0);
@@ -233,7 +235,7 @@ QHBoxLayout* BuildCheckBoxes(DialControls& c) {
     box->hide();
     return box;
   };
-  c.chkExtern = newBox("chkExtern", "e&xtern", "Externe Rufnummer: mit Amtsholung wählen");
+  c.chkExtern = newBox("chkExtern", "&extern", "Externe Rufnummer: mit Amtsholung wählen");
   c.chkDevDial = newBox("chkDevDial", "&Testwahl über COM1",
                         "Für Entwickler: immer über das Modem an COM1 wählen");
   auto* row = new QHBoxLayout;
@@ -248,7 +250,7 @@ void BuildDialButtons(DialControls& c) {
   for (std::size_t view = 0; view < c.cmdDial.size(); ++view) {
     auto* button = new CommandButton(c.infBase);
     Name(*button, "cmdDial", view);
-    button->setIconSize(QSize(22, 22));
+    button->setIconSize(QSize(27, 22));
     button->setMinimumHeight(40);
     c.cmdDial[view] = button;
   }
@@ -257,7 +259,7 @@ void BuildDialButtons(DialControls& c) {
 
 QFrame* BuildLog(DialControls& c) {
   QFrame* log = NewPanel(*c.infBase, nullptr, role::kLog);
-  log->setMinimumHeight(kLogHeight);
+  log->setFixedHeight(std::max(kLogHeight, kLogLines * log->fontMetrics().lineSpacing() + 10));
   c.shpBottom = NewPanel(*log, "shpBottom", role::kLogEdge);
   c.shpBottom->setFixedHeight(2);
   QSizePolicy edge = c.shpBottom->sizePolicy();
@@ -273,7 +275,6 @@ QFrame* BuildLog(DialControls& c) {
   c.lstCallProgress->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   c.lstCallProgress->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   c.lstCallProgress->setTextElideMode(Qt::ElideRight);
-  c.lstCallProgress->setMinimumHeight(0);
 
   c.lblVer = new QLabel(log);
   Name(*c.lblVer, "lblVer");
@@ -287,7 +288,6 @@ QFrame* BuildLog(DialControls& c) {
   grid->addWidget(c.lstCallProgress, 1, 0);
   grid->addWidget(c.lblVer, 1, 0, Qt::AlignRight | Qt::AlignBottom);
   grid->setRowStretch(1, 1);
-  c.lstCallProgress->setContentsMargins(6, 2, 6, 2);
   c.lblVer->setContentsMargins(0, 0, 10, 6);
   return log;
 }

@@ -2,6 +2,7 @@
 
 #include <QIconEngine>
 #include <QPainter>
+#include <algorithm>
 
 namespace orvane {
 namespace {
@@ -17,6 +18,8 @@ class GlyphEngine : public QIconEngine {
     const Palette palette = CurrentPalette();
     QRectF bounds = rect;
     if (disc_ != nullptr) {
+      // What the icon is wider than high keeps the text beside it at a distance.
+      bounds.setWidth(std::min(bounds.width(), bounds.height()));
       painter->save();
       painter->setRenderHint(QPainter::Antialiasing);
       painter->setPen(Qt::NoPen);

@@ -97,7 +97,7 @@ QFrame[role="log"] { background: @log; border-bottom-left-radius: 9px;
 QFrame[role="logEdge"] { background: @externalMarker; }
 QLabel[role="version"] { color: @onLogMuted; font-size: @smallPx; }
 QListView[role="log"] { color: @onLog; background: transparent; border: 1px solid transparent;
-  border-radius: 4px; font-size: @smallPx; }
+  border-radius: 4px; padding: 3px 7px; font-size: @smallPx; }
 QListView[role="log"]:focus { border: 1px solid @onLogMuted; }
 QListView[role="log"]::item { color: @onLog; }
 

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "fakes/program_fixture.h"
+#include "ui/dial/frm_dial.h"
+#include "ui/style/application_style.h"
+
+namespace orvane {
+
+// Records what the window asks of its chrome; a test ends a drag with EndDrag.
+class FakeChrome : public WindowChrome {
+ public:
+  bool SetTopmost(int flag, bool noActivate) override {
+    log.push_back("topmost " + std::to_string(flag) + (noActivate ? " quietly" : ""));
+    return true;
+  }
+  void AddDropShadow() override { log.emplace_back("shadow"); }
+  void SetRoundedRegion(int width, int height, int ellipse) override {
+    log.push_back("shape " + std::to_string(width) + "x" + std::to_string(height) + " " +
+                  std::to_string(ellipse));
+  }
+  void Drag(std::function<void()> finished) override {
+    ++drags;
+    dragFinished_ = std::move(finished);
+  }
+  void EndDrag() { std::exchange(dragFinished_, nullptr)(); }
+
+  std::vector<std::string> log;
+  int drags = 0;
+
+ private:
+  std::function<void()> dragFinished_;
+};
+
+// The real dial window on the fake machine. Modem at COM1, extern box shown, empty clipboard.
+class DialWindowFixture : public ProgramFixture {
+ protected:
+  DialWindowFixture() {
+    SetRegistry("CTI", "1");
+    ini.values[{"Tel", "InternMax3"}] = "0";
+    SetClipboard("");
+    MakeWindow();
+  }
+
+  // A new window in place of the old one, for instance after a change of the desktop's look.
+  void MakeWindow() {
+    window.reset();
+    window = std::make_unique<frmDial>(services, state, call, queue, [this](QWidget&) {
+      auto made = std::make_unique<FakeChrome>();
+      chrome = made.get();
+      return made;
+    });
+  }
+
+  void ShowWindow() {
+    window->Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+
+  template <typename Control>
+  Control* Find(const char* name) {
+    auto* control = window->findChild<Control*>(QString::fromLatin1(name));
+    if (control == nullptr) throw std::out_of_range(std::string("no control ") + name);
+    return control;
+  }
+
+  std::string TextOf(const char* label) { return Find<QLabel>(label)->text().toStdString(); }
+  void Click(const char* name) { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
+  void Focus(const char* name) { Find<QWidget>(name)->setFocus(); }
+  // A key as the system delivers it: to the control with the focus.
+  void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    PressKey(key, modifiers);
+    ReleaseKey(key, modifiers);
+  }
+  void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyPress(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  }
+  void ReleaseKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyRelease(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  }
+  static std::string FocusName() {
+    return QApplication::focusWidget() == nullptr
+               ? std::string()
+               : QApplication::focusWidget()->objectName().toStdString();
+  }
+  static void SetClipboard(const std::string& text);
+  // The lines of the call progress log.
+  std::vector<std::string> Log();
+
+  ApplicationStyle style{*static_cast<QApplication*>(QApplication::instance())};
+  std::unique_ptr<frmDial> window;
+  FakeChrome* chrome = nullptr;
+};
+
+}  // namespace orvane
