@@ -6,18 +6,27 @@
 
 namespace orvane {
 
+namespace {
+
+// The rows lie in the order of falling IDs: a query that takes the first n rows without an order of
+// its own gets the newest calls. `Zeit` counts days since 1899-12-30.
+constexpr const char* kColumns =
+    " (ID INTEGER NOT NULL CHECK (ID BETWEEN -2147483648 AND 2147483647),"
+    " Ext INTEGER, Zeit REAL, Firma TEXT, Ort TEXT, Person TEXT, Nr TEXT,"
+    " AdrID INTEGER, DUID INTEGER, Dauer TEXT,"
+    " PRIMARY KEY (ID DESC)) STRICT, WITHOUT ROWID";
+
+}  // namespace
+
 void CreateJournalFile(const std::filesystem::path& file) {
   SqliteScript script(file);
   for (const std::string table : {"o", "i"}) {
-    // The rows lie in the order of falling IDs: a query that takes the first n rows without an
-    // order of its own gets the newest calls. `Zeit` counts days since 1899-12-30.
-    script.Run("CREATE TABLE " + table +
-               " (ID INTEGER NOT NULL CHECK (ID BETWEEN -2147483648 AND 2147483647),"
-               " Ext INTEGER, Zeit REAL, Firma TEXT, Ort TEXT, Person TEXT, Nr TEXT,"
-               " AdrID INTEGER, DUID INTEGER, Dauer TEXT,"
-               " PRIMARY KEY (ID DESC)) STRICT, WITHOUT ROWID;"
-               "CREATE INDEX " +
-               table + "_Zeit ON " + table + " (Zeit)");
+    script.Run("CREATE TABLE " + table + kColumns);
+    script.Run(std::string("CREATE INDEX ")
+                   .append(table)
+                   .append("_Zeit ON ")
+                   .append(table)
+                   .append("(Zeit)"));
   }
   script.Finish();
 }

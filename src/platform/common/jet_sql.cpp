@@ -73,6 +73,16 @@ void CheckFunctions(const Tokens& tokens) {
   }
 }
 
+// "==" and "->" are two symbols of the dialect each, and operators in SQLite.
+void CheckOperators(const Tokens& tokens) {
+  for (std::size_t i = 1; i < tokens.size(); ++i) {
+    const bool comparison = IsOneOf(tokens[i], {"=", "<", ">", "<=", ">=", "<>"});
+    if (comparison && IsOneOf(tokens[i - 1], {"=", "<", ">", "<=", ">=", "<>", "+", "-", "*"})) {
+      ThrowJetSyntaxError("Syntaxfehler (fehlender Operator) in Abfrageausdruck.");
+    }
+  }
+}
+
 // SQLite would take a text for a name, an alias or a number where Jet sees an error.
 void CheckTexts(const Tokens& tokens) {
   for (std::size_t i = 0; i < tokens.size(); ++i) {
@@ -247,6 +257,7 @@ TranslatedStatement TranslateJetSql(std::string_view sql) {
   }
   CheckSelects(tokens);
   CheckFunctions(tokens);
+  CheckOperators(tokens);
   CheckTexts(tokens);
   TranslatedStatement result = Emit(tokens);
   if (top > 0) result.sql += " LIMIT " + std::to_string(top);

@@ -255,6 +255,7 @@ std::unique_ptr<Recordset> SqliteFile::Run(const std::string& sql,
 
   const int columnCount = sqlite3_column_count(prepared);
   std::vector<std::string> columns;
+  columns.reserve(static_cast<std::size_t>(columnCount));
   for (int i = 0; i < columnCount; ++i) columns.emplace_back(sqlite3_column_name(prepared, i));
   std::vector<MemoryRecordset::Row> rows;
   while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "fakes/temporary_folder.h"
+#include "platform/common/sqlite_services.h"
+#include "platform/database.h"
+#include "platform/errors.h"
+
+namespace orvane {
+
+// Works on a file behind the back of the code under test, with nothing of its own in between.
+class RawSqlite {
+ public:
+  explicit RawSqlite(const std::filesystem::path& file) {
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open(file.c_str(), &opened);
+    database_.reset(opened);
+    if (code != SQLITE_OK) throw std::runtime_error("cannot open " + file.string());
+  }
+  // The first column of all rows, each followed by a blank.
+  std::string Run(const std::string& sql) {
+    std::string result;
+    const auto collect = [](void* text, int, char** values, char**) {
+      static_cast<std::string*>(text)->append(values[0] != nullptr ? values[0] : "").append(" ");
+      return 0;
+    };
+    if (sqlite3_exec(database_.get(), sql.c_str(), collect, &result, nullptr) != SQLITE_OK) {
+      throw std::runtime_error(sqlite3_errmsg(database_.get()));
+    }
+    return result;
+  }
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* database) const { sqlite3_close(database); }
+  };
+  std::unique_ptr<sqlite3, Closer> database_;
+};
+
+inline std::unique_ptr<DatabaseConnection> Select(const std::filesystem::path& file, DbMode mode) {
+  auto connection = SqliteServices().NewConnection();
+  connection->SetMode(mode);
+  connection->SetProvider("Microsoft.Jet.OLEDB.4.0");
+  connection->SetProperty("Data Source", file.string());
+  return connection;
+}
+
+inline std::unique_ptr<DatabaseConnection> OpenFile(const std::filesystem::path& file,
+                                                    DbMode mode = DbMode::kWrite) {
+  auto connection = Select(file, mode);
+  connection->Open();
+  return connection;
+}
+
+inline std::string InsertCall(int id) {
+  return "INSERT INTO o (ID,Ext,Zeit,Firma,Person) VALUES (" + std::to_string(id) +
+         ",-1,#04/03/2024 09:05:07#,'" + std::string(90, 'F') + "','" + std::string(90, 'P') + "')";
+}
+
+// What the action's failure says; a test failure of its own when the number is another one.
+inline std::string FailureOf(const std::function<void()>& action,
+                             std::int32_t number = kDbErrorFailed) {
+  try {
+    action();
+  } catch (const DatabaseError& error) {
+    EXPECT_EQ(error.Number(), number) << error.Description();
+    return error.Description();
+  }
+  return "no failure";
+}
+
+inline bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+// The names of everything in a folder, in order.
+inline std::string Names(const TemporaryFolder& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  std::string result;
+  for (const std::string& name : names) result += name + " ";
+  return result;
+}
+
+}  // namespace orvane
