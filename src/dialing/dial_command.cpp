@@ -77,6 +77,8 @@ void DialCommand::PlaceOrEnd() {
     modem_.DialModem(dialString_);
   } else if (settings.dialMethod == kDialMethodModem && settings.comPortNumber != 0) {
     modem_.DialModem(dialString_);
+  } else if (settings.dialMethod == kDialMethodTapi && settings.tapiLineId > kNoTapiLine) {
+    tapi_.DialTAPI(dialString_);
   } else {
     services_.prompts.Beep();
     panel_.AddStatus("Automatische Anwahl nicht möglich.");

@@ -4,6 +4,7 @@
 #include "app/services.h"
 #include "dialing/dial_panel.h"
 #include "dialing/modem_dialer.h"
+#include "dialing/tapi_dialer.h"
 #include "journal/current_call.h"
 
 namespace orvane {
@@ -12,8 +13,13 @@ namespace orvane {
 class DialCommand {
  public:
   DialCommand(Services& services, ProgramState& state, CurrentCall& call, DialPanel& panel,
-              ModemDialer& modem)
-      : services_(services), state_(state), call_(call), panel_(panel), modem_(modem) {}
+              ModemDialer& modem, TapiDialer& tapi)
+      : services_(services),
+        state_(state),
+        call_(call),
+        panel_(panel),
+        modem_(modem),
+        tapi_(tapi) {}
 
   // A click on either dial button.
   void Click();
@@ -31,6 +37,7 @@ class DialCommand {
   CurrentCall& call_;
   DialPanel& panel_;
   ModemDialer& modem_;
+  TapiDialer& tapi_;
   std::string dialString_;
 };
 

@@ -21,6 +21,8 @@ struct CurrentCall {
   std::string person;
   std::int32_t addressKey = 0;
   std::int32_t personKey = 0;
+  // The line's handle of the call; 0 when there is none.
+  std::int32_t tapiCallHandle = 0;
 };
 
 }  // namespace orvane

@@ -9,15 +9,17 @@
 namespace orvane {
 
 // Numbers that the providers report and that the program's rules look at.
-inline constexpr std::int32_t kDbErrorFailed = -2147467259;         // 0x80004005: cannot open, locked, constraint
-inline constexpr std::int32_t kDbErrorSyntax = -2147217900;         // 0x80040E14: the statement is refused
-inline constexpr std::int32_t kDbErrorLogin = -2147217843;          // 0x80040E4D: login or password refused
-inline constexpr std::int32_t kDbErrorConflict = -2147217887;       // 0x80040E21
-inline constexpr std::int32_t kDbErrorObjectOpen = 3705;            // not allowed while the object is open
-inline constexpr std::int32_t kDbErrorObjectClosed = 3704;          // not allowed while the object is closed
-inline constexpr std::int32_t kDbErrorProviderNotFound = 3706;      // no such provider
-inline constexpr std::int32_t kDbErrorNoCurrentRow = 3021;          // at the end, no current row
-inline constexpr std::int32_t kDbErrorNoSuchField = 3265;           // no such field or property
+inline constexpr std::int32_t kDbErrorFailed =
+    -2147467259;  // 0x80004005: cannot open, locked, constraint
+inline constexpr std::int32_t kDbErrorSyntax = -2147217900;  // 0x80040E14: the statement is refused
+inline constexpr std::int32_t kDbErrorLogin = -2147217843;  // 0x80040E4D: login or password refused
+inline constexpr std::int32_t kDbErrorConflict = -2147217887;  // 0x80040E21
+inline constexpr std::int32_t kDbErrorObjectOpen = 3705;  // not allowed while the object is open
+inline constexpr std::int32_t kDbErrorObjectClosed =
+    3704;  // not allowed while the object is closed
+inline constexpr std::int32_t kDbErrorProviderNotFound = 3706;  // no such provider
+inline constexpr std::int32_t kDbErrorNoCurrentRow = 3021;      // at the end, no current row
+inline constexpr std::int32_t kDbErrorNoSuchField = 3265;       // no such field or property
 
 enum class DbMode : int { kUnknown = 0, kRead = 1, kWrite = 2, kReadWrite = 3 };
 enum class DbCursorLocation : int { kServer = 2, kClient = 3 };
@@ -60,7 +62,8 @@ class DatabaseConnection {
   // Throws DatabaseError: file missing, locked, damaged, not writable in a write mode, server not
   // found, login refused. Waits at most a second for another process's lock.
   virtual void Open() = 0;
-  // Runs one statement in the Jet dialect. Throws DatabaseError; a failed statement changed nothing.
+  // Runs one statement in the Jet dialect. Throws DatabaseError; a failed statement changed
+  // nothing.
   virtual std::unique_ptr<Recordset> Execute(std::string_view sql) = 0;
   // Closing a closed connection does nothing.
   virtual void Close() = 0;

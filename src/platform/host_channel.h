@@ -50,7 +50,8 @@ class HostChannel {
   // hooked does nothing.
   virtual void Hook(std::uintptr_t window, const std::string& caption, CopyDataHandler onCopyData,
                     std::function<void()> onFront) = 0;
-  // Stops receiving. Records that arrived but were not handled yet are dropped; their senders go on.
+  // Stops receiving. Records that arrived but were not handled yet are dropped; their senders go
+  // on.
   virtual void Unhook() = 0;
 };
 

@@ -14,7 +14,7 @@ inline constexpr std::int32_t kSerialInvalidPort = 8002;      // no such port or
 inline constexpr std::int32_t kSerialPortInUse = 8005;        // another program holds the device
 inline constexpr std::int32_t kSerialNotOpen = 8012;          // the device could not be opened
 inline constexpr std::int32_t kSerialNoOpenPort = 8018;       // the operation needs an open port
-inline constexpr std::int32_t kSerialDeviceError = 8020;      // reading or writing failed: cable out
+inline constexpr std::int32_t kSerialDeviceError = 8020;  // reading or writing failed: cable out
 
 inline constexpr int kSerialMaxPort = 16;
 

@@ -26,7 +26,8 @@ class DialCommandTest : public ProgramFixture {
 
   CallLogger logger{services, state, call, panel};
   ModemDialer modem{services, state, call, queue, logger, panel};
-  DialCommand dial{services, state, call, panel, modem};
+  TapiDialer tapiDialer{services, state, call, queue, logger, panel};
+  DialCommand dial{services, state, call, panel, modem, tapiDialer};
 };
 
 TEST_F(DialCommandTest, BuildsTheDialString) {
@@ -91,6 +92,7 @@ TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
     bool devDial, dials;
   } kCases[] = {{0, 1, false, false}, {1, 3, false, true},  {1, 0, false, false},
                 {2, 1, false, false}, {3, 1, false, false}, {0, 3, true, true}};
+  state.settings.tapiLineId = kNoTapiLine;
   for (const auto& test : kCases) {
     SCOPED_TRACE(static_cast<int>(test.method));
     panel.sessionOn = false;
@@ -110,6 +112,17 @@ TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
                                                      "die CTI-Telefonwahl konfigurieren."}));
     }
   }
+}
+
+TEST_F(DialCommandTest, DialsByAnOpenLine) {
+  for (const std::uint8_t method : {kDialMethodTapi, std::uint8_t{3}}) {
+    panel.sessionOn = false;
+    state.settings.dialMethod = method;
+    state.settings.tapiLineId = 0;
+    Click("*0301234#");
+    EXPECT_EQ(panel.sessionOn, method == kDialMethodTapi);
+  }
+  EXPECT_EQ(tapi.log, std::vector<std::string>{"call 0 **0301234#"});
 }
 
 TEST_F(DialCommandTest, NeedsAUserAndLeavesTheHistoryFirst) {

@@ -5,13 +5,13 @@
 #include <vector>
 
 #include "app/settings_panel.h"
-#include "dialing/dial_panel.h"
+#include "dialing/line_panel.h"
 #include "remote/remote_panel.h"
 
 namespace orvane {
 
 // The dial window without a window: keeps what it was told.
-class FakePanel : public SettingsPanel, public DialPanel, public RemotePanel {
+class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
  public:
   void SetExternVisible(bool visible) override { externVisible = visible; }
   void ResetSpeedDial() override {
@@ -40,6 +40,11 @@ class FakePanel : public SettingsPanel, public DialPanel, public RemotePanel {
   bool HistoryShown() const override { return historyShown; }
   void ToggleHistory() override { historyShown = !historyShown; }
 
+  bool WindowEnabled() const override { return windowEnabled; }
+  void SetDialButtonsEnabled(bool enabled) override { dialEnabled = enabled; }
+  void FocusDialButton() override { ++dialFocused; }
+  bool JustPlaced() const override { return log.size() == 1 && log[0].starts_with(">>>"); }
+
   bool IsLoaded() const override { return loaded; }
   void Load() override {
     if (!loaded) ++loads;
@@ -65,6 +70,9 @@ class FakePanel : public SettingsPanel, public DialPanel, public RemotePanel {
   std::string contactLabel;
   std::string numberText;
   bool sessionOn = false;
+  bool windowEnabled = true;
+  bool dialEnabled = true;
+  int dialFocused = 0;
   bool devDialTicked = false;
   bool historyShown = false;
   bool loaded = false;

@@ -26,9 +26,11 @@ class FakeTapi : public TapiControl {
   void CloseLine(std::int32_t line) override { log.push_back("close " + std::to_string(line)); }
   void MakeCall(std::int32_t& line, std::string& dialString, std::int16_t /*options*/) override {
     log.push_back("call " + std::to_string(line) + " " + dialString);
+    if (failing) throw TapiError(-2147483576, "Leitung gestört");
   }
   void DropCall(std::int32_t& line, std::int32_t& callHandle) override {
     log.push_back("drop " + std::to_string(line) + " " + std::to_string(callHandle));
+    if (failing) throw TapiError(-2147483576, "Leitung gestört");
   }
   void ShutDown() override { log.emplace_back("shutdown"); }
   std::string Tag() const override { return tag_; }
@@ -38,6 +40,8 @@ class FakeTapi : public TapiControl {
   std::vector<std::string> lineNames;
   std::vector<std::string> log;
   TapiEvents* events = nullptr;
+  // Placing and dropping calls fails.
+  bool failing = false;
 
  private:
   std::string tag_;

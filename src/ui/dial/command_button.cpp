@@ -14,9 +14,8 @@ constexpr int kSmallestLettersPixels = 8;
 
 }  // namespace
 
-CommandButton::CommandButton(QWidget* parent) : QPushButton(parent) {
+CommandButton::CommandButton(QWidget* parent) : IconButton(parent) {
   setCheckable(true);
-  setAutoDefault(false);
 }
 
 void CommandButton::nextCheckState() {}

@@ -15,6 +15,7 @@
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
 #include "ui/style/glyph_icon.h"
+#include "ui/style/icon_button.h"
 #include "ui/style/picture.h"
 #include "ui/style/style_sheet.h"
 #include "ui/style/tabular_font.h"
@@ -29,6 +30,8 @@ constexpr int kToolSide = 32;
 constexpr int kToolIconSide = 17;
 constexpr int kKeySpacing = 5;
 constexpr int kMarkerSide = 14;
+// What the status beside it leaves at least.
+constexpr int kHeadWidth = 120;
 constexpr int kContactLines = 4;
 constexpr int kLogHeight = 76;
 constexpr int kLogLines = 4;
@@ -56,6 +59,11 @@ ElidedLabel* NewLabel(QWidget& parent, const char* role) {
   return label;
 }
 
+// As high as designed, or higher where the font needs it.
+void AtLeastHigh(QWidget& control, int height) {
+  control.setMinimumHeight(std::max(height, control.sizeHint().height()));
+}
+
 void Describe(QWidget& control, const char* text) {
   const QString description = QString::fromUtf8(text);
   control.setToolTip(description);
@@ -67,7 +75,6 @@ Button* NewIconButton(QWidget& parent, const char* name, const char* role, Glyph
                       QColor Palette::*colour, const char* description) {
   auto* button = new Button(&parent);
   Name(*button, name);
-  button->setAutoDefault(false);
   button->setIcon(GlyphIcon(glyph, colour));
   button->setIconSize(QSize(kToolIconSide, kToolIconSide));
   button->setFixedSize(kToolSide, kToolSide);
@@ -89,8 +96,8 @@ void BuildTitle(QWidget& window, DialControls& c) {
   c.imgLogo = NewPicture(*c.panBase, "imgLogo", Glyph::kLogo, &Palette::logo, "Brisko");
   c.lblBase[0] = NewLabel(*c.panBase, nullptr);
   c.lblBase[0]->setText(QStringLiteral("Brisko"));
-  c.hovClose = NewIconButton<QPushButton>(*c.panBase, "hovClose", role::kTitleButton, Glyph::kClose,
-                                          &Palette::onFrame, "Schließen");
+  c.hovClose = NewIconButton<IconButton>(*c.panBase, "hovClose", role::kTitleButton, Glyph::kClose,
+                                         &Palette::onFrame, "Schließen");
   c.hovClose->setIconSize(QSize(11, 11));
   c.hovClose->setFixedSize(22, 18);
 
@@ -108,12 +115,12 @@ QFrame* BuildNumberStrip(DialControls& c) {
   Name(*c.txtNr, "txtNr");
   SetRole(*c.txtNr, role::kNumber);
   Describe(*c.txtNr, "Rufnummer");
-  c.txtNr->setMinimumHeight(kToolSide);
   c.txtNr->setFont(TabularDigitFont(c.txtNr->font()));
+  AtLeastHigh(*c.txtNr, kToolSide);
 
   // The clear button stands inside the number field.
-  c.cmdClear = NewIconButton<QPushButton>(*c.txtNr, "cmdClear", role::kFieldButton, Glyph::kClear,
-                                          &Palette::mutedText, "Rufnummernfeld leeren");
+  c.cmdClear = NewIconButton<IconButton>(*c.txtNr, "cmdClear", role::kFieldButton, Glyph::kClear,
+                                         &Palette::mutedText, "Rufnummernfeld leeren");
   c.cmdClear->setIconSize(QSize(14, 14));
   c.cmdClear->setFixedSize(22, 22);
   c.cmdClear->setCursor(Qt::ArrowCursor);
@@ -124,8 +131,8 @@ QFrame* BuildNumberStrip(DialControls& c) {
   inside->addWidget(c.cmdClear);
 
   const auto newTool = [&](const char* name, Glyph glyph, const char* description) {
-    return NewIconButton<QPushButton>(*strip, name, role::kTool, glyph, &Palette::heading,
-                                      description);
+    return NewIconButton<IconButton>(*strip, name, role::kTool, glyph, &Palette::heading,
+                                     description);
   };
   c.cmdWdh = newTool("cmdWdh", Glyph::kRedial, "Letzte gewählte Nummer");
   c.cmdGetClpbrd =
@@ -150,6 +157,7 @@ void BuildDisplay(DialControls& c) {
   c.tabDisplay->setFocusPolicy(Qt::StrongFocus);
   c.tabDisplay->setAccessibleName(QStringLiteral("Anzeige, Tasten wählen die Rufnummer"));
   c.lblHead = NewLabel(*c.tabDisplay, role::kHeading);
+  c.lblHead->setMinimumWidth(kHeadWidth);
   c.lblBase[1] = NewLabel(*c.tabDisplay, role::kMuted);
   c.lblBase[2] = NewLabel(*c.tabDisplay, role::kReady);
   c.lblBase[3] = NewLabel(*c.tabDisplay, role::kReady);
@@ -213,7 +221,7 @@ QHBoxLayout* BuildSpeedDial(DialControls& c) {
   c.cboNr->setPlaceholderText(QStringLiteral("Kurzwahlspeicher"));
   c.cboNr->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   c.cboNr->setIconSize(QSize(kMarkerSide, kMarkerSide));
-  c.cboNr->setMinimumHeight(30);
+  AtLeastHigh(*c.cboNr, 30);
   Describe(*c.cboNr, "Kurzwahlspeicher");
 
   auto* row = new QHBoxLayout;
@@ -250,8 +258,8 @@ void BuildDialButtons(DialControls& c) {
   for (std::size_t view = 0; view < c.cmdDial.size(); ++view) {
     auto* button = new CommandButton(c.infBase);
     Name(*button, "cmdDial", view);
-    button->setIconSize(QSize(27, 22));
-    button->setMinimumHeight(40);
+    button->setIconSize(QSize(22, 22));
+    AtLeastHigh(*button, 40);
     c.cmdDial[view] = button;
   }
   c.cmdDial[1]->hide();

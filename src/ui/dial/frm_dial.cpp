@@ -33,7 +33,8 @@ frmDial::frmDial(Services& services, ProgramState& state, CurrentCall& call, Wor
       queue_(queue),
       logger_(services, state, call, *this),
       modem_(services, state, call, queue, logger_, *this),
-      dial_(services, state, call, *this, modem_),
+      tapi_(services, state, call, queue, logger_, *this),
+      dial_(services, state, call, *this, modem_, tapi_),
       channel_(services, state, call, queue, *this),
       c_(BuildDialControls(*this)),
       chrome_(newChrome(*this)) {

@@ -12,8 +12,9 @@
 #include "app/settings_panel.h"
 #include "app/work_queue.h"
 #include "dialing/dial_command.h"
-#include "dialing/dial_panel.h"
+#include "dialing/line_panel.h"
 #include "dialing/modem_dialer.h"
+#include "dialing/tapi_dialer.h"
 #include "journal/call_logger.h"
 #include "journal/current_call.h"
 #include "platform/database.h"
@@ -26,7 +27,7 @@ namespace orvane {
 
 // The dial window: a frameless pad beside the host application. What the user does goes through the
 // work queue, so that it cannot overtake a procedure that is still busy.
-class frmDial : public QWidget, public SettingsPanel, public DialPanel, public RemotePanel {
+class frmDial final : public QWidget, public SettingsPanel, public LinePanel, public RemotePanel {
  public:
   using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
 
@@ -61,6 +62,12 @@ class frmDial : public QWidget, public SettingsPanel, public DialPanel, public R
   bool DevDialTicked() const override;
   bool HistoryShown() const override;
   void ToggleHistory() override;
+
+  // LinePanel
+  bool WindowEnabled() const override;
+  void SetDialButtonsEnabled(bool enabled) override;
+  void FocusDialButton() override;
+  bool JustPlaced() const override;
 
   // RemotePanel
   bool IsLoaded() const override { return stage_ == Stage::kLoaded; }
@@ -124,6 +131,7 @@ class frmDial : public QWidget, public SettingsPanel, public DialPanel, public R
 
   CallLogger logger_;
   ModemDialer modem_;
+  TapiDialer tapi_;
   DialCommand dial_;
   CommandChannel channel_;
 
@@ -133,8 +141,6 @@ class frmDial : public QWidget, public SettingsPanel, public DialPanel, public R
 
   Stage stage_ = Stage::kBuilt;
   std::unique_ptr<DatabaseConnection> areaCodes_;
-  // 0 when there is no call.
-  std::int32_t tapiCallHandle_ = 0;
   bool speedDialSelectable_ = false;
 };
 

@@ -124,7 +124,7 @@ void frmDial::ShutDownTapi() {
   if (tapi.Tag().empty()) return;
   std::int32_t& line = state_.settings.tapiLineId;
   Attempt([&] {
-    if (tapiCallHandle_ >= 0) tapi.DropCall(line, tapiCallHandle_);
+    if (call_.tapiCallHandle >= 0) tapi.DropCall(line, call_.tapiCallHandle);
   });
   Attempt([&] { tapi.CloseLine(line); });
   Attempt([&] { tapi.ShutDown(); });

@@ -8,6 +8,7 @@
 #include "ui/dial/command_button.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/logic/speed_dial_selection.h"
+#include "ui/logic/window_geometry.h"
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
 #include "ui/style/glyph_icon.h"
@@ -18,6 +19,9 @@ namespace {
 
 constexpr std::string_view kReadyHeadline = "<Bereit>";
 constexpr char kTagProperty[] = "tag";
+
+// A window of at most this height shows the compact view.
+constexpr int kCompactFocusHeightTwips = 1500;
 
 QIcon KindIcon(SpeedDialKind kind) {
   return kind == SpeedDialKind::kInternal ? GlyphIcon(Glyph::kInternal, &Palette::internalMarker)
@@ -122,6 +126,27 @@ void frmDial::SetDialButtonIdle(bool idle) {
 
 bool frmDial::SessionOn() const {
   return c_.cmdDial[0]->isChecked();
+}
+
+bool frmDial::WindowEnabled() const {
+  return isEnabled();
+}
+
+void frmDial::SetDialButtonsEnabled(bool enabled) {
+  // A button that is disabled loses the focus; left to itself it could go to the close button.
+  const bool focused = c_.cmdDial[0]->hasFocus() || c_.cmdDial[1]->hasFocus();
+  if (!enabled && focused) c_.txtNr->setFocus();
+  for (CommandButton* button : c_.cmdDial) button->setEnabled(enabled);
+}
+
+void frmDial::FocusDialButton() {
+  const bool compact = height() * kTwipsPerPixel <= kCompactFocusHeightTwips;
+  c_.cmdDial[compact ? 1 : 0]->setFocus();
+}
+
+bool frmDial::JustPlaced() const {
+  return c_.lstCallProgress->count() == 1 &&
+         c_.lstCallProgress->item(0)->text().startsWith(QStringLiteral(">>>"));
 }
 
 bool frmDial::ExternVisible() const {

@@ -1,6 +1,7 @@
 #include "ui/style/drop_down.h"
 
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 
 #include "ui/style/glyph.h"
 #include "ui/style/palette.h"
@@ -9,9 +10,16 @@ namespace orvane {
 namespace {
 
 constexpr int kArrowSide = 9;
+constexpr int kMostVisibleItems = 16;
 constexpr int kArrowMargin = 9;
 
 }  // namespace
+
+// The list shows all that fits the screen, drawn as the style sheet says.
+DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
+  setMaxVisibleItems(kMostVisibleItems);
+  setItemDelegate(new QStyledItemDelegate(this));
+}
 
 // However long its entries are, the box elides them rather than widening the window.
 QSize DropDown::minimumSizeHint() const {

@@ -7,7 +7,7 @@ namespace orvane {
 // A combo box with the program's own arrow. The closed box shows the entry's text without its icon.
 class DropDown : public QComboBox {
  public:
-  using QComboBox::QComboBox;
+  explicit DropDown(QWidget* parent);
 
   QSize minimumSizeHint() const override;
 

@@ -2,7 +2,6 @@
 
 #include <QIconEngine>
 #include <QPainter>
-#include <algorithm>
 
 namespace orvane {
 namespace {
@@ -18,8 +17,6 @@ class GlyphEngine : public QIconEngine {
     const Palette palette = CurrentPalette();
     QRectF bounds = rect;
     if (disc_ != nullptr) {
-      // What the icon is wider than high keeps the text beside it at a distance.
-      bounds.setWidth(std::min(bounds.width(), bounds.height()));
       painter->save();
       painter->setRenderHint(QPainter::Antialiasing);
       painter->setPen(Qt::NoPen);

@@ -13,6 +13,7 @@ namespace {
 constexpr char kTemplate[] = R"(
 QWidget { color: @text; }
 QDialog, QMessageBox { background: @ground; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QToolTip { color: @text; background: @field; border: 1px solid @border; padding: 3px; }
 QMenu { background: @field; border: 1px solid @border; }
 QMenu::item { padding: 4px 22px; }
@@ -70,16 +71,17 @@ QPushButton[role="dial"]:focus, QPushButton[role="hangUp"]:focus {
 QPushButton[role="dial"]:disabled, QPushButton[role="hangUp"]:disabled { color: @disabledText;
   background: @disabledField; border: 1px solid @border; }
 
-QComboBox { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
+QComboBox { combobox-popup: 0; color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
   padding: 2px 8px; }
-QComboBox:hover { background: @fieldHover; }
+QComboBox:hover { border-color: @mutedText; }
 QComboBox:focus, QComboBox:on { border: 2px solid @focus; padding: 1px 7px; }
 QComboBox:disabled { color: @disabledText; background: @disabledField; }
 QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: none; }
 QComboBox QAbstractItemView { color: @text; background: @field; border: 1px solid @border;
   selection-color: @text; selection-background-color: @selection; outline: none; }
-QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 4px; }
+QComboBox QAbstractItemView::item { min-height: 24px; }
+QComboBox QAbstractItemView::item:selected { color: @text; background: @selection; }
 QComboBox QAbstractItemView::item:disabled { color: @disabledText; }
 
 QCheckBox { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px; }

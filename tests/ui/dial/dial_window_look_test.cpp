@@ -97,5 +97,39 @@ TEST_F(DialWindowLook, IsCompleteInEveryVariant) {
   }
 }
 
+TEST_F(DialWindowLook, NothingIsCutOffWithLargeFontsAndLongTexts) {
+  const std::string endless(250, 'W');
+  for (const int points : {9, 12, 16}) {
+    SCOPED_TRACE(points);
+    QFont larger = font;
+    larger.setPointSize(points);
+    QApplication::setFont(larger);
+    MakeWindow();
+    WriteFile(UserFile("Kurzwahl.dat"), endless + "|111|\xBF\xBF");
+    ShowWindow();
+    const QSize designed = window->size();
+    window->SetContactLabel(endless + "\r\n" + endless + "\r\n\r\n" + endless);
+    window->SetDialMethodStatus("<Bereit>", endless);
+    window->AddStatus(endless);
+    Q_EMIT Find<QComboBox>("cboNr")->activated(0);
+    SavePicture(*window, QStringLiteral("font-%1").arg(points));
+    EXPECT_EQ(window->size(), designed);
+    for (const QWidget* control : window->findChildren<QWidget*>()) {
+      if (control->objectName().isEmpty() || !control->isVisible()) continue;
+      SCOPED_TRACE(control->objectName().toStdString());
+      EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
+      const auto* button = qobject_cast<const QAbstractButton*>(control);
+      if (button != nullptr && !button->text().isEmpty()) {
+        const QSize text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+        EXPECT_LE(text.width(), button->width());
+        EXPECT_LE(text.height(), button->height());
+      } else if (control->objectName().startsWith(QLatin1String("lbl")) ||
+                 qobject_cast<const QLineEdit*>(control) != nullptr) {
+        EXPECT_GE(control->height(), control->fontMetrics().height());
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace orvane

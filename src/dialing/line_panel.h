@@ -1,0 +1,35 @@
+#pragma once
+
+#include "dialing/dial_panel.h"
+
+namespace orvane {
+
+// What a telephone line needs of the dial window beyond dialling.
+class LinePanel : public DialPanel {
+ public:
+  // False exactly while the options dialog is open; line events then belong to the dialog.
+  virtual bool WindowEnabled() const = 0;
+
+  // Both dial buttons take clicks, or do not.
+  virtual void SetDialButtonsEnabled(bool enabled) = 0;
+  // Gives the focus to the dial button of the view that is shown.
+  virtual void FocusDialButton() = 0;
+
+  // Whether `lstCallProgress` holds exactly one line and it begins with ">>>": the call was just
+  // placed and nothing has happened since.
+  virtual bool JustPlaced() const = 0;
+};
+
+// The test dial of the options dialog, which gets the line events while it is open.
+class TestDialPanel {
+ public:
+  virtual ~TestDialPanel() = default;
+  // The dialog's dial button: pressed, hang-up picture and "&Auflegen"; or released, dial picture
+  // and "&Wählen...".
+  virtual void SetTestDialIdle(bool idle) = 0;
+  virtual void EnableAndFocusTestDial() = 0;
+  // Appends CR LF and the text to `txtCallProgress`, caret at the end.
+  virtual void AppendProgress(const std::string& text) = 0;
+};
+
+}  // namespace orvane

@@ -1,0 +1,225 @@
+#include "dialing/tapi_dialer.h"
+
+#include <exception>
+#include <optional>
+
+#include "app/date_time.h"
+#include "app/error_report.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::int32_t kStateIdle = 0x1;
+constexpr std::int32_t kStateRingback = 0x20;
+constexpr std::int32_t kStateConnected = 0x100;
+constexpr std::int32_t kStateDisconnected = 0x4000;
+
+constexpr std::int16_t kCallOptions = 0;
+
+// Runs a request to the line; its error, if it fails.
+template <typename Request>
+std::optional<ErrorState> Try(const Request& request) {
+  try {
+    request();
+    return std::nullopt;
+  } catch (const std::exception& error) {
+    return ErrorStateOf(error);
+  }
+}
+
+}  // namespace
+
+TapiDialer::TapiDialer(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+                       CallLogger& logger, LinePanel& panel)
+    : services_(services),
+      state_(state),
+      call_(call),
+      queue_(queue),
+      logger_(logger),
+      panel_(panel) {
+  services_.tapi.SetEvents(this);
+}
+
+TapiDialer::~TapiDialer() {
+  services_.tapi.SetEvents(nullptr);
+}
+
+void TapiDialer::DialTAPI(const std::string& dialString) {
+  panel_.SetDialButtonsEnabled(false);
+  if (panel_.SessionOn()) {
+    Drop();
+  } else {
+    Place(dialString);
+  }
+}
+
+void TapiDialer::Place(const std::string& dialString) {
+  panel_.SetDialButtonIdle(false);
+  panel_.AddStatus(">>> Wählen: " + dialString);
+  call_.connectText.clear();
+  call_.tapiCallHandle = 0;
+  const auto failure = Try([&] {
+    std::string number = dialString;
+    services_.tapi.MakeCall(state_.settings.tapiLineId, number, kCallOptions);
+  });
+  logger_.LogCall(true, false);
+  if (!failure) return;
+  // No event will ever end this call: the button must not stay with a session that is none.
+  panel_.SetDialButtonIdle(true);
+  panel_.SetDialButtonsEnabled(true);
+  ShowError(services_.prompts, *failure, "DialTAPI");
+}
+
+void TapiDialer::Drop() {
+  if (panel_.JustPlaced()) panel_.AddStatus(">>> Trennen...");
+  const auto failure =
+      Try([&] { services_.tapi.DropCall(state_.settings.tapiLineId, call_.tapiCallHandle); });
+  panel_.SetDialButtonIdle(false);
+  if (!failure) return;
+  panel_.SetDialButtonsEnabled(true);
+  ShowError(services_.prompts, *failure, "DialTAPI");
+}
+
+void TapiDialer::OnBusy(std::int32_t callHandle) {
+  Handle("TAPIOnBusy", [this, callHandle] { HandleBusy(callHandle); });
+}
+
+void TapiDialer::OnConnected(std::int32_t callHandle) {
+  Handle("TAPIOnConnected", [this, callHandle] { HandleConnected(callHandle); });
+}
+
+void TapiDialer::OnDisconnected(std::int32_t callHandle) {
+  Handle("TAPIOnDisconnected", [this, callHandle] { HandleDisconnected(callHandle); });
+}
+
+void TapiDialer::OnLineMessage(const std::string& result, const std::string& function,
+                               std::int32_t code) {
+  Handle("TAPIOnLineMessage",
+         [this, result, function, code] { HandleLineMessage(result, function, code); });
+}
+
+void TapiDialer::OnCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) {
+  Handle("TAPI_CallState",
+         [this, callHandle, callId, state] { HandleCallState(callHandle, callId, state); });
+}
+
+void TapiDialer::Handle(const std::string& procedure, const WorkQueue::Task& handler) {
+  queue_.Submit([this, procedure, handler] {
+    try {
+      handler();
+    } catch (const std::exception& error) {
+      ShowError(services_.prompts, ErrorStateOf(error), procedure);
+    }
+  });
+}
+
+void TapiDialer::HandleBusy(std::int32_t callHandle) {
+  if (!panel_.WindowEnabled()) return;
+  if (call_.tapiCallHandle != 0 && callHandle != call_.tapiCallHandle) return;
+  logger_.LogCall(false, true);
+  panel_.AddStatus("Die Leitung ist besetzt.");
+}
+
+void TapiDialer::HandleConnected(std::int32_t callHandle) {
+  if (!panel_.WindowEnabled()) {
+    if (testDial_ != nullptr) testDial_->SetTestDialIdle(false);
+    return;
+  }
+  if (callHandle != call_.tapiCallHandle) return;
+  panel_.SetDialButtonIdle(false);
+  const LocalTime now = services_.clock.Now();
+  call_.connectDateTime = ToDateTime(now);
+  call_.connectText = TimeText(now);
+  panel_.ClearStatus();
+  panel_.AddStatus("Verbunden um " + services_.locale.Time(now));
+}
+
+void TapiDialer::HandleDisconnected(std::int32_t callHandle) {
+  if (!panel_.WindowEnabled()) {
+    if (testDial_ != nullptr) testDial_->SetTestDialIdle(true);
+  } else if (callHandle == call_.tapiCallHandle) {
+    if (call_.startText.empty()) panel_.AddStatus("Aufgelegt.");
+    EndSession();
+  } else if (call_.tapiCallHandle == 0) {
+    panel_.SetDialButtonIdle(true);
+  }
+}
+
+void TapiDialer::HandleLineMessage(const std::string& result, const std::string& function,
+                                   std::int32_t code) {
+  if (result == "SUCCESS") {
+    if (function == "TapiLineInit" || function == "TapiLineClose") {
+      services_.tapi.SetTag("closed");
+      return;
+    }
+    if (function == "TapiLineOpen") services_.tapi.SetTag("opened");
+  }
+  if (panel_.WindowEnabled() || testDial_ == nullptr) return;
+  testDial_->AppendProgress("TapiMessage: " + result + "  " + function + "  " +
+                            std::to_string(code));
+}
+
+void TapiDialer::HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) {
+  panel_.SetDialButtonsEnabled(true);
+  const bool enabled = panel_.WindowEnabled();
+  switch (state) {
+    case kStateRingback:
+      TakeHandle(callHandle);
+      break;
+    case kStateConnected:
+      if (!enabled) {
+        ReportTestState("*Verbindung hergestellt!", callHandle, callId);
+      } else if (TakeHandle(callHandle)) {
+        panel_.FocusDialButton();
+      }
+      break;
+    case kStateIdle:
+      if (enabled) {
+        HandleIdle(callHandle);
+      } else {
+        HandleTestIdle(callHandle);
+      }
+      break;
+    case kStateDisconnected:
+      if (!enabled) ReportTestState("*Verbindung getrennt!", callHandle, callId);
+      break;
+    default:
+      break;
+  }
+}
+
+void TapiDialer::HandleIdle(std::int32_t callHandle) {
+  if (!call_.startText.empty() && callHandle == call_.tapiCallHandle) {
+    EndSession();
+  } else if (call_.tapiCallHandle == 0) {
+    panel_.SetDialButtonIdle(true);
+  }
+}
+
+void TapiDialer::HandleTestIdle(std::int32_t callHandle) {
+  // A handle that outlived its test call would keep later calls from getting theirs.
+  if (callHandle == call_.tapiCallHandle) call_.tapiCallHandle = 0;
+  if (testDial_ != nullptr) testDial_->SetTestDialIdle(true);
+}
+
+void TapiDialer::EndSession() {
+  call_.tapiCallHandle = 0;
+  panel_.SetDialButtonIdle(true);
+  logger_.LogCall(false, false);
+}
+
+// A second call must not steal the handle from the first.
+bool TapiDialer::TakeHandle(std::int32_t callHandle) {
+  if (call_.tapiCallHandle == 0) call_.tapiCallHandle = callHandle;
+  return call_.tapiCallHandle == callHandle;
+}
+
+void TapiDialer::ReportTestState(const std::string& text, std::int32_t callHandle,
+                                 std::int32_t callId) {
+  if (testDial_ == nullptr) return;
+  testDial_->AppendProgress(text + " - Handle, ID: " + std::to_string(callHandle) + "  " +
+                            std::to_string(callId));
+  testDial_->EnableAndFocusTestDial();
+}
+
+}  // namespace orvane

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/program_state.h"
+#include "app/services.h"
+#include "app/work_queue.h"
+#include "dialing/line_panel.h"
+#include "journal/call_logger.h"
+#include "journal/current_call.h"
+
+namespace orvane {
+
+// Dials and hangs up through the open telephone line, and follows the line's events. While the dial
+// window is disabled the events go to the options dialog's test dial instead.
+class TapiDialer : public TapiEvents {
+ public:
+  TapiDialer(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+             CallLogger& logger, LinePanel& panel);
+  ~TapiDialer() override;
+  TapiDialer(const TapiDialer&) = delete;
+  TapiDialer& operator=(const TapiDialer&) = delete;
+
+  // Places a call to `dialString` when no session is on, otherwise ends the current call. The
+  // session look then stays until the line reports the end.
+  void DialTAPI(const std::string& dialString);
+
+  // The options dialog while it is open, otherwise null. It is taken back before it dies.
+  void SetTestDial(TestDialPanel* testDial) { testDial_ = testDial; }
+
+  // Events that arrive in the middle of a procedure wait for its end.
+  void OnBusy(std::int32_t callHandle) override;
+  void OnConnected(std::int32_t callHandle) override;
+  void OnDisconnected(std::int32_t callHandle) override;
+  void OnLineMessage(const std::string& result, const std::string& function,
+                     std::int32_t code) override;
+  void OnCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) override;
+
+ private:
+  void Place(const std::string& dialString);
+  void Drop();
+
+  void HandleBusy(std::int32_t callHandle);
+  void HandleConnected(std::int32_t callHandle);
+  void HandleDisconnected(std::int32_t callHandle);
+  void HandleLineMessage(const std::string& result, const std::string& function, std::int32_t code);
+  void HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state);
+  void HandleIdle(std::int32_t callHandle);
+  void HandleTestIdle(std::int32_t callHandle);
+  void EndSession();
+  bool TakeHandle(std::int32_t callHandle);
+  void ReportTestState(const std::string& text, std::int32_t callHandle, std::int32_t callId);
+
+  // Queues a handler; an error in it is reported under the procedure's name.
+  void Handle(const std::string& procedure, const WorkQueue::Task& handler);
+
+  Services& services_;
+  ProgramState& state_;
+  CurrentCall& call_;
+  WorkQueue& queue_;
+  CallLogger& logger_;
+  LinePanel& panel_;
+  TestDialPanel* testDial_ = nullptr;
+};
+
+}  // namespace orvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "contract/line_lab.h"
+#include "fakes/hand_loop.h"
+#include "platform/common/simulated_lines.h"
+
+namespace orvane {
+
+class SimulatedLineLab : public LineLab {
+ public:
+  SimulatedLineLab() {
+    answered = "0301234";
+    busy = "03099901";
+    noAnswer = "03099902";
+    rejected = "03099903";
+    farEndHangsUp = "03099905";
+    unknown = "03099906";
+  }
+  LineServiceProvider& Provider() override { return lines_; }
+  bool RunUntil(const std::function<bool()>& condition) override {
+    for (int step = 0; step < 200 && !condition(); ++step) {
+      loop_.Advance(std::chrono::milliseconds(50));
+    }
+    return condition();
+  }
+  void Settle() override { loop_.Advance(std::chrono::seconds(30)); }
+
+ private:
+  HandLoop loop_;
+  CallHandles handles_;
+  SimulatedLines lines_{loop_, handles_, {}};
+};
+
+}  // namespace orvane

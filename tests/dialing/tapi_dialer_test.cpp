@@ -1,0 +1,202 @@
+#include "dialing/tapi_dialer.h"
+
+#include <gtest/gtest.h>
+
+#include "app/date_time.h"
+#include "fakes/program_fixture.h"
+#include "journal_schema.h"
+#include "platform/line_service_provider.h"
+
+namespace orvane {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class RecordingTestDial : public TestDialPanel {
+ public:
+  void SetTestDialIdle(bool idle) override { log.push_back(idle ? "idle" : "session"); }
+  void EnableAndFocusTestDial() override { log.emplace_back("focus"); }
+  void AppendProgress(const std::string& text) override { log.push_back(text); }
+  Lines log;
+};
+
+class TapiDialerTest : public ProgramFixture {
+ protected:
+  TapiDialerTest() {
+    CreateJournalFile(UserFile("TelList.fdb"));
+    state.databases.journal = databases.NewConnection();
+    state.settings.tapiLineId = 0;
+    call.company = "Muster GmbH";
+  }
+
+  void Click() {
+    queue.Submit([this] { dialer.DialTAPI("00301234"); });
+  }
+  void Connect(std::int32_t handle) {
+    dialer.OnCallState(handle, 1, kLineCallRingback);
+    dialer.OnCallState(handle, 1, kLineCallConnected);
+    dialer.OnConnected(handle);
+  }
+  void End(std::int32_t handle) {
+    dialer.OnCallState(handle, 1, kLineCallDisconnected);
+    dialer.OnDisconnected(handle);
+    dialer.OnCallState(handle, 1, kLineCallIdle);
+  }
+  std::string LastStatement() const { return databases.statements.back(); }
+
+  CallLogger logger{services, state, call, panel};
+  TapiDialer dialer{services, state, call, queue, logger, panel};
+  RecordingTestDial testDial;
+};
+
+TEST_F(TapiDialerTest, ACallFromClickToHangUp) {
+  Click();
+  EXPECT_EQ(tapi.log, Lines{"call 0 00301234"});
+  EXPECT_TRUE(panel.sessionOn);
+  EXPECT_FALSE(panel.dialEnabled);
+  EXPECT_EQ(call.tapiCallHandle, 0);
+  dialer.OnCallState(7, 1, kLineCallDialing);
+  EXPECT_TRUE(panel.dialEnabled);
+  EXPECT_EQ(call.tapiCallHandle, 0);
+  Connect(7);
+  EXPECT_EQ(call.tapiCallHandle, 7);
+  EXPECT_EQ(call.connectText, "04/03/2024 09:05:07");
+  EXPECT_EQ(panel.log, Lines{"Verbunden um 09:05:07"});
+  EXPECT_EQ(panel.dialFocused, 1);
+  clock.now.minute = 6;
+  Click();
+  EXPECT_EQ(tapi.log.back(), "drop 0 7");
+  EXPECT_TRUE(panel.sessionOn);
+  End(7);
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_TRUE(panel.dialEnabled);
+  EXPECT_EQ(call.tapiCallHandle, 0);
+  EXPECT_EQ(panel.log,
+            (Lines{"Verbunden um 09:05:07", "Getrennt um 09:06:07", "Gesprächsdauer: 1 Min. "}));
+  EXPECT_EQ(LastStatement(),
+            "UPDATE o Set Zeit=#04/03/2024 09:05:07#, Dauer='1 Min.' WHERE Zeit=#04/03/2024 "
+            "09:05:07#");
+  EXPECT_EQ(call.startText, "");
+}
+
+TEST_F(TapiDialerTest, ACallThatIsEndedBeforeItRings) {
+  Click();
+  Click();
+  EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234", ">>> Trennen..."}));
+  EXPECT_EQ(tapi.log.back(), "drop 0 0");
+  EXPECT_TRUE(panel.sessionOn);
+  databases.statements.clear();
+  End(7);
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_TRUE(databases.statements.empty());
+}
+
+TEST_F(TapiDialerTest, ABusyLineKeepsTheSessionUntilItEnds) {
+  for (const bool connectedBefore : {false, true}) {
+    SCOPED_TRACE(connectedBefore);
+    Click();
+    dialer.OnCallState(7, 1, kLineCallRingback);
+    call.connectText = connectedBefore ? TimeText(clock.now) : "";
+    databases.statements.clear();
+    dialer.OnBusy(7);
+    EXPECT_EQ(panel.log.back(), "Die Leitung ist besetzt.");
+    EXPECT_TRUE(panel.sessionOn);
+    EXPECT_EQ(databases.statements.size(), connectedBefore ? 1U : 0U);
+    End(7);
+    EXPECT_FALSE(panel.sessionOn);
+  }
+  EXPECT_NE(LastStatement().find("Dauer='Besetzt'"), std::string::npos);
+}
+
+TEST_F(TapiDialerTest, ASecondCallCannotStealTheFirst) {
+  Click();
+  Connect(7);
+  Connect(8);
+  dialer.OnBusy(8);
+  End(8);
+  EXPECT_EQ(call.tapiCallHandle, 7);
+  EXPECT_TRUE(panel.sessionOn);
+  EXPECT_EQ(panel.log, Lines{"Verbunden um 09:05:07"});
+  EXPECT_EQ(panel.dialFocused, 1);
+  End(7);
+  EXPECT_FALSE(panel.sessionOn);
+}
+
+TEST_F(TapiDialerTest, ACallTakenAtTheTelephoneShowsAsASession) {
+  Connect(9);
+  EXPECT_TRUE(panel.sessionOn);
+  Click();
+  EXPECT_EQ(tapi.log.back(), "drop 0 9");
+  call.connectText.clear();
+  End(9);
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_EQ(panel.log.back(), "Aufgelegt.");
+}
+
+TEST_F(TapiDialerTest, AFailingLineLeavesAUsableButton) {
+  tapi.failing = true;
+  Click();
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_TRUE(panel.dialEnabled);
+  ASSERT_EQ(prompts.markups.size(), 1U);
+  EXPECT_NE(prompts.markups[0].text.find("\"DialTAPI\""), std::string::npos);
+  tapi.failing = false;
+  Click();
+  Connect(7);
+  tapi.failing = true;
+  Click();
+  EXPECT_TRUE(panel.sessionOn);
+  EXPECT_TRUE(panel.dialEnabled);
+}
+
+TEST_F(TapiDialerTest, TheOptionsDialogGetsTheEventsWhileItIsOpen) {
+  panel.windowEnabled = false;
+  dialer.SetTestDial(&testDial);
+  dialer.OnLineMessage("SUCCESS", "TapiLineOpen", 0);
+  dialer.OnLineMessage("INVALLINEHANDLE", "TapiMakeCall", -5);
+  Connect(7);
+  dialer.OnBusy(7);
+  End(7);
+  EXPECT_EQ(testDial.log,
+            (Lines{"TapiMessage: SUCCESS  TapiLineOpen  0",
+                   "TapiMessage: INVALLINEHANDLE  TapiMakeCall  -5",
+                   "*Verbindung hergestellt! - Handle, ID: 7  1", "focus", "session",
+                   "*Verbindung getrennt! - Handle, ID: 7  1", "focus", "idle", "idle"}));
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_TRUE(panel.log.empty());
+  EXPECT_EQ(call.tapiCallHandle, 0);
+  EXPECT_TRUE(databases.statements.empty());
+}
+
+TEST_F(TapiDialerTest, LineMessagesKeepTheTag) {
+  const struct {
+    const char *result, *function, *tag;
+  } kCases[] = {{"SUCCESS", "TapiLineInit", "closed"},
+                {"SUCCESS", "TapiLineOpen", "opened"},
+                {"SUCCESS", "TapiLineClose", "closed"},
+                {"SUCCESS", "TapiMakeCall", "x"},
+                {"FAILED", "TapiLineOpen", "x"}};
+  for (const auto& test : kCases) {
+    SCOPED_TRACE(test.function);
+    tapi.SetTag("x");
+    dialer.OnLineMessage(test.result, test.function, 0);
+    EXPECT_EQ(tapi.Tag(), test.tag);
+  }
+}
+
+TEST_F(TapiDialerTest, EventsBehindAMessageBoxKeepTheirOrder) {
+  databases.FailOpen(kDbErrorFailed, "gesperrt");
+  prompts.whileShown = [this] {
+    prompts.whileShown = nullptr;
+    Connect(7);
+    End(7);
+    EXPECT_EQ(panel.log, Lines{">>> Wählen: 00301234"});
+  };
+  Click();
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_EQ(panel.log.front(), "Verbunden um 09:05:07");
+  EXPECT_EQ(panel.log.back(), "Gesprächsdauer: ");
+}
+
+}  // namespace
+}  // namespace orvane
