@@ -4,5 +4,6 @@ set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
 scripts/install-packages.sh build run bench
-scripts/build.sh release -DORVANE_BENCH=ON
+scripts/build.sh release -DORVANE_BENCH=ON orvane orvane-demo-host orvane-empty-window \
+  orvane-bench-sender
 /usr/bin/python3 bench/bench.py "$PWD/build/release/bin" "$PWD/out/bench"
