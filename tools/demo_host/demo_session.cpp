@@ -22,7 +22,7 @@ void PutPath(const char* name, const std::filesystem::path& path) {
 
 DemoFolders EnterDemoSession(const std::filesystem::path& root) {
   const auto base = std::filesystem::absolute(root);
-  const DemoFolders folders{base / "config", base / "run", base / "host", base / "modem.log"};
+  DemoFolders folders{base / "config", base / "run", base / "host", base / "modem.log"};
   for (const auto& folder : {folders.config, folders.runtime, folders.host}) {
     std::filesystem::create_directories(folder);
   }
