@@ -292,7 +292,9 @@ TEST(ComPorts, LinksComeBeforeTheMachinesDevices) {
       {6, {}},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(ComPortDevice(c.port, links.path(), devices).value_or(QString()), c.device) << c.port;
+    EXPECT_EQ(ComPortDevice(c.port, links.path(), [&] { return devices; }).value_or(QString()),
+              c.device)
+        << c.port;
   }
 }
 

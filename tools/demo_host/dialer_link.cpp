@@ -55,8 +55,10 @@ bool DialerLink::Send(const std::string& message) {
 
 bool DialerLink::Close(const std::string& killMessage) {
   if (!IsRunning()) return true;
-  return Send(killMessage) && process_.waitForFinished(kEndMs) &&
-         process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0;
+  // A dialer that ends may be gone before it has answered.
+  Send(killMessage);
+  return process_.waitForFinished(kEndMs) && process_.exitStatus() == QProcess::NormalExit &&
+         process_.exitCode() == 0;
 }
 
 }  // namespace orvane

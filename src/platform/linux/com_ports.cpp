@@ -27,15 +27,16 @@ QStringList InComOrder(QStringList devices) {
 }
 
 std::optional<QString> ComPortDevice(int port, const QString& linkFolder,
-                                     const QStringList& devices) {
+                                     const std::function<QStringList()>& devices) {
   const QDir folder(linkFolder);
   const QString wanted = QStringLiteral("com%1").arg(port);
   // A link that leads nowhere, or to a device, counts as a system entry.
   for (const QString& name : folder.entryList(QDir::Files | QDir::System, QDir::Name)) {
     if (name.compare(wanted, Qt::CaseInsensitive) == 0) return folder.filePath(name);
   }
-  if (port < 1 || port > devices.size()) return std::nullopt;
-  return devices[port - 1];
+  const QStringList found = devices();
+  if (port < 1 || port > found.size()) return std::nullopt;
+  return found[port - 1];
 }
 
 QStringList SerialDevices() {

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 namespace orvane {
@@ -11,10 +12,11 @@ namespace orvane {
 QStringList InComOrder(QStringList devices);
 
 // The device of COM `port`: the link "com<port>" in `linkFolder` (any letter case, also when it
-// leads nowhere), otherwise the port-th of `devices`, which are in order. Nothing when there is
-// none.
+// leads nowhere), otherwise the port-th of the devices, which `devices` gives in order. Nothing
+// when there is none. The devices are asked for only without a link, because looking for them takes
+// long.
 std::optional<QString> ComPortDevice(int port, const QString& linkFolder,
-                                     const QStringList& devices);
+                                     const std::function<QStringList()>& devices);
 
 // The devices that the machine has now, in order.
 QStringList SerialDevices();

@@ -61,7 +61,7 @@ void QtSerialControl::SetPortOpen(bool open) {
 }
 
 void QtSerialControl::Open() {
-  const auto device = ComPortDevice(port_, linkFolder_, SerialDevices());
+  const auto device = ComPortDevice(port_, linkFolder_, SerialDevices);
   // The same name for every program, whichever link it came by: locks go by name.
   const QString path = device ? QFileInfo(*device).canonicalFilePath() : QString();
   if (path.isEmpty()) throw MakeSerialError(kSerialInvalidPort);
