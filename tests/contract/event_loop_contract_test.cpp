@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "contract/event_wait.h"
 #include "fakes/hand_loop.h"
 #include "platform/common/qt_event_loop.h"
 
@@ -22,12 +23,9 @@ struct LoopUnderTest {
 
 LoopUnderTest MakeQtLoop() {
   return {std::make_unique<QtEventLoop>(), [](milliseconds time) {
-            QElapsedTimer timer;
-            timer.start();
-            while (timer.elapsed() < time.count()) {
-              QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents,
-                                              5);
-            }
+            QElapsedTimer elapsed;
+            elapsed.start();
+            RunUntil([&] { return elapsed.elapsed() >= time.count(); });
             QCoreApplication::processEvents();
           }};
 }

@@ -46,22 +46,27 @@ class FakeChannel : public HostChannel {
     if (window == nullptr || !window->onCopyData) return false;
     const auto handler = window->onCopyData;
     const auto handled = std::make_shared<bool>(false);
-    handler(data, [handled] { *handled = true; });
+    CopyData received = data;
+    received.bytes.resize(std::min(received.bytes.size(), kCopyDataBufferBytes));
+    handler(received, [handled, desktop = desktop_, id = peer.id] {
+      if (desktop->Find(id) != nullptr) *handled = true;
+    });
     return *handled;
   }
 
   void BringToFront(const PeerWindow& peer) override {
     const auto* window = desktop_->Find(peer.id);
-    if (window != nullptr && window->onFront) window->onFront();
+    const auto onFront = window == nullptr ? nullptr : window->onFront;
+    if (onFront) onFront();
   }
 
   void Hook(std::uintptr_t /*window*/, const std::string& caption, CopyDataHandler onCopyData,
             std::function<void()> onFront) override {
     if (ownId_ != 0) return;
     ownId_ = desktop_->nextId++;
-    desktop_->windows.insert(
-        desktop_->windows.begin(),
-        {PeerWindow{ownId_, false, caption}, std::move(onCopyData), std::move(onFront)});
+    desktop_->windows.insert(desktop_->windows.begin(),
+                             {PeerWindow{ownId_, false, FirstCharacters(caption)},
+                              std::move(onCopyData), std::move(onFront)});
   }
 
   void Unhook() override {
@@ -70,6 +75,15 @@ class FakeChannel : public HostChannel {
   }
 
  private:
+  // The 255 characters that a caption may have.
+  static std::string FirstCharacters(const std::string& utf8) {
+    int characters = 0;
+    const auto end = std::find_if(utf8.begin(), utf8.end(), [&](char c) {
+      return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U && ++characters > 255;
+    });
+    return {utf8.begin(), end};
+  }
+
   std::shared_ptr<FakeDesktop> desktop_;
   std::uintptr_t ownId_ = 0;
 };

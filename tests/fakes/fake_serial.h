@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/serial_control.h"
+#include "platform/serial_errors.h"
 
 namespace orvane {
 
@@ -13,9 +14,8 @@ class FakeSerial : public SerialControl {
  public:
   void SetCommPort(int port) override {
     if (port == port_) return;
-    if (open_)
-      throw SerialError(kSerialInvalidOpenPort, "Vorgang bei geöffnetem Anschluss ungültig");
-    if (port < 1 || port > kSerialMaxPort) throw InvalidPort();
+    if (open_) throw MakeSerialError(kSerialInvalidOpenPort);
+    if (port < 1 || port > kSerialMaxPort) throw MakeSerialError(kSerialInvalidPort);
     port_ = port;
   }
   int CommPort() const override { return port_; }
@@ -23,10 +23,8 @@ class FakeSerial : public SerialControl {
   void SetPortOpen(bool open) override {
     if (open == open_) return;
     if (open) {
-      if (busyPorts.count(port_) != 0) {
-        throw SerialError(kSerialPortInUse, "Anschluss bereits geöffnet");
-      }
-      if (existingPorts.count(port_) == 0) throw InvalidPort();
+      if (busyPorts.count(port_) != 0) throw MakeSerialError(kSerialPortInUse);
+      if (existingPorts.count(port_) == 0) throw MakeSerialError(kSerialInvalidPort);
     }
     open_ = open;
     received_ = 0;
@@ -35,8 +33,8 @@ class FakeSerial : public SerialControl {
   bool PortOpen() const override { return open_; }
 
   void Output(std::string_view bytes) override {
-    if (!open_) throw SerialError(kSerialNoOpenPort, "Vorgang nur bei geöffnetem Anschluss gültig");
-    if (unplugged_) throw DeviceError();
+    if (!open_) throw MakeSerialError(kSerialNoOpenPort);
+    if (unplugged_) throw MakeSerialError(kSerialDeviceError);
     sent += bytes;
   }
   int InBufferCount() const override { return open_ ? received_ : 0; }
@@ -56,7 +54,7 @@ class FakeSerial : public SerialControl {
   void Unplug() {
     if (!open_ || unplugged_) return;
     unplugged_ = true;
-    if (onError_) onError_(DeviceError());
+    if (onError_) onError_(MakeSerialError(kSerialDeviceError));
   }
 
   std::set<int> existingPorts{1, 3};
@@ -64,11 +62,6 @@ class FakeSerial : public SerialControl {
   std::string sent;
 
  private:
-  static SerialError InvalidPort() { return {kSerialInvalidPort, "Ungültige Anschlussnummer"}; }
-  static SerialError DeviceError() {
-    return {kSerialDeviceError, "Fehler beim Lesen des Kommunikationsgeräts"};
-  }
-
   int port_ = 1;
   bool open_ = false;
   bool unplugged_ = false;

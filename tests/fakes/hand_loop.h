@@ -16,6 +16,7 @@ class HandLoop : public EventLoop {
   void Post(Task task) override { posted_->push_back(std::move(task)); }
 
   std::unique_ptr<Timer> After(std::chrono::milliseconds delay, Task task) override {
+    std::erase_if(*timers_, [](const auto& timer) { return !timer->task; });
     auto entry = std::make_shared<Entry>(Entry{now_ + delay, std::move(task)});
     timers_->push_back(entry);
     return std::make_unique<HandTimer>(entry);
