@@ -13,7 +13,8 @@ packages_build=(cmake ninja-build g++ ccache pkg-config qt6-base-dev qt6-serialp
 packages_run=(xvfb openbox xdotool imagemagick x11-utils fonts-noto-core
   dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3 python3-gi)
 packages_lint=(clang-format clang-tidy)
-packages_bench=(libbenchmark-dev)
+# Reads pixels of the display while it measures.
+packages_bench=(python3-xlib)
 
 wanted=()
 for group in "${@:-build run}"; do

@@ -1,6 +1,8 @@
 // Puts the program together; the only place that picks implementations of the system's interfaces.
 #include <QApplication>
 #include <QFileInfo>
+#include <QLibraryInfo>
+#include <QTranslator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,6 +17,7 @@
 #include "platform/common/qt_locale_format.h"
 #include "platform/common/qt_prompts.h"
 #include "platform/common/qt_window_chrome.h"
+#include "platform/common/simulated_lines.h"
 #include "platform/common/sqlite_services.h"
 #include "platform/common/system_clock.h"
 #include "platform/common/tapi_lines.h"
@@ -36,6 +39,25 @@ void ChoosePlatform() {
   }
 }
 
+// The simulated lines are for demonstrations: whoever wants them says so before the start.
+std::vector<std::unique_ptr<orvane::LineServiceProvider>> LineProviders(
+    orvane::EventLoop& loop, orvane::CallHandles& handles) {
+  std::vector<std::unique_ptr<orvane::LineServiceProvider>> providers;
+  if (qEnvironmentVariableIntValue("ORVANE_SIMULATED_LINES") > 0) {
+    providers.push_back(
+        std::make_unique<orvane::SimulatedLines>(loop, handles, orvane::SimulatedLines::Times{}));
+  }
+  return providers;
+}
+
+// The toolkit's own texts, such as the number field's context menu.
+void SpeakGerman(QApplication& application, QTranslator& translator) {
+  if (translator.load(QStringLiteral("qtbase_de"),
+                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    application.installTranslator(&translator);
+  }
+}
+
 int Run(const std::string& commandLine) {
   using namespace orvane;
   QtPrompts screen;
@@ -44,11 +66,11 @@ int Run(const std::string& commandLine) {
   ProfileIniFile ini;
   SqliteServices databases;
   QtSerialControl serial;
-  CallHandles callHandles;
-  TapiLines tapi{LineProviders(loop, callHandles)};
   SocketHostChannel channel;
   LockFileInstance instance;
   QtEventLoop loop;
+  CallHandles callHandles;
+  TapiLines tapi{LineProviders(loop, callHandles)};
   SystemClock clock;
   QtLocaleFormat locale;
   Services services{[] { return std::make_unique<SettingsRegistry>(); },
@@ -65,9 +87,8 @@ int Run(const std::string& commandLine) {
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
-  frmDial window(services, state, call, queue, [](QWidget& widget) {
-    return std::make_unique<QtWindowChrome>(widget);
-  });
+  frmDial window(services, state, call, queue,
+                 [](QWidget& widget) { return std::make_unique<QtWindowChrome>(widget); });
 
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {
@@ -92,6 +113,8 @@ int main(int argc, char** argv) {
   QApplication application(ownName, argv);
   QApplication::setApplicationName(QStringLiteral("Orvane"));
   QApplication::setQuitOnLastWindowClosed(false);
+  QTranslator translator;
+  SpeakGerman(application, translator);
   const orvane::ApplicationStyle style(application);
   return Run(orvane::JoinCommandLine(words));
 }

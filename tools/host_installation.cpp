@@ -77,9 +77,8 @@ HostInstallation BuildHostInstallation(const std::filesystem::path& folder, Host
   std::filesystem::create_directories(userRes);
   std::filesystem::create_directories(folder / "res");
 
-  const HostInstallation installation{HostFolderText(folder), data / "Global.ini",
-                                      data / "CONTACT.FDB", userRes / "TelList.fdb",
-                                      userRes / "Kurzwahl.dat"};
+  HostInstallation installation{HostFolderText(folder), data / "Global.ini", data / "CONTACT.FDB",
+                                userRes / "TelList.fdb", userRes / "Kurzwahl.dat"};
   WriteFile(installation.globalIni, EncodeAnsi(GlobalIni(options)));
   WriteFile(installation.speedDialFile, EncodeAnsi(SpeedDialBlock(options.internalSpeedDial) +
                                                    SpeedDialBlock(options.externalSpeedDial)));

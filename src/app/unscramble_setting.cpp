@@ -50,7 +50,7 @@ std::uint16_t ScrambleChecksum(std::string_view ansi) {
 }
 
 std::string UnscrambleSetting(std::string_view text, std::string_view key, int rounds) {
-  const std::string unchanged(text);
+  std::string unchanged(text);
   const auto bytes = BytesOfHex(text);
   if (!bytes || bytes->size() <= kChecksumBytes) return unchanged;
 

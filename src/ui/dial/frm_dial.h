@@ -27,7 +27,7 @@ namespace orvane {
 
 // The dial window: a frameless pad beside the host application. What the user does goes through the
 // work queue, so that it cannot overtake a procedure that is still busy.
-class frmDial : public QWidget, public SettingsPanel, public LinePanel, public RemotePanel {
+class frmDial final : public QWidget, public SettingsPanel, public LinePanel, public RemotePanel {
  public:
   using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
 

@@ -95,7 +95,8 @@ QPainterPath Gear() {
     // Four corners a tooth: two at its tip, two at its foot, the tip a little narrower.
     constexpr std::array<qreal, 4> kAngles = {-0.28, 0.28, 0.42, 0.58};
     const auto part = static_cast<std::size_t>(corner % 4);
-    const qreal turn = (corner / 4 + kAngles[part] * 0.92) / kTeeth;
+    const int tooth = corner / 4;
+    const qreal turn = (tooth + kAngles[part] * 0.92) / kTeeth;
     const qreal radius = part < 2 ? 10.2 : 7.6;
     const qreal angle = turn * 2 * std::numbers::pi;
     rim << QPointF(12 + radius * std::sin(angle), 12 - radius * std::cos(angle));

@@ -193,10 +193,13 @@ TEST_F(DialWindowCommands, ClicksBehindABoxWaitForItsEnd) {
   prompts.whileShown = [this] {
     Click("cmdNr_4");
     Click("cmdNr_2");
+    window->close();
     EXPECT_EQ(window->NumberText(), "");
+    EXPECT_TRUE(window->IsLoaded());
   };
   Click("cmdOptionen");
   EXPECT_EQ(window->NumberText(), "42");
+  EXPECT_FALSE(window->IsLoaded());
 }
 
 TEST_F(DialWindowCommands, TheLogTakesTheVersionsPlace) {

@@ -177,9 +177,11 @@ TEST_F(DialWindowLoad, EndsAModemCallAndTheTelephoneSession) {
   state.settings.tapiLineId = 2;
   window->SetNumberText("0301234");
   Click("cmdDial_0");
+  serial.Feed("OK\r\n");
   ASSERT_TRUE(serial.PortOpen());
+  ASSERT_EQ(loop.PendingTimers(), 1) << "the call is held";
   window->Unload();
-  EXPECT_EQ(serial.sent, "AT\r");
+  EXPECT_EQ(loop.PendingTimers(), 0);
   EXPECT_FALSE(serial.PortOpen());
   EXPECT_EQ(tapi.log, (std::vector<std::string>{"drop 2 0", "close 2", "shutdown"}));
 }

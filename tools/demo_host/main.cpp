@@ -1,0 +1,145 @@
+// The host's stand-in for trying the dialer out: builds an installation of its own, runs a
+// simulated modem and the dialer, and hands contacts over.
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFile>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <exception>
+#include <filesystem>
+#include <string>
+
+#include "demo_host/demo_session.h"
+#include "demo_host/demo_window.h"
+#include "demo_host/dial_message.h"
+#include "demo_host/dialer_link.h"
+#include "host_installation.h"
+#include "modem_simulator.h"
+#include "platform/linux/com_ports.h"
+#include "platform/linux/settings_registry.h"
+#include "platform/linux/socket_host_channel.h"
+#include "remote/copy_data_text.h"
+#include "ui/style/application_style.h"
+
+namespace {
+
+using namespace orvane;
+
+struct Arguments {
+  std::filesystem::path root;
+  QString dialer;
+  bool installOnly = false;
+};
+
+Arguments ReadArguments(const QApplication& application) {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  const QCommandLineOption root(QStringLiteral("root"), QStringLiteral("Folder of the demo."),
+                                QStringLiteral("folder"), data + QStringLiteral("/orvane-demo"));
+  const QCommandLineOption dialer(QStringLiteral("dialer"), QStringLiteral("The dialer's program."),
+                                  QStringLiteral("file"),
+                                  QApplication::applicationDirPath() + QStringLiteral("/orvane"));
+  const QCommandLineOption installOnly(QStringLiteral("install-only"),
+                                       QStringLiteral("Build the installation and end."));
+  QCommandLineParser parser;
+  parser.addHelpOption();
+  parser.addOptions({root, dialer, installOnly});
+  parser.process(application);
+  return {parser.value(root).toStdString(), parser.value(dialer), parser.isSet(installOnly)};
+}
+
+// The dialer finds the modem as COM1.
+void LinkModem(const std::string& device) {
+  const std::filesystem::path folder = ComLinkFolder().toStdString();
+  std::filesystem::create_directories(folder);
+  std::filesystem::remove(folder / "com1");
+  std::filesystem::create_symlink(device, folder / "com1");
+}
+
+// Everything that the modem hears, in the window and in a file.
+class ModemLog {
+ public:
+  ModemLog(const std::filesystem::path& file, DemoWindow& window) : window_(window) {
+    file_.setFileName(QString::fromStdString(file.string()));
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+      window_.AddModemLine(file_.errorString());
+    }
+  }
+
+  void Add(const std::string& command) {
+    const QString line = QStringLiteral("< ") + QString::fromStdString(command);
+    window_.AddModemLine(line);
+    file_.write(line.toUtf8() + '\n');
+    file_.flush();
+  }
+
+ private:
+  DemoWindow& window_;
+  QFile file_;
+};
+
+int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options,
+            const QString& program) {
+  ModemSimulator modem;
+  LinkModem(modem.SlavePath());
+
+  DemoWindow window(options.contacts);
+  ModemLog log(folders.modemLog, window);
+  modem.SetCommandHandler([&log](const std::string& command) { log.Add(command); });
+
+  SocketHostChannel channel;
+  channel.Hook(
+      window.winId(), window.windowTitle().toStdString(),
+      [&window](const CopyData& data, const HostChannel::Handled& handled) {
+        if (const auto text = CopyDataText(data)) {
+          window.AddNotification(QString::fromStdString(*text));
+        }
+        handled();
+      },
+      [&window] { window.raise(); });
+
+  DialerLink dialer(channel, program);
+  const std::string start = "TX:" + std::to_string(options.userNumber);
+  bool endedWell = true;
+  QObject::connect(&dialer, &DialerLink::StateChanged, &window, &DemoWindow::SetDialerState);
+  QObject::connect(&window, &DemoWindow::DialRequested, &dialer, [&](std::size_t company) {
+    const auto message = DialMessage(options.userNumber, options.contacts.companies[company]);
+    // A dialer that was closed is started again, with the command on its command line.
+    if (dialer.IsRunning()) {
+      dialer.Send(message);
+    } else {
+      dialer.Start(message);
+    }
+  });
+  QObject::connect(&window, &DemoWindow::Closing, &dialer,
+                   [&] { endedWell = dialer.Close(KillMessage(options.userNumber)); });
+
+  window.show();
+  dialer.Start(start);
+  const int code = QApplication::exec();
+  channel.Unhook();
+  return endedWell ? code : 1;
+}
+
+int Run(const Arguments& arguments) {
+  const DemoFolders folders = EnterDemoSession(arguments.root);
+  const HostInstallationOptions options;
+  SettingsRegistry registry;
+  BuildHostInstallation(folders.host, registry, options);
+  return arguments.installOnly ? 0 : RunDemo(folders, options, arguments.dialer);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  const ApplicationStyle style(application);
+  const Arguments arguments = ReadArguments(application);
+  try {
+    return Run(arguments);
+  } catch (const std::exception& error) {
+    QMessageBox::critical(nullptr, QStringLiteral("Demo nicht möglich"),
+                          QString::fromUtf8(error.what()));
+    return 1;
+  }
+}
