@@ -54,7 +54,7 @@ const Case kCases[] = {
 class IniContract : public testing::TestWithParam<Case> {
  protected:
   std::string Write(const std::string& text) const {
-    const std::string path = folder_.path().toStdString() + "/Global.ini";
+    std::string path = folder_.path().toStdString() + "/Global.ini";
     std::ofstream(path, std::ios::binary) << text;
     return path;
   }
@@ -112,7 +112,7 @@ TEST_F(IniFiles, WhatIsNoFileGivesTheFallback) {
 
 TEST_F(IniFiles, AHugeFileIsReadToItsLimit) {
   const std::string start = "[Tel]\na=1\n";
-  std::string text = start + std::string(5 * 1024 * 1024, 'x') + "\nb=2\n";
+  std::string text = start + std::string(5'000'000, 'x') + "\nb=2\n";
   const std::string file = Write(text);
   EXPECT_EQ(ini_.Read("Tel", "a", file, "f"), "1");
   EXPECT_EQ(ini_.Read("Tel", "b", file, "f"), "f");

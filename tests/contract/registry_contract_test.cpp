@@ -11,8 +11,6 @@
 namespace orvane {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 RegistryFactory MakeSettingsRegistries() {
   const auto folder = std::make_shared<QTemporaryDir>();
   return [folder] {
@@ -60,9 +58,8 @@ TEST_P(RegistryContract, EveryTextComesBackAsItWas) {
       "\"quoted\" 'text'",
       "Grüße € 😀",
       "a\r\nb",
-      "\x01"
-      "f",
-      "x\0y"sv,
+      "\1f",
+      std::string_view("x\0y", 3),
       "# ; [x]",
       "%41",
       "\\",

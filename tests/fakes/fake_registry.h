@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/errors.h"
 #include "platform/host_registry.h"
@@ -56,7 +57,7 @@ class FakeRegistry : public HostRegistry {
 };
 
 inline RegistryFactory FakeRegistryFactory(std::shared_ptr<FakeRegistryStore> store) {
-  return [store] { return std::make_unique<FakeRegistry>(store); };
+  return [store = std::move(store)] { return std::make_unique<FakeRegistry>(store); };
 }
 
 }  // namespace orvane

@@ -15,7 +15,7 @@
 namespace orvane {
 namespace {
 
-constexpr qint64 kLargestFileBytes = 16 * 1024 * 1024;
+constexpr qint64 kLargestFileBytes = qint64{16} * 1024 * 1024;
 constexpr std::chrono::milliseconds kLockWait{2000};
 
 RegistryError AccessDenied() {
@@ -33,6 +33,11 @@ QString AsKey(std::string_view path) {
   return ToQString(path).replace(u'\\', u'/');
 }
 
+QString RootName(std::uint32_t root) {
+  return root == kRootCurrentUser ? QStringLiteral("HKEY_CURRENT_USER")
+                                  : QStringLiteral("HKEY_%1").arg(root, 8, 16, QLatin1Char('0'));
+}
+
 }  // namespace
 
 QString SettingsRegistry::DefaultFile() {
@@ -40,15 +45,13 @@ QString SettingsRegistry::DefaultFile() {
          QStringLiteral("/Nordel/registry.ini");
 }
 
-SettingsRegistry::SettingsRegistry(QString file) : file_(std::move(file)) {
-  SetRootKey(kRootCurrentUser);
-}
+SettingsRegistry::SettingsRegistry(QString file)
+    : file_(std::move(file)), root_(RootName(kRootCurrentUser)) {}
 
 void SettingsRegistry::SetApplicationName(std::string_view /*name*/) {}
 
 void SettingsRegistry::SetRootKey(std::uint32_t root) {
-  root_ = root == kRootCurrentUser ? QStringLiteral("HKEY_CURRENT_USER")
-                                   : QStringLiteral("HKEY_%1").arg(root, 8, 16, QLatin1Char('0'));
+  root_ = RootName(root);
 }
 
 void SettingsRegistry::SetKeyPath(std::string_view path) {

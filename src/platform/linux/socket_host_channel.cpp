@@ -78,7 +78,7 @@ SocketHostChannel::SocketHostChannel(std::shared_ptr<SocketSession> session)
     : session_(std::move(session)) {}
 
 SocketHostChannel::~SocketHostChannel() {
-  Unhook();
+  SocketHostChannel::Unhook();
 }
 
 std::vector<PeerWindow> SocketHostChannel::Windows() {

@@ -19,6 +19,8 @@ constexpr char kHandledByte = 1;
 
 }  // namespace
 
+// The answer to one sender: given when the record was handled, or refused when the last copy of it
+// is forgotten. It outlives the window, because handling a record may close the window.
 class SocketWindow::Reply {
  public:
   explicit Reply(FileDescriptor socket) : socket_(std::move(socket)) {}
@@ -28,7 +30,6 @@ class SocketWindow::Reply {
     send(socket_.Get(), &kHandledByte, 1, MSG_NOSIGNAL | MSG_DONTWAIT);
     socket_.Reset();
   }
-  void Release() { socket_.Reset(); }
 
  private:
   FileDescriptor socket_;
@@ -51,10 +52,6 @@ void SocketWindow::Close() {
   entry_.reset();
   senders_.clear();
   handlers_ = {};
-  for (const auto& pending : replies_) {
-    if (const auto reply = pending.lock()) reply->Release();
-  }
-  replies_.clear();
 }
 
 void SocketWindow::AddToPoll(std::vector<pollfd>& set) const {
@@ -143,8 +140,6 @@ void SocketWindow::Deliver(FileDescriptor socket, const Frame& frame) {
   }
   if (!handlers.onCopyData) return;
   const auto reply = std::make_shared<Reply>(std::move(socket));
-  std::erase_if(replies_, [](const auto& pending) { return pending.expired(); });
-  replies_.push_back(reply);
   handlers.onCopyData(frame.data, [reply] { reply->SayHandled(); });
 }
 

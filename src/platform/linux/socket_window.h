@@ -67,7 +67,6 @@ class SocketWindow : public std::enable_shared_from_this<SocketWindow> {
   QTimer pause_;
   // The oldest first.
   std::list<Sender> senders_;
-  std::vector<std::weak_ptr<Reply>> replies_;
 };
 
 }  // namespace orvane

@@ -105,6 +105,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void KeepCompactViewOnScreen();
 
   void OnNumberChanged();
+  void FitNumber();
   void ShowDestination();
   void OnDial();
   void OnClear();

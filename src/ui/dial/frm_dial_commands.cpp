@@ -15,12 +15,15 @@
 #include "ui/logic/speed_dial_selection.h"
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
+#include "ui/style/style_sheet.h"
 
 namespace orvane {
 namespace {
 
 constexpr char kMessageTitle[] = "Brisko";
 constexpr char kRefusalTitle[] = "Ausführung nicht möglich!";
+// Frame, padding and caret of the number field.
+constexpr int kNumberPaddingPixels = 18;
 constexpr std::string_view kIdleHeadline = "Bereit...";
 constexpr std::string_view kIdleHint = "Bitte wählen Sie...";
 
@@ -65,10 +68,22 @@ void frmDial::OnNumberChanged() {
     c_.txtNr->setText(kept);
     c_.txtNr->setCursorPosition(static_cast<int>(cursor));
   }
+  FitNumber();
   // An entry that was picked names another number from now on.
   c_.cboNr->setCurrentIndex(-1);
   ShowSpeedDialKind(-1);
   ShowDestination();
+}
+
+// A number that does not fit in large digits is shown in smaller ones, whole if possible.
+void frmDial::FitNumber() {
+  QLineEdit& field = *c_.txtNr;
+  SetRole(field, role::kNumber);
+  const QMargins margins = field.textMargins();
+  const int room = field.width() - margins.left() - margins.right() - kNumberPaddingPixels;
+  if (field.fontMetrics().horizontalAdvance(field.text()) > room) {
+    SetRole(field, role::kLongNumber);
+  }
 }
 
 void frmDial::ShowDestination() {

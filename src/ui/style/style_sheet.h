@@ -18,6 +18,7 @@ inline constexpr char kTitleButton[] = "titleButton";
 inline constexpr char kBody[] = "body";
 inline constexpr char kStrip[] = "strip";
 inline constexpr char kNumber[] = "number";
+inline constexpr char kLongNumber[] = "longNumber";
 inline constexpr char kFieldButton[] = "fieldButton";
 inline constexpr char kTool[] = "tool";
 inline constexpr char kCard[] = "card";
