@@ -9,9 +9,10 @@ set -euo pipefail
 packages_build=(cmake ninja-build g++ ccache pkg-config qt6-base-dev qt6-serialport-dev
   libsqlite3-dev libgtest-dev)
 # A display without a screen, a window manager, real clicks, screenshots, and the accessibility tree
-# by which the scripted call finds the dial window's controls.
+# by which the scripted call finds the dial window's controls. A telephone and a far end for real
+# calls.
 packages_run=(xvfb openbox xdotool imagemagick x11-utils fonts-noto-core qt6-translations-l10n
-  dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3 python3-gi)
+  dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3 python3-gi baresip sip-tester)
 packages_lint=(clang-format clang-tidy)
 # Reads pixels of the display while it measures.
 packages_bench=(python3-xlib)

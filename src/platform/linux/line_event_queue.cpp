@@ -7,9 +7,7 @@ namespace orvane {
 
 void LineEventQueue::Add(Event event) {
   events_.push_back(std::move(event));
-  if (turn_ == nullptr) {
-    turn_ = loop_.After(std::chrono::milliseconds(0), [this] { DeliverNext(); });
-  }
+  if (turn_ == nullptr) PlanTurn();
 }
 
 void LineEventQueue::Clear() {
@@ -17,16 +15,19 @@ void LineEventQueue::Clear() {
   turn_.reset();
 }
 
-// The next turn is planned before anyone hears of this event: a message box that the listener shows
-// runs a loop of its own, in which the rest is to arrive.
-void LineEventQueue::DeliverNext() {
-  turn_.reset();
-  const Event event = std::move(events_.front());
-  events_.pop_front();
-  if (!events_.empty()) {
-    turn_ = loop_.After(std::chrono::milliseconds(0), [this] { DeliverNext(); });
+void LineEventQueue::PlanTurn() {
+  turn_ = loop_.After(std::chrono::milliseconds(0), [this] { Deliver(); });
+}
+
+void LineEventQueue::Deliver() {
+  for (std::size_t left = events_.size(); left > 0 && !events_.empty(); --left) {
+    const Event event = std::move(events_.front());
+    events_.pop_front();
+    turn_.reset();
+    // A message box that the listener shows runs a loop of its own, in which the rest is to arrive.
+    if (!events_.empty()) PlanTurn();
+    if (listener_ != nullptr) event(*listener_);
   }
-  if (listener_ != nullptr) event(*listener_);
 }
 
 }  // namespace orvane

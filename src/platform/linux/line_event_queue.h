@@ -9,7 +9,8 @@
 
 namespace orvane {
 
-// Hands events to the program's listener on later turns of the event loop, one a turn and in order.
+// Hands events to the program's listener on a later turn of the event loop, in order. What belongs
+// together is added together and arrives in one turn, so that nothing new begins in between.
 class LineEventQueue {
  public:
   using Event = std::function<void(TapiEvents&)>;
@@ -22,7 +23,8 @@ class LineEventQueue {
   void Clear();
 
  private:
-  void DeliverNext();
+  void PlanTurn();
+  void Deliver();
 
   EventLoop& loop_;
   TapiEvents* listener_ = nullptr;
