@@ -59,7 +59,8 @@ void ModemDialer::Dial(const std::string& number) {
   panel_.AddStatus(">>> Wählen: " + number);
   AwaitReply(number);
   logger_.LogCall(true, false);
-  OnReceived();
+  // What was queued meanwhile, an order to close perhaps, comes before the dial command.
+  queue_.Submit([this] { OnReceived(); });
 }
 
 bool ModemDialer::Probe() {

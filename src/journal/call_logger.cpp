@@ -42,12 +42,17 @@ void CallLogger::LogEnd(bool isBusy) {
     display_.AddStatus("Getrennt um " + services_.locale.Time(now));
     display_.AddStatus("Gesprächsdauer: " + duration);
   }
+  // A call that was taken at the telephone itself has no row.
+  if (!call_.startText.empty()) CompleteRow(duration);
+  call_.startText.clear();
+  call_.connectText.clear();
+}
+
+void CallLogger::CompleteRow(const std::string& duration) {
   std::string kind = "o";
   TelList(services_, state_, kind, call_.startText, call_.connectText, duration,
           call_.lastDialedDigits, call_.company, call_.place, call_.person, call_.addressKey,
           call_.personKey);
-  call_.startText.clear();
-  call_.connectText.clear();
 }
 
 }  // namespace orvane

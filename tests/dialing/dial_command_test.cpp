@@ -115,6 +115,7 @@ TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
 }
 
 TEST_F(DialCommandTest, DialsByAnOpenLine) {
+  tapi.SetTag("opened");
   for (const std::uint8_t method : {kDialMethodTapi, std::uint8_t{3}}) {
     panel.sessionOn = false;
     state.settings.dialMethod = method;

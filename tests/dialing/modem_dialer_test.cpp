@@ -121,6 +121,16 @@ TEST_F(ModemDialerTest, ACableThatIsPulledEndsTheWaitWithAMessage) {
   }
 }
 
+TEST_F(ModemDialerTest, AnOrderToCloseComesBeforeTheDialCommand) {
+  databases.FailOpen(kDbErrorFailed, "Die Datei ist gesperrt.");
+  prompts.whileShown = [this] {
+    queue.Submit([this] { modem.Abandon(); });
+    serial.Feed("OK");
+  };
+  Click();
+  EXPECT_EQ(serial.sent, "AT\r");
+}
+
 TEST_F(ModemDialerTest, WhatHappensBehindAMessageBoxWaitsForIt) {
   databases.FailOpen(kDbErrorFailed, "Die Datei ist gesperrt.");
   prompts.whileShown = [this] {

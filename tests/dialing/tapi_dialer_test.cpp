@@ -27,6 +27,7 @@ class TapiDialerTest : public ProgramFixture {
     state.databases.journal = databases.NewConnection();
     state.settings.tapiLineId = 0;
     call.company = "Muster GmbH";
+    tapi.SetTag("opened");
   }
 
   void Click() {
@@ -122,15 +123,27 @@ TEST_F(TapiDialerTest, ASecondCallCannotStealTheFirst) {
   EXPECT_FALSE(panel.sessionOn);
 }
 
-TEST_F(TapiDialerTest, ACallTakenAtTheTelephoneShowsAsASession) {
+TEST_F(TapiDialerTest, ACallTakenAtTheTelephoneShowsAsASessionAndTouchesNoRow) {
+  // A call before it that nobody answered left its row behind.
+  Click();
+  dialer.OnCallState(7, 1, kLineCallRingback);
+  End(7);
+  databases.statements.clear();
   Connect(9);
   EXPECT_TRUE(panel.sessionOn);
   Click();
   EXPECT_EQ(tapi.log.back(), "drop 0 9");
-  call.connectText.clear();
   End(9);
   EXPECT_FALSE(panel.sessionOn);
-  EXPECT_EQ(panel.log.back(), "Aufgelegt.");
+  EXPECT_EQ(panel.log, (Lines{"Verbunden um 09:05:07", "Aufgelegt.", "Getrennt um 09:05:07",
+                              "Gesprächsdauer: "}));
+  EXPECT_TRUE(databases.statements.empty());
+}
+
+TEST_F(TapiDialerTest, ALostLineIsOpenedAgainByTheNextCall) {
+  dialer.OnLineMessage("SUCCESS", "TapiLineClose", 0);
+  Click();
+  EXPECT_EQ(tapi.log, (Lines{"open 0 4 6 9", "call 0 00301234"}));
 }
 
 TEST_F(TapiDialerTest, AFailingLineLeavesAUsableButton) {
@@ -189,13 +202,14 @@ TEST_F(TapiDialerTest, EventsBehindAMessageBoxKeepTheirOrder) {
   prompts.whileShown = [this] {
     prompts.whileShown = nullptr;
     Connect(7);
+    clock.now.hour = 10;
     End(7);
     EXPECT_EQ(panel.log, Lines{">>> Wählen: 00301234"});
   };
   Click();
   EXPECT_FALSE(panel.sessionOn);
   EXPECT_EQ(panel.log.front(), "Verbunden um 09:05:07");
-  EXPECT_EQ(panel.log.back(), "Gesprächsdauer: ");
+  EXPECT_EQ(panel.log.back(), "Gesprächsdauer: 1 Std. ");
 }
 
 }  // namespace

@@ -102,6 +102,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void ShutDownTapi();
 
   void ApplyWindowShape();
+  bool DragWindow(Qt::MouseButton button);
   void KeepCompactViewOnScreen();
 
   void OnNumberChanged();
