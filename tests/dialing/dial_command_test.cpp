@@ -141,6 +141,16 @@ TEST_F(DialCommandTest, NeedsAUserAndLeavesTheHistoryFirst) {
   EXPECT_TRUE(panel.sessionOn);
 }
 
+TEST_F(DialCommandTest, ACallEndsTheWayItWasPlaced) {
+  Click("0301234");
+  state.settings.dialMethod = kDialMethodTapi;
+  state.settings.tapiLineId = 0;
+  Click("0301234");
+  EXPECT_FALSE(serial.PortOpen());
+  EXPECT_TRUE(tapi.log.empty());
+  EXPECT_FALSE(panel.sessionOn);
+}
+
 TEST_F(DialCommandTest, ASecondClickEndsTheCallWithoutPreparingAgain) {
   Click("0301234");
   Click("0999");

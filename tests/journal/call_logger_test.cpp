@@ -115,6 +115,17 @@ TEST_F(CallLoggerTest, CompletesOnlyACallThatWasConnected) {
   }
 }
 
+TEST_F(CallLoggerTest, ACallEndsInTheJournalItBeganIn) {
+  logger.LogCall(true, false);
+  call.connectText = TimeText(clock.now);
+  state.host.userPath = UserFolder(state.host, 18);
+  databases.properties.clear();
+  logger.LogCall(false, false);
+  EXPECT_EQ(databases.Property("Data Source"), UserFolder(state.host, 17) + "res\\TelList.fdb");
+  EXPECT_EQ(state.host.userPath, UserFolder(state.host, 18));
+  EXPECT_EQ(state.databases.journalConnectionString, "");
+}
+
 TEST_F(CallLoggerTest, CompactsAJournalThatHasGrownAfterAnyCall) {
   for (const std::uintmax_t bytes : {9999999U, 10000000U}) {
     std::filesystem::resize_file(UserFile("TelList.fdb"), bytes);
