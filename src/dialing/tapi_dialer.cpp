@@ -164,9 +164,19 @@ void TapiDialer::HandleLineMessage(const std::string& result, const std::string&
     }
     if (function == "TapiLineOpen") services_.tapi.SetTag("opened");
   }
-  if (panel_.WindowEnabled() || testDial_ == nullptr) return;
+  if (panel_.WindowEnabled()) {
+    if (result == "INSERVICE" && WaitsForItsLine()) panel_.LinesChanged();
+    return;
+  }
+  if (testDial_ == nullptr) return;
   testDial_->AppendProgress("TapiMessage: " + result + "  " + function + "  " +
                             std::to_string(code));
+}
+
+bool TapiDialer::WaitsForItsLine() const {
+  const DialSettings& settings = state_.settings;
+  return settings.dialMethod == kDialMethodTapi && settings.tapiLineId == kNoTapiLine &&
+         !panel_.SessionOn();
 }
 
 void TapiDialer::HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) {

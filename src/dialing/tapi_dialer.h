@@ -50,6 +50,7 @@ class TapiDialer : public TapiEvents {
   void HandleDisconnected(std::int32_t callHandle);
   void HandleLineMessage(const std::string& result, const std::string& function, std::int32_t code);
   void HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state);
+  bool WaitsForItsLine() const;
   void HandleIdle(std::int32_t callHandle);
   void HandleTestIdle(std::int32_t callHandle);
   void EndSession();

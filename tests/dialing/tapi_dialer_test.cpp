@@ -140,6 +140,15 @@ TEST_F(TapiDialerTest, ACallTakenAtTheTelephoneShowsAsASessionAndTouchesNoRow) {
   EXPECT_TRUE(databases.statements.empty());
 }
 
+TEST_F(TapiDialerTest, LooksAgainForALineThatWasNotThere) {
+  state.settings.dialMethod = kDialMethodTapi;
+  for (const std::int32_t line : {kNoTapiLine, 0}) {
+    state.settings.tapiLineId = line;
+    dialer.OnLineMessage("INSERVICE", "TapiLineDevState", 1);
+  }
+  EXPECT_EQ(panel.linesChanged, 1);
+}
+
 TEST_F(TapiDialerTest, ALostLineIsOpenedAgainByTheNextCall) {
   dialer.OnLineMessage("SUCCESS", "TapiLineClose", 0);
   Click();

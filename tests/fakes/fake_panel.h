@@ -43,6 +43,7 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
   bool WindowEnabled() const override { return windowEnabled; }
   void SetDialButtonsEnabled(bool enabled) override { dialEnabled = enabled; }
   void FocusDialButton() override { ++dialFocused; }
+  void LinesChanged() override { ++linesChanged; }
   bool JustPlaced() const override { return log.size() == 1 && log[0].starts_with(">>>"); }
 
   bool IsLoaded() const override { return loaded; }
@@ -73,6 +74,7 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
   bool windowEnabled = true;
   bool dialEnabled = true;
   int dialFocused = 0;
+  int linesChanged = 0;
   bool devDialTicked = false;
   bool historyShown = false;
   bool loaded = false;

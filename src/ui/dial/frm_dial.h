@@ -67,6 +67,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   bool WindowEnabled() const override;
   void SetDialButtonsEnabled(bool enabled) override;
   void FocusDialButton() override;
+  void LinesChanged() override { ReloadSettings(); }
   bool JustPlaced() const override;
 
   // RemotePanel
