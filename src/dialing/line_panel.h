@@ -23,16 +23,4 @@ class LinePanel : public DialPanel {
   virtual bool JustPlaced() const = 0;
 };
 
-// The test dial of the options dialog, which gets the line events while it is open.
-class TestDialPanel {
- public:
-  virtual ~TestDialPanel() = default;
-  // The dialog's dial button: pressed, hang-up picture and "&Auflegen"; or released, dial picture
-  // and "&Wählen...".
-  virtual void SetTestDialIdle(bool idle) = 0;
-  virtual void EnableAndFocusTestDial() = 0;
-  // Appends CR LF and the text to `txtCallProgress`, caret at the end.
-  virtual void AppendProgress(const std::string& text) = 0;
-};
-
 }  // namespace orvane

@@ -7,6 +7,7 @@
 #include "app/services.h"
 #include "app/work_queue.h"
 #include "dialing/line_panel.h"
+#include "dialing/test_dial_panel.h"
 #include "journal/call_logger.h"
 #include "journal/current_call.h"
 

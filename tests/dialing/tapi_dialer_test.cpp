@@ -4,6 +4,7 @@
 
 #include "app/date_time.h"
 #include "fakes/program_fixture.h"
+#include "fakes/recording_test_dial.h"
 #include "journal_schema.h"
 #include "platform/line_service_provider.h"
 
@@ -11,14 +12,6 @@ namespace orvane {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-class RecordingTestDial : public TestDialPanel {
- public:
-  void SetTestDialIdle(bool idle) override { log.push_back(idle ? "idle" : "session"); }
-  void EnableAndFocusTestDial() override { log.emplace_back("focus"); }
-  void AppendProgress(const std::string& text) override { log.push_back(text); }
-  Lines log;
-};
 
 class TapiDialerTest : public ProgramFixture {
  protected:
