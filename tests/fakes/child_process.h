@@ -35,7 +35,6 @@ class ChildProcess {
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
 
-  pid_t Pid() const { return process_; }
   // The next line that the child says; empty when it has said all and ended.
   std::string Line() const {
     std::string line;
