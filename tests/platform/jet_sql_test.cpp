@@ -11,7 +11,7 @@ namespace {
 TEST(JetSql, TranslatesTheDialect) {
   const struct {
     const char *jet, *sqlite;
-    std::vector<double> dates;
+    std::vector<double> dates = {};
   } kCases[] = {
       {"SELECT DISTINCT TOP 300 Zeit,Max(Nr) FROM i WHERE Ext=-1 AND NOT Nr IS NULL;",
        "SELECT DISTINCT [Zeit] , Max ( [Nr] ) FROM [i] WHERE [Ext] = - 1 AND NOT [Nr] IS NULL "

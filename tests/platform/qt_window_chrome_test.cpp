@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMouseEvent>
+#include <QWidget>
 #include <QWindow>
 
 namespace orvane {
