@@ -60,15 +60,15 @@ TEST_F(ContactLookupTest, FindsTheUserOfAnExtension) {
 }
 
 TEST_F(ContactLookupTest, ComparesShortNumbersByEqualityAndLongOnesByLists) {
-  for (const auto& [dialled, part] :
-       {std::pair{"123",
-                  "WHERE AdrDetail.RawTel1='123' OR AdrDetail.RawTel2='123' OR "
-                  "AdrDetail.RawSekTel='123' OR AdrDetail.RawHandy='123' OR "
-                  "AdrDetail.RawHandyprv='123' OR AdrDetail.RawTelprv='123' OR "
-                  "Adressen.RawZentrTel='123'"},
-        {"01234", "WHERE AdrDetail.RawTel1 IN('01234','491234') OR "},
-        {"01234", " OR Adressen.RawZentrTel IN('01234','491234')"}}) {
-    Look(dialled, "491234");
+  for (const auto& [dialled, prepared, part] :
+       {std::tuple{"123", "49123",
+                   "WHERE AdrDetail.RawTel1='123' OR AdrDetail.RawTel2='123' OR "
+                   "AdrDetail.RawSekTel='123' OR AdrDetail.RawHandy='123' OR "
+                   "AdrDetail.RawHandyprv='123' OR AdrDetail.RawTelprv='123' OR "
+                   "Adressen.RawZentrTel='123'"},
+        {"01234", "491234", "WHERE AdrDetail.RawTel1 IN('01234','491234') OR "},
+        {"01234", "491234", " OR Adressen.RawZentrTel IN('01234','491234')"}}) {
+    Look(dialled, prepared);
     EXPECT_NE(databases.statements.back().find(part), std::string::npos) << part;
   }
 }

@@ -156,8 +156,8 @@ TEST_F(CommandChannelTest, SendersFindTheirPeerByCaption) {
     const char* caption;
     bool hasParent;
     const char *dialer, *host;
-  } kCases[] = {{"TALMIX_BRISKO", false, "TX:5<front>", ""},
-                {"TALMIX_BRISKO 2", false, "TX:5<front>", ""},
+  } kCases[] = {{"TALMIX_BRISKO", false, "5<front>", ""},
+                {"TALMIX_BRISKO 2", false, "5<front>", ""},
                 {"talmix_brisko", false, "", ""},
                 {"TALMIX_BRISKO", true, "", ""},
                 {"talmix_tray18 Monitor", false, "", "TX:17~TAPI_ReInit~Büro"},

@@ -38,9 +38,9 @@ class DialWindowLook : public DialWindowFixture {
 TEST_F(DialWindowLook, FollowsTheDesktopsPalette) {
   for (const auto& [ground, lightness] :
        {std::pair{QColor(Qt::white), 247}, {QColor(0x20, 0x20, 0x20), 30}}) {
-    QPalette desktop(ground);
-    desktop.setColor(QPalette::WindowText, lightness > 99 ? Qt::black : Qt::white);
-    QApplication::setPalette(desktop);
+    QPalette colours(ground);
+    colours.setColor(QPalette::WindowText, lightness > 99 ? Qt::black : Qt::white);
+    QApplication::setPalette(colours);
     MakeWindow();
     ShowWindow();
     const QColor shown = window->grab().toImage().pixelColor(4, window->height() / 3);
