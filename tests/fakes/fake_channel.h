@@ -1,8 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -44,7 +42,7 @@ class FakeChannel : public HostChannel {
   bool SendCopyData(const PeerWindow& peer, const CopyData& data) override {
     const auto* window = desktop_->Find(peer.id);
     if (window == nullptr || !window->onCopyData) return false;
-    const auto handler = window->onCopyData;
+    const auto handler = window->onCopyData;  // which may end the window
     const auto handled = std::make_shared<bool>(false);
     CopyData received = data;
     received.bytes.resize(std::min(received.bytes.size(), kCopyDataBufferBytes));
@@ -53,18 +51,16 @@ class FakeChannel : public HostChannel {
   }
 
   void BringToFront(const PeerWindow& peer) override {
-    const auto* window = desktop_->Find(peer.id);
-    const auto onFront = window == nullptr ? nullptr : window->onFront;
-    if (onFront) onFront();
+    if (const auto* window = desktop_->Find(peer.id); window && window->onFront) window->onFront();
   }
 
   void Hook(std::uintptr_t /*window*/, const std::string& caption, CopyDataHandler onCopyData,
             std::function<void()> onFront) override {
     if (ownId_ != 0) return;
     ownId_ = desktop_->nextId++;
+    const PeerWindow peer{ownId_, false, FirstCharacters(caption)};
     desktop_->windows.insert(desktop_->windows.begin(),
-                             {PeerWindow{ownId_, false, FirstCharacters(caption)},
-                              std::move(onCopyData), std::move(onFront)});
+                             {peer, std::move(onCopyData), std::move(onFront)});
   }
 
   void Unhook() override {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <algorithm>
-#include <cctype>
+#include <strings.h>
+
 #include <map>
 #include <string>
 #include <string_view>
@@ -20,7 +20,10 @@ class FakeIni : public IniFile {
     lastFile = file;
     if (fail) throw IniError(53, "Datei nicht gefunden");
     for (const auto& [names, value] : values) {
-      if (SameName(names.first, section) && SameName(names.second, key)) return InBuffer(value);
+      if (strcasecmp(names.first.c_str(), std::string(section).c_str()) == 0 &&
+          strcasecmp(names.second.c_str(), std::string(key).c_str()) == 0) {
+        return InBuffer(value);
+      }
     }
     return InBuffer(fallback.substr(0, fallback.find_last_not_of(" \t") + 1));
   }
@@ -30,11 +33,6 @@ class FakeIni : public IniFile {
   bool fail = false;
 
  private:
-  static bool SameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-      return std::tolower(x) == std::tolower(y);
-    });
-  }
   static std::string InBuffer(std::string_view text) {
     return DecodeAnsi(EncodeAnsi(text).substr(0, kIniBufferBytes - 1));
   }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,14 +14,14 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
  public:
   void SetExternVisible(bool visible) override { externVisible = visible; }
   void ResetSpeedDial() override {
-    speedDial.clear();
-    speedDialNumbers.clear();
+    speedDial = {};
+    speedDialNumbers = {};
     speedDialSelectable = false;
   }
   void AddSpeedDialEntry(const std::string& text) override { speedDial.push_back(text); }
   void SetSpeedDialNumbers(const std::string& numbers) override { speedDialNumbers = numbers; }
   void SetSpeedDialSelectable(bool selectable) override { speedDialSelectable = selectable; }
-  void SetSpeedDialToolTip(const std::string& text) override { speedDialToolTip = text; }
+  void SetSpeedDialToolTip(const std::string& /*text*/) override {}
   void SetDialMethodStatus(const std::string& headline, const std::string& detail) override {
     status = headline + "/" + detail;
   }
@@ -47,41 +46,20 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
   bool JustPlaced() const override { return log.size() == 1 && log[0].starts_with(">>>"); }
 
   bool IsLoaded() const override { return loaded; }
-  void Load() override {
-    if (!loaded) ++loads;
-    loaded = true;
-  }
-  void Show() override {
-    Load();
-    shown = true;
-  }
+  void Load() override { loaded = true; }
+  void Show() override { loaded = shown = true; }
   void Unload() override { loaded = shown = false; }
   void ReloadSettings() override { ++reloads; }
   bool NumberEnabled() const override { return numberEnabled; }
   void SetNumberText(const std::string& text) override { numberText = text; }
 
-  bool externVisible = false;
-  bool externTicked = false;
-  std::vector<std::string> speedDial;
-  std::string speedDialNumbers;
-  bool speedDialSelectable = false;
-  std::string speedDialToolTip;
-  std::string status;
-  std::vector<std::string> log;
-  std::string contactLabel;
-  std::string numberText;
-  bool sessionOn = false;
-  bool windowEnabled = true;
-  bool dialEnabled = true;
-  int dialFocused = 0;
-  int linesChanged = 0;
-  bool devDialTicked = false;
-  bool historyShown = false;
-  bool loaded = false;
-  int loads = 0;
-  int reloads = 0;
-  bool shown = false;
-  bool numberEnabled = true;
+  std::vector<std::string> speedDial, log;
+  std::string speedDialNumbers, status, contactLabel, numberText;
+  bool speedDialSelectable = false, externVisible = false, externTicked = false;
+  bool devDialTicked = false, historyShown = false, sessionOn = false;
+  bool windowEnabled = true, dialEnabled = true, numberEnabled = true;
+  bool loaded = false, shown = false;
+  int dialFocused = 0, reloads = 0, linesChanged = 0;
 };
 
 }  // namespace orvane

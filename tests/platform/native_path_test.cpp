@@ -2,30 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-#include <filesystem>
-#include <fstream>
-#include <string>
+#include "fakes/temporary_folder.h"
 
 namespace orvane {
 namespace {
 
-namespace fs = std::filesystem;
-
 TEST(NativePath, FindsExistingNamesInAnyLetterCase) {
-  const QTemporaryDir temporary;
-  const fs::path root = temporary.path().toStdString();
-  fs::create_directories(root / "Daten/User/17/RES");
-  fs::create_directories(root / "GRÜẞE/übung");
-  fs::create_directories(root / "zwei");
-  fs::create_directories(root / "Zwei");
-  std::ofstream(root / "Daten/global.INI") << "x";
-
-  struct Case {
-    std::string written;
-    fs::path found;
-  };
-  const Case cases[] = {
+  const TemporaryFolder root;
+  for (const char* const name : {"Daten/User/17/RES", "GRÜẞE/übung", "zwei", "Zwei"}) {
+    std::filesystem::create_directories(root / name);
+  }
+  root.Write("Daten/global.INI", "x");
+  const std::pair<const char*, const char*> kCases[] = {
       {"\\daten\\Global.ini", "Daten/global.INI"},
       {"\\DATEN\\user\\17\\res\\TelList.fdb", "Daten/User/17/RES/TelList.fdb"},
       {"/Daten\\\\User/", "Daten/User/"},
@@ -34,16 +22,11 @@ TEST(NativePath, FindsExistingNamesInAnyLetterCase) {
       {"\\zwei", "zwei"},
       {"\\ZWEI", "Zwei"},
       {"\\GRÜẞE\\Übung", "GRÜẞE/übung"},
-      {"\\Daten\\global.ini\\unter", "Daten/global.INI/unter"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.written);
-    EXPECT_EQ(NativePath(root.string() + c.written), root / c.found);
+      {"\\Daten\\global.ini\\unter", "Daten/global.INI/unter"}};
+  for (const auto& [written, found] : kCases) {
+    EXPECT_EQ(NativePath(root.Path().string() + written), root / found) << written;
   }
-}
-
-TEST(NativePath, EmptyStaysEmpty) {
-  EXPECT_EQ(NativePath(""), fs::path());
+  EXPECT_EQ(NativePath(""), std::filesystem::path());
 }
 
 }  // namespace

@@ -3,17 +3,14 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <memory>
+#include <set>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 #include "fakes/temporary_folder.h"
+#include "journal_schema.h"
 #include "platform/common/sqlite_services.h"
-#include "platform/database.h"
 #include "platform/errors.h"
 
 namespace orvane {
@@ -41,26 +38,8 @@ class RawSqlite {
   }
 
  private:
-  struct Closer {
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
-  };
-  std::unique_ptr<sqlite3, Closer> database_;
+  std::unique_ptr<sqlite3, decltype(&sqlite3_close)> database_{nullptr, &sqlite3_close};
 };
-
-inline std::unique_ptr<DatabaseConnection> Select(const std::filesystem::path& file, DbMode mode) {
-  auto connection = SqliteServices().NewConnection();
-  connection->SetMode(mode);
-  connection->SetProvider("Microsoft.Jet.OLEDB.4.0");
-  connection->SetProperty("Data Source", file.string());
-  return connection;
-}
-
-inline std::unique_ptr<DatabaseConnection> OpenFile(const std::filesystem::path& file,
-                                                    DbMode mode = DbMode::kWrite) {
-  auto connection = Select(file, mode);
-  connection->Open();
-  return connection;
-}
 
 inline std::string InsertCall(int id) {
   return "INSERT INTO o (ID,Ext,Zeit,Firma,Person) VALUES (" + std::to_string(id) +
@@ -83,16 +62,33 @@ inline bool Contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
-// The names of everything in a folder, in order.
-inline std::string Names(const TemporaryFolder& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
-    names.push_back(entry.path().filename().string());
+// An empty journal in a folder of its own.
+class SqliteFile : public testing::Test {
+ protected:
+  SqliteFile() { CreateJournalFile(journal_); }
+
+  static std::unique_ptr<DatabaseConnection> Open(const std::filesystem::path& file,
+                                                  DbMode mode = DbMode::kWrite) {
+    auto connection = SqliteServices().NewConnection();
+    connection->SetMode(mode);
+    connection->SetProvider("Microsoft.Jet.OLEDB.4.0");
+    connection->SetProperty("Data Source", file.string());
+    connection->Open();
+    return connection;
   }
-  std::sort(names.begin(), names.end());
-  std::string result;
-  for (const std::string& name : names) result += name + " ";
-  return result;
-}
+  // The names of everything in the folder.
+  std::string Names() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path())) {
+      names.insert(entry.path().filename().string() + " ");
+    }
+    std::string result;
+    for (const std::string& name : names) result += name;
+    return result;
+  }
+
+  TemporaryFolder folder_;
+  std::filesystem::path journal_ = folder_ / "TelList.fdb";
+};
 
 }  // namespace orvane

@@ -2,14 +2,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTest>
-#include <functional>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include "fakes/program_fixture.h"
 #include "ui/dial/frm_dial.h"
@@ -26,8 +23,7 @@ class FakeChrome : public WindowChrome {
   }
   void AddDropShadow() override { log.emplace_back("shadow"); }
   void SetRoundedRegion(int width, int height, int ellipse) override {
-    log.push_back("shape " + std::to_string(width) + "x" + std::to_string(height) + " " +
-                  std::to_string(ellipse));
+    for (const int number : {width, height, ellipse}) log.push_back(std::to_string(number));
   }
   void Drag(std::function<void()> finished) override {
     ++drags;
@@ -89,13 +85,21 @@ class DialWindowFixture : public ProgramFixture {
     QTest::keyRelease(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
   }
   static std::string FocusName() {
-    return QApplication::focusWidget() == nullptr
-               ? std::string()
-               : QApplication::focusWidget()->objectName().toStdString();
+    const QWidget* widget = QApplication::focusWidget();
+    return widget == nullptr ? std::string() : widget->objectName().toStdString();
   }
-  static void SetClipboard(const std::string& text);
+  static void SetClipboard(const char* text) {
+    QApplication::clipboard()->setText(QString::fromUtf8(text));
+  }
   // The lines of the call progress log.
-  std::vector<std::string> Log();
+  std::vector<std::string> Log() {
+    std::vector<std::string> lines;
+    const auto* log = Find<QListWidget>("lstCallProgress");
+    for (int row = 0; row < log->count(); ++row) {
+      lines.push_back(log->item(row)->text().toStdString());
+    }
+    return lines;
+  }
 
   ApplicationStyle style{*static_cast<QApplication*>(QApplication::instance())};
   std::unique_ptr<frmDial> window;

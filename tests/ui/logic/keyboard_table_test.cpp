@@ -2,50 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 namespace orvane {
 namespace {
 
-using Kind = KeyAction::Kind;
-
-TEST(KeyboardTable, MapsDigitKeysOfBothBlocksToTheirButtons) {
+TEST(KeyboardTable, MapsEachKeyToItsButton) {
+  using Kind = KeyAction::Kind;
   for (int digit = 0; digit <= 9; ++digit) {
-    SCOPED_TRACE(digit);
     const KeyAction expected{Kind::kAppend, static_cast<char>('0' + digit), digit};
-    EXPECT_EQ(KeyActionFor('0' + digit), expected);
-    EXPECT_EQ(KeyActionFor(96 + digit), expected);
+    EXPECT_EQ(KeyActionFor('0' + digit), expected) << digit;
+    EXPECT_EQ(KeyActionFor(96 + digit), expected) << digit;
   }
-}
-
-TEST(KeyboardTable, MapsTheOtherKeys) {
-  struct Case {
-    int key;
-    KeyAction action;
-  };
-  const Case cases[] = {
-      {106, {Kind::kAppend, '*', 10}},
-      {187, {Kind::kAppend, '*', 10}},
-      {42, {Kind::kAppend, '*', 10}},
-      {191, {Kind::kAppend, '#', 11}},
-      {111, {Kind::kAppend, '#', 11}},
-      {107, {Kind::kAppend, '#', 11}},
-      {110, {Kind::kAppend, '#', 11}},
-      {35, {Kind::kAppend, '#', 11}},
-      {32, {Kind::kAppend, ' ', -1}},
-      {8, {Kind::kRemoveLast, '\0', -1}},
-      {13, {}},
-      {9, {}},
-      {65, {}},
-      {58, {}},
-      {47, {}},
-      {109, {}},
-      {0, {}},
-      {-1, {}},
-  };
-  for (const auto& [key, action] : cases) {
-    SCOPED_TRACE(key);
-    EXPECT_EQ(KeyActionFor(key), action);
+  for (const int key : {106, 187, 42}) {
+    EXPECT_EQ(KeyActionFor(key), (KeyAction{Kind::kAppend, '*', 10})) << key;
+  }
+  for (const int key : {191, 111, 107, 110, 35}) {
+    EXPECT_EQ(KeyActionFor(key), (KeyAction{Kind::kAppend, '#', 11})) << key;
+  }
+  EXPECT_EQ(KeyActionFor(32), (KeyAction{Kind::kAppend, ' ', -1}));
+  EXPECT_EQ(KeyActionFor(8), (KeyAction{Kind::kRemoveLast, '\0', -1}));
+  for (const int key : {13, 9, 65, 58, 47, 109, 0, -1}) {
+    EXPECT_EQ(KeyActionFor(key), KeyAction{}) << key;
   }
 }
 
