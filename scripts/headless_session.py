@@ -59,8 +59,11 @@ def end_group(process):
 
 def start_display():
     read_end, write_end = os.pipe()
+    # Without -noreset the display starts anew when its last client leaves, and whoever is just
+    # connecting is thrown out.
     display = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1360x920x24", "-nolisten", "tcp"],
+        ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1360x920x24", "-nolisten", "tcp",
+         "-noreset"],
         pass_fds=[write_end], start_new_session=True,
         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     os.close(write_end)
