@@ -1,7 +1,6 @@
 #include "dialing/modem_dialer.h"
 
 #include "fakes/program_fixture.h"
-#include "journal_schema.h"
 
 namespace orvane {
 namespace {
@@ -12,8 +11,6 @@ using Lines = std::vector<std::string>;
 class ModemDialerTest : public ProgramFixture {
  protected:
   ModemDialerTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
     call.company = "Muster GmbH";
     call.lastDialedDigits = "0301234";
   }

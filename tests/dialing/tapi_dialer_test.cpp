@@ -2,7 +2,6 @@
 
 #include "app/date_time.h"
 #include "fakes/program_fixture.h"
-#include "journal_schema.h"
 #include "platform/line_service_provider.h"
 
 namespace orvane {
@@ -21,8 +20,6 @@ class RecordingTestDial : public TestDialPanel {
 class TapiDialerTest : public ProgramFixture {
  protected:
   TapiDialerTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
     state.settings.tapiLineId = 0;
     call.company = "Muster GmbH";
   }
@@ -162,20 +159,6 @@ TEST_F(TapiDialerTest, LineMessagesKeepTheTag) {
     dialer.OnLineMessage(result, function, 0);
     EXPECT_EQ(tapi.Tag(), tag) << function;
   }
-}
-
-TEST_F(TapiDialerTest, EventsBehindAMessageBoxKeepTheirOrder) {
-  databases.FailOpen(kDbErrorFailed, "gesperrt");
-  prompts.whileShown = [this] {
-    prompts.whileShown = nullptr;
-    Connect(7);
-    End(7);
-    EXPECT_EQ(panel.log, Lines{">>> Wählen: 00301234"});
-  };
-  Click();
-  EXPECT_FALSE(panel.sessionOn);
-  EXPECT_EQ(panel.log.front(), "Verbunden um 09:05:07");
-  EXPECT_EQ(panel.log.back(), "Gesprächsdauer: ");
 }
 
 }  // namespace

@@ -19,12 +19,13 @@
 #include "fakes/hand_loop.h"
 #include "fakes/temporary_folder.h"
 #include "journal/current_call.h"
+#include "journal_schema.h"
 #include "platform/common/sqlite_services.h"
 
 namespace orvane {
 
-// The program on a fake machine: a host folder of its own with user 17, and nothing else that is
-// real but SQLite files.
+// The program on a fake machine: a host folder of its own with user 17 and an empty journal, and
+// nothing else that is real but SQLite files.
 class ProgramFixture : public testing::Test {
  protected:
   ProgramFixture() {
@@ -37,6 +38,8 @@ class ProgramFixture : public testing::Test {
     state.host.registry = services.newRegistry();
     BindHostRegistry(*state.host.registry);
     state.settings.countryPrefix = "+49";
+    CreateJournalFile(UserFile("TelList.fdb"));
+    state.databases.journal = databases.NewConnection();
   }
   std::filesystem::path UserFile(const std::string& name) const {
     return folder / "Daten/User/17/res" / name;
