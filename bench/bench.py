@@ -257,7 +257,8 @@ class Bench:
 
     def run(self):
         self.running.append(start_window_manager())
-        subprocess.run([self.programs / "orvane-demo-host", "--root", self.root, "--install-only"],
+        subprocess.run([self.programs / "orvane-demo-host", "--root", self.root, "--line", "modem",
+                        "--install-only"],
                        check=True)
         modem = Modem(self.com_link())
         self.tell("| Measured | p50 | p99 |\n|---|---|---|")

@@ -1,16 +1,19 @@
 #!/usr/bin/python3
 """One scripted call on a display without a screen: the demo host's command, real clicks, hang-up.
 
-  scripts/headless_call.py <folder of the programs> <folder for pictures and transcript>
+  scripts/headless_call.py <folder of the programs> <folder for pictures and transcript> <line>
 
-Starts everything it needs (display, window manager, session bus, demo host with dialer and modem
-simulator) and clicks with real pointer events. Exits with 0 only when the modem heard the right
-digits and the hang-up, and the journal holds the call. Whatever it started is ended when it leaves.
+The line is simulated, modem or sip. Starts everything it needs (display, window manager, session
+bus, demo host with dialer and line) and clicks with real pointer events. Exits with 0 only when the
+line heard the right digits and the hang-up, and the journal holds the call. Whatever it started is
+ended when it leaves.
 """
 import pathlib
+import re
 import sqlite3
 import subprocess
 import sys
+import time
 
 from headless_session import (STEP_LIMIT_S, Failed, Screen, end_processes, limit_time,
                               run_in_session, start_window_manager, wait_for)
@@ -24,13 +27,24 @@ DIALED = "0" + DIGITS  # with the outside-line access code
 USER = 17
 DIAL_COLUMN = 4  # of the demo host's table
 
+# What is heard at the other end of each line, by patterns, and how the progress log begins its last
+# line in the call and after it.
+COURSES = {
+    "modem": (["AT", f"ATDT {DIALED}", "ATH0"], ">>> Wählen: " + DIALED, "Status: <OK>"),
+    "simulated": ([], "Verbunden um ", "Gesprächsdauer: "),
+    "sip": ([f"INVITE sip:{DIALED}@.*", "BYE .*"], "Verbunden um ", "Gesprächsdauer: "),
+}
+TALK_S = 1.5  # long enough for a duration to tell
+
 HOST = "TALMIX_TRAY18"
 DIALER = "TALMIX_BRISKO"
 
 
 class Call:
-    def __init__(self, programs, out, folder):
+    def __init__(self, programs, out, line, folder):
         self.programs, self.out, self.root = programs, out, folder / "demo"
+        self.line = line.name
+        self.expected, self.in_call, self.ended = COURSES[self.line]
         self.screen = Screen()
         self.lines = []
         self.manager = self.host = None
@@ -42,12 +56,10 @@ class Call:
     def picture(self, name):
         subprocess.run(["import", "-window", "root", str(self.out / name)], check=True)
 
-    def modem_lines(self):
-        log = self.root / "modem.log"
-        return log.read_text().splitlines() if log.exists() else []
-
-    def heard(self, command):
-        return any(line.endswith("< " + command) for line in self.modem_lines())
+    def heard(self):
+        log = self.root / "line.log"
+        lines = log.read_text().splitlines() if log.exists() else []
+        return [line[2:] for line in lines if line.startswith("< ")]
 
     def progress_lines(self):
         log = self.screen.find(DIALER, "Gesprächsverlauf", "list")
@@ -59,7 +71,7 @@ class Call:
     def start(self):
         self.manager = start_window_manager()
         self.host = subprocess.Popen([str(self.programs / "orvane-demo-host"),
-                                      "--root", str(self.root)])
+                                      "--root", str(self.root), "--line", self.line])
         wait_for("the demo host's window", lambda: self.screen.window(HOST))
         wait_for("the dial window", lambda: self.screen.window(DIALER))
         self.tell("Demo host and dialer are running.")
@@ -78,21 +90,31 @@ class Call:
         return wait_for(f"the button '{caption}'", lambda: self.screen.find(
             DIALER, caption, "check box", "push button"))
 
+    def log_ends_with(self, beginning):
+        lines = self.progress_lines()
+        return bool(lines) and lines[-1].startswith(beginning)
+
+    def tell_progress(self, title):
+        self.tell(f"\nProgress log {title}:")
+        for line in self.progress_lines():
+            self.tell("  " + line)
+
     def dial(self):
         self.screen.click(self.dial_button("Wählen"))
-        wait_for("ATDT at the modem", lambda: self.heard("ATDT " + DIALED))
-        wait_for("the progress log", lambda: ">>> Wählen: " + DIALED in self.progress_lines())
+        wait_for("the call in the progress log", lambda: self.log_ends_with(self.in_call))
+        before_hang_up = max(len(self.expected) - 1, 0)
+        wait_for("the digits at the other end", lambda: len(self.heard()) >= before_hang_up)
+        time.sleep(TALK_S)
         self.picture("2-in-call.png")
+        self.tell_progress("in the call")
 
     def hang_up(self):
         self.screen.click(self.dial_button("Auflegen"))
-        wait_for("ATH0 at the modem", lambda: self.heard("ATH0"))
-        wait_for("the end in the progress log", lambda: "Status: <OK>" in self.progress_lines())
+        wait_for("the end in the progress log", lambda: self.log_ends_with(self.ended))
+        wait_for("the end at the other end", lambda: len(self.heard()) >= len(self.expected))
         self.dial_button("Wählen")
         self.picture("3-hung-up.png")
-        self.tell("\nProgress log:")
-        for line in self.progress_lines():
-            self.tell("  " + line)
+        self.tell_progress("after it")
 
     def press_close(self):
         subprocess.run(["xdotool", "search", "--name", HOST, "windowactivate", "--sync",
@@ -111,14 +133,15 @@ class Call:
             raise Failed("the dialer did not end by the host's command")
         self.tell("\nThe dialer ended by the host's command.")
 
-    def check_modem(self):
-        self.tell("\nModem:")
-        for line in self.modem_lines():
+    def check_line(self):
+        self.tell(f"\nHeard on the line ({self.line}):")
+        heard = self.heard()
+        for line in heard:
             self.tell("  " + line)
-        commands = [line.split("< ", 1)[1] for line in self.modem_lines() if "< " in line]
-        expected = ["AT", "ATDT " + DIALED, "ATH0"]
-        if commands != expected:
-            raise Failed(f"the modem heard {commands} instead of {expected}")
+        right = len(heard) == len(self.expected) and all(
+            re.fullmatch(pattern, line) for pattern, line in zip(self.expected, heard))
+        if not right:
+            raise Failed(f"the line heard {heard} instead of {self.expected}")
 
     def check_journal(self):
         file = self.root / "host" / "Daten" / "User" / str(USER) / "res" / "TelList.fdb"
@@ -132,6 +155,9 @@ class Call:
             self.tell("  " + ", ".join(f"{name}={value}" for name, value in row.items()))
         if [(row["Firma"], row["Nr"], row["Ext"]) for row in rows] != [(COMPANY, DIGITS, -1)]:
             raise Failed("the journal does not hold exactly this call")
+        # A modem does not tell when the call ends, so its row gets no duration.
+        if bool(rows[0]["Dauer"]) == (self.line == "modem"):
+            raise Failed("the journal's duration is wrong")
 
     def run(self):
         try:
@@ -140,14 +166,14 @@ class Call:
             self.dial()
             self.hang_up()
             self.close()
-            self.check_modem()
+            self.check_line()
             self.check_journal()
             self.tell("\nThe call happened as it should.")
             return 0
         except (Failed, OSError, subprocess.SubprocessError, ValueError, sqlite3.Error) as error:
             self.tell(f"\nFAILED: {error}")
-            for line in self.modem_lines():
-                self.tell("  modem: " + line)
+            for line in self.heard():
+                self.tell("  heard: " + line)
             (self.out / "accessibility-tree.txt").write_text(self.screen.dump())
             subprocess.run(["import", "-window", "root", str(self.out / "failed.png")], check=False)
             return 1
@@ -161,7 +187,7 @@ def main():
     # The inner limit comes first, so that a call that hangs can still say where.
     limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
     paths = [pathlib.Path(text).resolve() for text in sys.argv[2 if inside else 1:]]
-    if len(paths) != (3 if inside else 2):
+    if len(paths) != (4 if inside else 3) or paths[2].name not in COURSES:
         sys.exit(__doc__)
     if inside:
         return Call(*paths).run()

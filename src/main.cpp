@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QTranslator>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -25,6 +26,7 @@
 #include "platform/linux/profile_ini_file.h"
 #include "platform/linux/qt_serial_control.h"
 #include "platform/linux/settings_registry.h"
+#include "platform/linux/sip_lines.h"
 #include "platform/linux/socket_host_channel.h"
 #include "remote/senders.h"
 #include "ui/dial/frm_dial.h"
@@ -47,6 +49,13 @@ std::vector<std::unique_ptr<orvane::LineServiceProvider>> LineProviders(
     providers.push_back(
         std::make_unique<orvane::SimulatedLines>(loop, handles, orvane::SimulatedLines::Times{}));
   }
+  // The last one, because it may find more lines later.
+  orvane::BaresipControl::Settings baresip;
+  const int port = qEnvironmentVariableIntValue("ORVANE_BARESIP_PORT");
+  if (port > 0 && port <= std::numeric_limits<std::uint16_t>::max()) {
+    baresip.port = static_cast<std::uint16_t>(port);
+  }
+  providers.push_back(std::make_unique<orvane::SipLines>(loop, handles, baresip));
   return providers;
 }
 

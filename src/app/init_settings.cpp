@@ -6,6 +6,7 @@
 #include "app/file_text.h"
 #include "app/host_paths.h"
 #include "app/number_text.h"
+#include "app/text_tools.h"
 #include "platform/ansi.h"
 #include "platform/errors.h"
 
@@ -16,6 +17,8 @@ constexpr std::string_view kProcedure = "Initialisierung - Einstellungen";
 constexpr std::string_view kBlockSeparator = "¿";
 constexpr std::string_view kFieldSeparator = "|";
 constexpr int kFieldsPerBlock = 16;
+// More than any list shows; a damaged file may hold megabytes in one field.
+constexpr std::size_t kMaxSpeedDialNameCharacters = 255;
 
 // The line control's own constants for opening a line.
 constexpr std::int32_t kOpenPrivileges = 4;
@@ -36,7 +39,8 @@ void AddBlock(const std::string& block, SpeedDialKind kind, SettingsPanel& panel
   for (int i = 0; i < kFieldsPerBlock; i += 2) {
     const std::string name = GetField(block, i + 1, kFieldSeparator);
     if (name.empty() || name == kPipeEnd) continue;
-    panel.AddSpeedDialEntry(SpeedDialItemMarkup(name, kind));
+    panel.AddSpeedDialEntry(
+        SpeedDialItemMarkup(FirstCharacters(name, kMaxSpeedDialNameCharacters), kind));
     list.numbers += GetField(block, i + 2, kFieldSeparator) + std::string(kFieldSeparator);
     ++list.entries;
   }
@@ -88,7 +92,7 @@ bool OpenConfiguredLine(TapiControl& tapi, DialSettings& settings) {
   for (int line = 0; line < count; ++line) {
     if (tapi.LineName(line) != settings.tapiLineName) continue;
     std::int32_t id = line;
-    tapi.OpenLine(id, kOpenPrivileges, kOpenMediaModes, kOpenOptions);
+    OpenTapiLine(tapi, id);
     settings.tapiLineId = id;
     return true;
   }
@@ -152,6 +156,10 @@ std::string ReadIniValue(Services& services, std::string_view section, std::stri
 bool TapiInitialised(const TapiControl& tapi) {
   const std::string tag = tapi.Tag();
   return !tag.empty() && tag != "closed";
+}
+
+void OpenTapiLine(TapiControl& tapi, std::int32_t& line) {
+  tapi.OpenLine(line, kOpenPrivileges, kOpenMediaModes, kOpenOptions);
 }
 
 void InitSettings(Services& services, ProgramState& state, SettingsPanel& panel) {

@@ -29,6 +29,9 @@ std::string ReadIniValue(Services& services, std::string_view section, std::stri
 // Whether the line control has been initialised and not closed since.
 bool TapiInitialised(const TapiControl& tapi);
 
+// Opens a telephone line with the line control's own constants. Throws TapiError.
+void OpenTapiLine(TapiControl& tapi, std::int32_t& line);
+
 // Reads all settings from the host's registry key, "Global.ini" and the user's speed-dial file into
 // the program's state, opens the configured telephone line and prepares the window. May run any
 // number of times. Errors end it with the error report; what was read until then stays in force.

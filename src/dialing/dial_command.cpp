@@ -70,20 +70,32 @@ void DialCommand::RememberDigits(const std::string& digits) {
   panel_.SetContactLabel("");
 }
 
-void DialCommand::PlaceOrEnd() {
+DialCommand::Way DialCommand::ChooseWay() {
   DialSettings& settings = state_.settings;
   if (panel_.DevDialTicked()) {
     settings.comPortNumber = kTestModemPort;
-    modem_.DialModem(dialString_);
-  } else if (settings.dialMethod == kDialMethodModem && settings.comPortNumber != 0) {
-    modem_.DialModem(dialString_);
-  } else if (settings.dialMethod == kDialMethodTapi && settings.tapiLineId > kNoTapiLine) {
-    tapi_.DialTAPI(dialString_);
-  } else {
-    services_.prompts.Beep();
-    panel_.AddStatus("Automatische Anwahl nicht möglich.");
-    panel_.AddStatus("Sie müssen zunächst unter Optionen");
-    panel_.AddStatus("die CTI-Telefonwahl konfigurieren.");
+    return Way::kModem;
+  }
+  if (settings.dialMethod == kDialMethodModem && settings.comPortNumber != 0) return Way::kModem;
+  const bool lineOpen = settings.tapiLineId > kNoTapiLine;
+  return settings.dialMethod == kDialMethodTapi && lineOpen ? Way::kLine : Way::kNone;
+}
+
+void DialCommand::PlaceOrEnd() {
+  // A call ends the way it was placed, whatever the settings have become.
+  if (!panel_.SessionOn() || way_ == Way::kNone) way_ = ChooseWay();
+  switch (way_) {
+    case Way::kModem:
+      modem_.DialModem(dialString_);
+      break;
+    case Way::kLine:
+      tapi_.DialTAPI(dialString_);
+      break;
+    case Way::kNone:
+      services_.prompts.Beep();
+      panel_.AddStatus("Automatische Anwahl nicht möglich.");
+      panel_.AddStatus("Sie müssen zunächst unter Optionen");
+      panel_.AddStatus("die CTI-Telefonwahl konfigurieren.");
   }
 }
 

@@ -28,8 +28,11 @@ class DialCommand {
   const std::string& DialString() const { return dialString_; }
 
  private:
+  enum class Way { kNone, kModem, kLine };
+
   void Prepare(const std::string& number);
   void RememberDigits(const std::string& digits);
+  Way ChooseWay();
   void PlaceOrEnd();
 
   Services& services_;
@@ -39,6 +42,7 @@ class DialCommand {
   ModemDialer& modem_;
   TapiDialer& tapi_;
   std::string dialString_;
+  Way way_ = Way::kNone;
 };
 
 }  // namespace orvane

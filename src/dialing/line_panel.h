@@ -15,21 +15,12 @@ class LinePanel : public DialPanel {
   // Gives the focus to the dial button of the view that is shown.
   virtual void FocusDialButton() = 0;
 
+  // The line that is configured may have come into reach: load the settings again.
+  virtual void LinesChanged() = 0;
+
   // Whether `lstCallProgress` holds exactly one line and it begins with ">>>": the call was just
   // placed and nothing has happened since.
   virtual bool JustPlaced() const = 0;
-};
-
-// The test dial of the options dialog, which gets the line events while it is open.
-class TestDialPanel {
- public:
-  virtual ~TestDialPanel() = default;
-  // The dialog's dial button: pressed, hang-up picture and "&Auflegen"; or released, dial picture
-  // and "&Wählen...".
-  virtual void SetTestDialIdle(bool idle) = 0;
-  virtual void EnableAndFocusTestDial() = 0;
-  // Appends CR LF and the text to `txtCallProgress`, caret at the end.
-  virtual void AppendProgress(const std::string& text) = 0;
 };
 
 }  // namespace orvane

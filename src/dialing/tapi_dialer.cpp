@@ -5,14 +5,11 @@
 
 #include "app/date_time.h"
 #include "app/error_report.h"
+#include "app/init_settings.h"
+#include "platform/line_service_provider.h"
 
 namespace orvane {
 namespace {
-
-constexpr std::int32_t kStateIdle = 0x1;
-constexpr std::int32_t kStateRingback = 0x20;
-constexpr std::int32_t kStateConnected = 0x100;
-constexpr std::int32_t kStateDisconnected = 0x4000;
 
 constexpr std::int16_t kCallOptions = 0;
 
@@ -41,6 +38,10 @@ TapiDialer::TapiDialer(Services& services, ProgramState& state, CurrentCall& cal
 }
 
 TapiDialer::~TapiDialer() {
+  Abandon();
+}
+
+void TapiDialer::Abandon() {
   services_.tapi.SetEvents(nullptr);
 }
 
@@ -59,6 +60,7 @@ void TapiDialer::Place(const std::string& dialString) {
   call_.connectText.clear();
   call_.tapiCallHandle = 0;
   const auto failure = Try([&] {
+    ReopenLine();
     std::string number = dialString;
     services_.tapi.MakeCall(state_.settings.tapiLineId, number, kCallOptions);
   });
@@ -70,6 +72,11 @@ void TapiDialer::Place(const std::string& dialString) {
   ShowError(services_.prompts, *failure, "DialTAPI");
 }
 
+// A line that was lost is opened again by the next call.
+void TapiDialer::ReopenLine() {
+  if (!TapiInitialised(services_.tapi)) OpenTapiLine(services_.tapi, state_.settings.tapiLineId);
+}
+
 void TapiDialer::Drop() {
   if (panel_.JustPlaced()) panel_.AddStatus(">>> Trennen...");
   const auto failure =
@@ -77,6 +84,8 @@ void TapiDialer::Drop() {
   panel_.SetDialButtonIdle(false);
   if (!failure) return;
   panel_.SetDialButtonsEnabled(true);
+  // The call has ended by itself at the same moment; its events are on their way.
+  if (failure->number == kLineErrorInvalidCall) return;
   ShowError(services_.prompts, *failure, "DialTAPI");
 }
 
@@ -85,7 +94,9 @@ void TapiDialer::OnBusy(std::int32_t callHandle) {
 }
 
 void TapiDialer::OnConnected(std::int32_t callHandle) {
-  Handle("TAPIOnConnected", [this, callHandle] { HandleConnected(callHandle); });
+  // The moment counts, not the time until a message box is closed.
+  Handle("TAPIOnConnected",
+         [this, callHandle, now = services_.clock.Now()] { HandleConnected(callHandle, now); });
 }
 
 void TapiDialer::OnDisconnected(std::int32_t callHandle) {
@@ -120,14 +131,13 @@ void TapiDialer::HandleBusy(std::int32_t callHandle) {
   panel_.AddStatus("Die Leitung ist besetzt.");
 }
 
-void TapiDialer::HandleConnected(std::int32_t callHandle) {
+void TapiDialer::HandleConnected(std::int32_t callHandle, const LocalTime& now) {
   if (!panel_.WindowEnabled()) {
     if (testDial_ != nullptr) testDial_->SetTestDialIdle(false);
     return;
   }
   if (callHandle != call_.tapiCallHandle) return;
   panel_.SetDialButtonIdle(false);
-  const LocalTime now = services_.clock.Now();
   call_.connectDateTime = ToDateTime(now);
   call_.connectText = TimeText(now);
   panel_.ClearStatus();
@@ -141,7 +151,7 @@ void TapiDialer::HandleDisconnected(std::int32_t callHandle) {
     if (call_.startText.empty()) panel_.AddStatus("Aufgelegt.");
     EndSession();
   } else if (call_.tapiCallHandle == 0) {
-    panel_.SetDialButtonIdle(true);
+    EndPending();
   }
 }
 
@@ -154,33 +164,43 @@ void TapiDialer::HandleLineMessage(const std::string& result, const std::string&
     }
     if (function == "TapiLineOpen") services_.tapi.SetTag("opened");
   }
-  if (panel_.WindowEnabled() || testDial_ == nullptr) return;
+  if (panel_.WindowEnabled()) {
+    if (result == "INSERVICE" && WaitsForItsLine()) panel_.LinesChanged();
+    return;
+  }
+  if (testDial_ == nullptr) return;
   testDial_->AppendProgress("TapiMessage: " + result + "  " + function + "  " +
                             std::to_string(code));
+}
+
+bool TapiDialer::WaitsForItsLine() const {
+  const DialSettings& settings = state_.settings;
+  return settings.dialMethod == kDialMethodTapi && settings.tapiLineId == kNoTapiLine &&
+         !panel_.SessionOn();
 }
 
 void TapiDialer::HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) {
   panel_.SetDialButtonsEnabled(true);
   const bool enabled = panel_.WindowEnabled();
   switch (state) {
-    case kStateRingback:
+    case kLineCallRingback:
       TakeHandle(callHandle);
       break;
-    case kStateConnected:
+    case kLineCallConnected:
       if (!enabled) {
         ReportTestState("*Verbindung hergestellt!", callHandle, callId);
       } else if (TakeHandle(callHandle)) {
         panel_.FocusDialButton();
       }
       break;
-    case kStateIdle:
+    case kLineCallIdle:
       if (enabled) {
         HandleIdle(callHandle);
       } else {
         HandleTestIdle(callHandle);
       }
       break;
-    case kStateDisconnected:
+    case kLineCallDisconnected:
       if (!enabled) ReportTestState("*Verbindung getrennt!", callHandle, callId);
       break;
     default:
@@ -192,7 +212,7 @@ void TapiDialer::HandleIdle(std::int32_t callHandle) {
   if (!call_.startText.empty() && callHandle == call_.tapiCallHandle) {
     EndSession();
   } else if (call_.tapiCallHandle == 0) {
-    panel_.SetDialButtonIdle(true);
+    EndPending();
   }
 }
 
@@ -206,6 +226,14 @@ void TapiDialer::EndSession() {
   call_.tapiCallHandle = 0;
   panel_.SetDialButtonIdle(true);
   logger_.LogCall(false, false);
+  // Nor may a call that was never connected lend its row to the next one.
+  call_.startText.clear();
+}
+
+// A pending call has ended before it had a handle.
+void TapiDialer::EndPending() {
+  panel_.SetDialButtonIdle(true);
+  call_.startText.clear();
 }
 
 // A second call must not steal the handle from the first.

@@ -7,6 +7,7 @@
 #include "app/services.h"
 #include "app/work_queue.h"
 #include "dialing/line_panel.h"
+#include "dialing/test_dial_panel.h"
 #include "journal/call_logger.h"
 #include "journal/current_call.h"
 
@@ -26,6 +27,9 @@ class TapiDialer : public TapiEvents {
   // session look then stays until the line reports the end.
   void DialTAPI(const std::string& dialString);
 
+  // Hears nothing more of the lines; for the end of the window.
+  void Abandon();
+
   // The options dialog while it is open, otherwise null. It is taken back before it dies.
   void SetTestDial(TestDialPanel* testDial) { testDial_ = testDial; }
 
@@ -39,16 +43,19 @@ class TapiDialer : public TapiEvents {
 
  private:
   void Place(const std::string& dialString);
+  void ReopenLine();
   void Drop();
 
   void HandleBusy(std::int32_t callHandle);
-  void HandleConnected(std::int32_t callHandle);
+  void HandleConnected(std::int32_t callHandle, const LocalTime& now);
   void HandleDisconnected(std::int32_t callHandle);
   void HandleLineMessage(const std::string& result, const std::string& function, std::int32_t code);
   void HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state);
+  bool WaitsForItsLine() const;
   void HandleIdle(std::int32_t callHandle);
   void HandleTestIdle(std::int32_t callHandle);
   void EndSession();
+  void EndPending();
   bool TakeHandle(std::int32_t callHandle);
   void ReportTestState(const std::string& text, std::int32_t callHandle, std::int32_t callId);
 

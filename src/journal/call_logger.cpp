@@ -1,6 +1,7 @@
 #include "journal/call_logger.h"
 
 #include <string>
+#include <utility>
 
 #include "app/date_time.h"
 #include "journal/contact_lookup.h"
@@ -20,6 +21,7 @@ void CallLogger::LogCall(bool isStart, bool isBusy) {
 
 void CallLogger::LogStart() {
   call_.startText = TimeText(services_.clock.Now());
+  call_.userPath = state_.host.userPath;
   if (call_.company.empty()) {
     if (!state_.databases.host) state_.databases.host = services_.databases.NewConnection();
     if (display_.ExternTicked()) {
@@ -42,12 +44,24 @@ void CallLogger::LogEnd(bool isBusy) {
     display_.AddStatus("Getrennt um " + services_.locale.Time(now));
     display_.AddStatus("Gesprächsdauer: " + duration);
   }
+  // A call that was taken at the telephone itself has no row.
+  if (!call_.startText.empty()) CompleteRow(duration);
+  call_.startText.clear();
+  call_.connectText.clear();
+}
+
+void CallLogger::CompleteRow(const std::string& duration) {
+  // The host may have named another user since the call began; its row is in the first one's
+  // journal.
+  const bool otherUser = call_.userPath != state_.host.userPath;
+  const std::string current = std::exchange(state_.host.userPath, call_.userPath);
+  if (otherUser) state_.databases.journalConnectionString.clear();
   std::string kind = "o";
   TelList(services_, state_, kind, call_.startText, call_.connectText, duration,
           call_.lastDialedDigits, call_.company, call_.place, call_.person, call_.addressKey,
           call_.personKey);
-  call_.startText.clear();
-  call_.connectText.clear();
+  state_.host.userPath = current;
+  if (otherUser) state_.databases.journalConnectionString.clear();
 }
 
 }  // namespace orvane

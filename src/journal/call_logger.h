@@ -26,6 +26,7 @@ class CallLogger {
  private:
   void LogStart();
   void LogEnd(bool isBusy);
+  void CompleteRow(const std::string& duration);
 
   Services& services_;
   ProgramState& state_;

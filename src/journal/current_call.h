@@ -14,6 +14,8 @@ struct CurrentCall {
   // "mm/dd/yyyy hh:nn:ss"; empty when no call runs, or is not connected.
   std::string startText;
   std::string connectText;
+  // The folder of the user whose journal holds the call.
+  std::string userPath;
   // Days since 1899-12-30.
   double connectDateTime = 0;
   std::string company;

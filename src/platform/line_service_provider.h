@@ -18,9 +18,9 @@ inline constexpr std::int32_t kLineCallDisconnected = 0x4000;
 
 // Error numbers that lines report.
 inline constexpr auto kLineErrorBadDevice = static_cast<std::int32_t>(0x80000002U);
-inline constexpr auto kLineErrorCallUnavailable = static_cast<std::int32_t>(0x80000007U);
+inline constexpr auto kLineErrorCallUnavailable = static_cast<std::int32_t>(0x80000005U);
 inline constexpr auto kLineErrorInvalidCall = static_cast<std::int32_t>(0x80000018U);
-inline constexpr auto kLineErrorInvalidLine = static_cast<std::int32_t>(0x8000001BU);
+inline constexpr auto kLineErrorInvalidLine = static_cast<std::int32_t>(0x8000002BU);
 inline constexpr auto kLineErrorOperationFailed = static_cast<std::int32_t>(0x80000048U);
 
 // Numbers for calls, unlike in the whole process; never 0.

@@ -98,7 +98,7 @@ void CommandChannel::RunCommands() {
   const std::vector<std::string> fields = state_.host.startArgs;
   const unsigned generation = generation_;
   const std::int32_t user = RoundToInt32(LeadingNumber(fields.at(0)));
-  if (user != state_.host.userNumber) SetUser(user);
+  if (user != state_.host.userNumber || state_.host.userPath.empty()) SetUser(user);
   if (fields.size() == 1) {
     panel_.Show();
     return;

@@ -5,7 +5,7 @@
 namespace orvane {
 namespace {
 
-class DialCommandTest : public ProgramFixture {
+class DialCommandTest : public JournalFixture {
  protected:
   DialCommandTest() {
     state.settings.dialMethod = kDialMethodModem;
@@ -95,6 +95,7 @@ TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
                                                      "die CTI-Telefonwahl konfigurieren."}));
     }
   }
+  tapi.SetTag("opened");
   state.settings.dialMethod = kDialMethodTapi;
   state.settings.tapiLineId = 0;
   panel.devDialTicked = false;
@@ -116,7 +117,11 @@ TEST_F(DialCommandTest, NeedsAUserAndLeavesTheHistoryFirst) {
   EXPECT_FALSE(panel.historyShown);
   EXPECT_TRUE(panel.sessionOn);
   registry->denyWrites = false;
-  Click("0999");  // ends the call without preparing again
+  // Ends the call without preparing again, and the way it was placed.
+  state.settings.dialMethod = kDialMethodTapi;
+  state.settings.tapiLineId = 0;
+  Click("0999");
+  EXPECT_TRUE(tapi.log.empty());
   EXPECT_EQ(call.lastDialedDigits, "0301234");
   EXPECT_EQ(Registry("Wahlwdh"), "");
   EXPECT_FALSE(panel.sessionOn);

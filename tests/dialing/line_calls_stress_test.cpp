@@ -12,7 +12,7 @@ namespace {
 constexpr int kCalls = 1000;
 constexpr std::int32_t kForeignHandle = 99999;
 
-class LineCallsStressTest : public ProgramFixture {
+class LineCallsStressTest : public JournalFixture {
  protected:
   LineCallsStressTest() {
     // No such provider here: each lookup ends in a message box.

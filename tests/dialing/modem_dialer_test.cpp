@@ -1,6 +1,8 @@
 #include "dialing/modem_dialer.h"
 
+#include "dialing/test_modem_dialer.h"
 #include "fakes/program_fixture.h"
+#include "fakes/recording_test_dial.h"
 
 namespace orvane {
 namespace {
@@ -8,7 +10,7 @@ namespace {
 using std::chrono_literals::operator""s;
 using Lines = std::vector<std::string>;
 
-class ModemDialerTest : public ProgramFixture {
+class ModemDialerTest : public JournalFixture {
  protected:
   ModemDialerTest() {
     call.company = "Muster GmbH";
@@ -33,9 +35,9 @@ TEST_F(ModemDialerTest, DialsWhenTheModemHasAnsweredWithTwoCharacters) {
   serial.Feed("\r\nCONNECT");
   EXPECT_EQ(serial.sent, "AT\rATDT 00301234\r");
   loop.Advance(29s);
-  EXPECT_EQ(modem.CurrentPhase(), ModemDialer::Phase::kHolding);
+  EXPECT_EQ(modem.CurrentPhase(), ModemCall::Phase::kHolding);
   loop.Advance(2s);
-  EXPECT_EQ(modem.CurrentPhase(), ModemDialer::Phase::kNone);
+  EXPECT_EQ(modem.CurrentPhase(), ModemCall::Phase::kNone);
   EXPECT_TRUE(panel.sessionOn);
   EXPECT_TRUE(serial.PortOpen());
 
@@ -90,7 +92,7 @@ TEST_F(ModemDialerTest, ACableThatIsPulledEndsTheWaitWithAMessage) {
     Click();
     if (answered) serial.Feed("OK");
     serial.Unplug();
-    EXPECT_EQ(modem.CurrentPhase(), ModemDialer::Phase::kNone);
+    EXPECT_EQ(modem.CurrentPhase(), ModemCall::Phase::kNone);
     EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234",
                                 ">>> Fehler Nr.8020: Fehler beim Lesen des Kommunikationsgeräts",
                                 "Fehler beim Lesen des Kommunikationsgeräts"}));
@@ -99,6 +101,16 @@ TEST_F(ModemDialerTest, ACableThatIsPulledEndsTheWaitWithAMessage) {
     EXPECT_FALSE(panel.sessionOn);
     EXPECT_FALSE(serial.PortOpen());
   }
+}
+
+TEST_F(ModemDialerTest, AnOrderToCloseComesBeforeTheDialCommand) {
+  databases.FailOpen(kDbErrorFailed, "Die Datei ist gesperrt.");
+  prompts.whileShown = [this] {
+    queue.Submit([this] { modem.Abandon(); });
+    serial.Feed("OK");
+  };
+  Click();
+  EXPECT_EQ(serial.sent, "AT\r");
 }
 
 TEST_F(ModemDialerTest, WhatHappensBehindAMessageBoxWaitsForIt) {
@@ -113,6 +125,31 @@ TEST_F(ModemDialerTest, WhatHappensBehindAMessageBoxWaitsForIt) {
   EXPECT_EQ(prompts.boxes.size(), 1U);
   EXPECT_EQ(serial.sent, "AT\rATDT 00301234\rATH0\r");
   EXPECT_FALSE(panel.sessionOn);
+}
+
+TEST_F(ModemDialerTest, TheTestDialUsesItsOwnPortAndNoJournal) {
+  RecordingTestDial dialog;
+  TestModemDialer test{services, queue, dialog};
+  test.TestDialModem("0217");
+  EXPECT_EQ(serial.CommPort(), 3);
+  serial.Feed("OK");
+  EXPECT_EQ(serial.sent, "AT\rATDT 0217\r");
+  test.TestDialModem("0217");
+  test.TestDialModem("");
+  serial.busyPorts = {3};
+  serial.SetPortOpen(false);
+  EXPECT_EQ(
+      dialog.log,
+      (Lines{"session", "Gegenstelle wird angewählt: 0217", ">>> Wählbefehl über 'COM3' gesendet.",
+             ">>> Auflegesignal wurde gesendet.", "Status: <OK>", "idle", "session",
+             "Gegenstelle wird angewählt: ", ">>> Wählbefehl über 'COM3' gesendet."}));
+  test.TestDialModem("");
+  EXPECT_EQ(dialog.log.back(), "idle");
+  test.TestDialModem("");
+  EXPECT_EQ(dialog.log.back(), "Anschluss bereits geöffnet");
+  EXPECT_TRUE(dialog.pressed);
+  EXPECT_TRUE(databases.statements.empty());
+  EXPECT_TRUE(panel.log.empty());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "app/date_time.h"
 #include "fakes/program_fixture.h"
+#include "fakes/recording_test_dial.h"
 #include "platform/line_service_provider.h"
 
 namespace orvane {
@@ -9,19 +10,12 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class RecordingTestDial : public TestDialPanel {
- public:
-  void SetTestDialIdle(bool idle) override { log.push_back(idle ? "idle" : "session"); }
-  void EnableAndFocusTestDial() override { log.emplace_back("focus"); }
-  void AppendProgress(const std::string& text) override { log.push_back(text); }
-  Lines log;
-};
-
-class TapiDialerTest : public ProgramFixture {
+class TapiDialerTest : public JournalFixture {
  protected:
   TapiDialerTest() {
     state.settings.tapiLineId = 0;
     call.company = "Muster GmbH";
+    tapi.SetTag("opened");
   }
   void Click() {
     queue.Submit([this] { dialer.DialTAPI("00301234"); });
@@ -104,15 +98,36 @@ TEST_F(TapiDialerTest, ABusyLineKeepsTheSessionUntilItEnds) {
   EXPECT_NE(databases.statements.at(0).find("Dauer='Besetzt'"), std::string::npos);
 }
 
-TEST_F(TapiDialerTest, ACallTakenAtTheTelephoneShowsAsASession) {
+TEST_F(TapiDialerTest, ACallTakenAtTheTelephoneShowsAsASessionAndTouchesNoRow) {
+  // A call before it that nobody answered left its row behind.
+  Click();
+  dialer.OnCallState(7, 1, kLineCallRingback);
+  End(7);
+  databases.statements.clear();
   Connect(9);
   EXPECT_TRUE(panel.sessionOn);
   Click();
   EXPECT_EQ(tapi.log.back(), "drop 0 9");
-  call.connectText.clear();
   End(9);
   EXPECT_FALSE(panel.sessionOn);
-  EXPECT_EQ(panel.log.back(), "Aufgelegt.");
+  EXPECT_EQ(panel.log, (Lines{"Verbunden um 09:05:07", "Aufgelegt.", "Getrennt um 09:05:07",
+                              "Gesprächsdauer: "}));
+  EXPECT_TRUE(databases.statements.empty());
+}
+
+TEST_F(TapiDialerTest, LooksAgainForALineThatWasNotThere) {
+  state.settings.dialMethod = kDialMethodTapi;
+  for (const std::int32_t line : {kNoTapiLine, 0}) {
+    state.settings.tapiLineId = line;
+    dialer.OnLineMessage("INSERVICE", "TapiLineDevState", 1);
+  }
+  EXPECT_EQ(panel.linesChanged, 1);
+}
+
+TEST_F(TapiDialerTest, ALostLineIsOpenedAgainByTheNextCall) {
+  dialer.OnLineMessage("SUCCESS", "TapiLineClose", 0);
+  Click();
+  EXPECT_EQ(tapi.log, (Lines{"open 0 4 6 9", "call 0 00301234"}));
 }
 
 TEST_F(TapiDialerTest, AFailingLineLeavesAUsableButton) {
@@ -159,6 +174,21 @@ TEST_F(TapiDialerTest, LineMessagesKeepTheTag) {
     dialer.OnLineMessage(result, function, 0);
     EXPECT_EQ(tapi.Tag(), tag) << function;
   }
+}
+
+TEST_F(TapiDialerTest, EventsBehindAMessageBoxKeepTheirOrder) {
+  databases.FailOpen(kDbErrorFailed, "gesperrt");
+  prompts.whileShown = [this] {
+    prompts.whileShown = nullptr;
+    Connect(7);
+    clock.now.hour = 10;
+    End(7);
+    EXPECT_EQ(panel.log, Lines{">>> Wählen: 00301234"});
+  };
+  Click();
+  EXPECT_FALSE(panel.sessionOn);
+  EXPECT_EQ(panel.log.front(), "Verbunden um 09:05:07");
+  EXPECT_EQ(panel.log.back(), "Gesprächsdauer: 1 Std. ");
 }
 
 }  // namespace

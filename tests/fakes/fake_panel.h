@@ -42,6 +42,7 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
   bool WindowEnabled() const override { return windowEnabled; }
   void SetDialButtonsEnabled(bool enabled) override { dialEnabled = enabled; }
   void FocusDialButton() override { ++dialFocused; }
+  void LinesChanged() override { ++linesChanged; }
   bool JustPlaced() const override { return log.size() == 1 && log[0].starts_with(">>>"); }
 
   bool IsLoaded() const override { return loaded; }
@@ -58,7 +59,7 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
   bool devDialTicked = false, historyShown = false, sessionOn = false;
   bool windowEnabled = true, dialEnabled = true, numberEnabled = true;
   bool loaded = false, shown = false;
-  int dialFocused = 0, reloads = 0;
+  int dialFocused = 0, reloads = 0, linesChanged = 0;
 };
 
 }  // namespace orvane

@@ -24,8 +24,8 @@
 
 namespace orvane {
 
-// The program on a fake machine: a host folder of its own with user 17 and an empty journal, and
-// nothing else that is real but SQLite files.
+// The program on a fake machine: a host folder of its own with user 17, and nothing else that is
+// real but SQLite files.
 class ProgramFixture : public testing::Test {
  protected:
   ProgramFixture() {
@@ -38,8 +38,6 @@ class ProgramFixture : public testing::Test {
     state.host.registry = services.newRegistry();
     BindHostRegistry(*state.host.registry);
     state.settings.countryPrefix = "+49";
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
   }
   std::filesystem::path UserFile(const std::string& name) const {
     return folder / "Daten/User/17/res" / name;
@@ -73,6 +71,15 @@ class ProgramFixture : public testing::Test {
   CurrentCall call;
   WorkQueue queue;
   FakePanel panel;
+};
+
+// The same with an empty journal.
+class JournalFixture : public ProgramFixture {
+ protected:
+  JournalFixture() {
+    CreateJournalFile(UserFile("TelList.fdb"));
+    state.databases.journal = databases.NewConnection();
+  }
 };
 
 }  // namespace orvane

@@ -30,7 +30,7 @@ TEST(FormatDurationTest, CountsFixedYearsAndMonths) {
   }
 }
 
-class CallLoggerTest : public ProgramFixture {
+class CallLoggerTest : public JournalFixture {
  protected:
   CallLoggerTest() {
     CreateDemoContactFile(folder / "Daten/CONTACT.FDB");
@@ -85,6 +85,17 @@ TEST_F(CallLoggerTest, CompletesOnlyACallThatWasConnected) {
   }
   EXPECT_EQ(panel.log,
             (std::vector<std::string>{"Getrennt um 09:06:12", "Gesprächsdauer: 1 Min. 5 Sek. "}));
+}
+
+TEST_F(CallLoggerTest, ACallEndsInTheJournalItBeganIn) {
+  logger.LogCall(true, false);
+  call.connectText = TimeText(clock.now);
+  state.host.userPath = UserFolder(state.host, 18);
+  databases.properties.clear();
+  logger.LogCall(false, false);
+  EXPECT_EQ(databases.Property("Data Source"), UserFolder(state.host, 17) + "res\\TelList.fdb");
+  EXPECT_EQ(state.host.userPath, UserFolder(state.host, 18));
+  EXPECT_EQ(state.databases.journalConnectionString, "");
 }
 
 TEST_F(CallLoggerTest, CompactsAJournalThatHasGrownAfterAnyCall) {

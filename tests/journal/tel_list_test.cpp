@@ -8,7 +8,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class TelListTest : public ProgramFixture {
+class TelListTest : public JournalFixture {
  protected:
   struct Row {
     std::string kind = "1";

@@ -22,8 +22,9 @@ void PutPath(const char* name, const std::filesystem::path& path) {
 
 DemoFolders EnterDemoSession(const std::filesystem::path& root) {
   const auto base = std::filesystem::absolute(root);
-  DemoFolders folders{base / "config", base / "run", base / "host", base / "modem.log"};
-  for (const auto& folder : {folders.config, folders.runtime, folders.host}) {
+  DemoFolders folders{base / "config", base / "run", base / "host", base / "line",
+                      base / "line.log"};
+  for (const auto& folder : {folders.config, folders.runtime, folders.host, folders.line}) {
     std::filesystem::create_directories(folder);
   }
   std::filesystem::permissions(folders.runtime, std::filesystem::perms::owner_all);

@@ -9,7 +9,9 @@ struct DemoFolders {
   std::filesystem::path config;
   std::filesystem::path runtime;
   std::filesystem::path host;
-  std::filesystem::path modemLog;
+  // Files of what the calls go through, and what was heard there.
+  std::filesystem::path line;
+  std::filesystem::path lineLog;
 };
 
 // Creates the folders and points this process and those it starts to them, so that the demo shares

@@ -72,10 +72,10 @@ QString Stamped(const QString& text) {
 
 }  // namespace
 
-DemoWindow::DemoWindow(const SampleContacts& contacts, QWidget* parent)
+DemoWindow::DemoWindow(const SampleContacts& contacts, const QString& lineTitle, QWidget* parent)
     : QWidget(parent),
       notifications_(NewLog("notifications", tr("Meldungen des Wählprogramms"), this)),
-      modemLog_(NewLog("modemLog", tr("Modem an COM1"), this)),
+      heard_(NewLog("heard", lineTitle, this)),
       dialerState_(new QLabel(this)) {
   setWindowTitle(QString::fromLatin1(kCaption));
   setObjectName(QStringLiteral("demo"));
@@ -89,7 +89,7 @@ DemoWindow::DemoWindow(const SampleContacts& contacts, QWidget* parent)
   head->setObjectName(QStringLiteral("head"));
 
   auto* logs = new QHBoxLayout;
-  logs->addWidget(LogPanel(tr("Modem an COM1"), modemLog_));
+  logs->addWidget(LogPanel(lineTitle, heard_));
   logs->addWidget(LogPanel(tr("Meldungen des Wählprogramms"), notifications_));
 
   auto* body = new QVBoxLayout;
@@ -163,8 +163,8 @@ void DemoWindow::AddNotification(const QString& text) {
   notifications_->appendPlainText(Stamped(text));
 }
 
-void DemoWindow::AddModemLine(const QString& text) {
-  modemLog_->appendPlainText(Stamped(text));
+void DemoWindow::AddHeard(const QString& text) {
+  heard_->appendPlainText(Stamped(text));
 }
 
 void DemoWindow::SetDialerState(const QString& text) {

@@ -16,10 +16,10 @@ class DemoWindow : public QWidget {
   Q_OBJECT
 
  public:
-  explicit DemoWindow(const SampleContacts& contacts, QWidget* parent = nullptr);
+  DemoWindow(const SampleContacts& contacts, const QString& lineTitle, QWidget* parent = nullptr);
 
   void AddNotification(const QString& text);
-  void AddModemLine(const QString& text);
+  void AddHeard(const QString& text);
   void SetDialerState(const QString& text);
 
  Q_SIGNALS:
@@ -36,7 +36,7 @@ class DemoWindow : public QWidget {
   QWidget* LogPanel(const QString& title, QPlainTextEdit* log);
 
   QPlainTextEdit* notifications_;
-  QPlainTextEdit* modemLog_;
+  QPlainTextEdit* heard_;
   QLabel* dialerState_;
 };
 

@@ -1,5 +1,5 @@
-// The host's stand-in for trying the dialer out: builds an installation of its own, runs a
-// simulated modem and the dialer, and hands contacts over.
+// The host's stand-in for trying the dialer out: builds an installation of its own, runs a line for
+// the calls and the dialer, and hands contacts over.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -10,13 +10,12 @@
 #include <filesystem>
 #include <string>
 
+#include "demo_host/demo_line.h"
 #include "demo_host/demo_session.h"
 #include "demo_host/demo_window.h"
 #include "demo_host/dial_message.h"
 #include "demo_host/dialer_link.h"
 #include "host_installation.h"
-#include "modem_simulator.h"
-#include "platform/linux/com_ports.h"
 #include "platform/linux/settings_registry.h"
 #include "platform/linux/socket_host_channel.h"
 #include "remote/copy_data_text.h"
@@ -29,6 +28,7 @@ using namespace orvane;
 struct Arguments {
   std::filesystem::path root;
   QString dialer;
+  std::string line;
   bool installOnly = false;
 };
 
@@ -39,36 +39,30 @@ Arguments ReadArguments(const QApplication& application) {
   const QCommandLineOption dialer(QStringLiteral("dialer"), QStringLiteral("The dialer's program."),
                                   QStringLiteral("file"),
                                   QApplication::applicationDirPath() + QStringLiteral("/orvane"));
+  const QCommandLineOption line(QStringLiteral("line"), QStringLiteral("simulated, modem or sip."),
+                                QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
   QCommandLineParser parser;
   parser.addHelpOption();
-  parser.addOptions({root, dialer, installOnly});
+  parser.addOptions({root, dialer, line, installOnly});
   parser.process(application);
-  return {parser.value(root).toStdString(), parser.value(dialer), parser.isSet(installOnly)};
+  return {parser.value(root).toStdString(), parser.value(dialer), parser.value(line).toStdString(),
+          parser.isSet(installOnly)};
 }
 
-// The dialer finds the modem as COM1.
-void LinkModem(const std::string& device) {
-  const std::filesystem::path folder = ComLinkFolder().toStdString();
-  std::filesystem::create_directories(folder);
-  std::filesystem::remove(folder / "com1");
-  std::filesystem::create_symlink(device, folder / "com1");
-}
-
-// Everything that the modem hears, in the window and in a file.
-class ModemLog {
+// Everything that is heard on the line, in the window and in a file.
+class LineLog {
  public:
-  ModemLog(const std::filesystem::path& file, DemoWindow& window) : window_(window) {
+  LineLog(const std::filesystem::path& file, DemoWindow& window) : window_(window) {
     file_.setFileName(QString::fromStdString(file.string()));
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-      window_.AddModemLine(file_.errorString());
+      window_.AddHeard(file_.errorString());
     }
   }
 
-  void Add(const std::string& command) {
-    const QString line = QStringLiteral("< ") + QString::fromStdString(command);
-    window_.AddModemLine(line);
+  void Add(const QString& line) {
+    window_.AddHeard(line);
     file_.write(line.toUtf8() + '\n');
     file_.flush();
   }
@@ -78,14 +72,11 @@ class ModemLog {
   QFile file_;
 };
 
-int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options,
+int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, DemoLine& line,
             const QString& program) {
-  ModemSimulator modem;
-  LinkModem(modem.SlavePath());
-
-  DemoWindow window(options.contacts);
-  ModemLog log(folders.modemLog, window);
-  modem.SetCommandHandler([&log](const std::string& command) { log.Add(command); });
+  DemoWindow window(options.contacts, line.Title());
+  LineLog log(folders.lineLog, window);
+  line.Listen([&log](const QString& text) { log.Add(text); });
 
   SocketHostChannel channel;
   channel.Hook(
@@ -123,10 +114,12 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options,
 
 int Run(const Arguments& arguments) {
   const DemoFolders folders = EnterDemoSession(arguments.root);
-  const HostInstallationOptions options;
+  const auto line = MakeDemoLine(arguments.line, folders.line);
+  HostInstallationOptions options;
+  line->Configure(options);
   SettingsRegistry registry;
   BuildHostInstallation(folders.host, registry, options);
-  return arguments.installOnly ? 0 : RunDemo(folders, options, arguments.dialer);
+  return arguments.installOnly ? 0 : RunDemo(folders, options, *line, arguments.dialer);
 }
 
 }  // namespace

@@ -32,6 +32,7 @@ constexpr int kNotStarted = 127;
 SpawnedProgram::SpawnedProgram(std::vector<std::string> words, const std::filesystem::path& folder,
                                const std::filesystem::path& output) {
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   const pid_t parent = getpid();

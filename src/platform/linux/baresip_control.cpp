@@ -8,7 +8,7 @@
 namespace orvane {
 namespace {
 
-constexpr std::size_t kLongestMessageBytes = 1024 * 1024;
+constexpr std::size_t kLongestMessageBytes = 1048576;
 
 }  // namespace
 

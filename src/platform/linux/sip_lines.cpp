@@ -46,8 +46,10 @@ SipLines::SipLines(EventLoop& loop, CallHandles& handles, BaresipControl::Settin
 void SipLines::Initialise() {
   accountsKnown_ = false;
   if (control_.Up()) AskAccounts();
+  initialising_ = true;
   control_.Start();
   control_.Wait(kLongestStart, [this] { return accountsKnown_; });
+  initialising_ = false;
 }
 
 void SipLines::ShutDown() {
@@ -144,7 +146,10 @@ SipLines::Place SipLines::Find(std::int32_t handle) {
 
 void SipLines::OnControlUp() {
   AskAccounts();
-  if (!std::exchange(lost_, false)) return;
+  if (std::exchange(lost_, false)) ReportInService();
+}
+
+void SipLines::ReportInService() {
   events_.Add([](TapiEvents& events) {
     events.OnLineMessage("INSERVICE", "TapiLineDevState", kLineDeviceInService);
   });
@@ -169,12 +174,15 @@ void SipLines::AskAccounts() {
 
 void SipLines::TakeAccounts(const std::string& reginfo) {
   accountsKnown_ = true;
+  const std::size_t before = lines_.size();
   for (const std::string& account : AccountsOf(reginfo)) {
     const bool known = std::any_of(lines_.begin(), lines_.end(), [&account](const Line& line) {
       return line.account == account;
     });
     if (!known) lines_.push_back({account, false, {}});
   }
+  // Whoever waits for a line that was not there at the start looks again.
+  if (lines_.size() > before && !initialising_) ReportInService();
 }
 
 // Selecting and dialling go in one piece: an incoming call selects its own account. That the

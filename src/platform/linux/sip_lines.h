@@ -66,6 +66,7 @@ class SipLines : public LineServiceProvider, private BaresipControl::Listener {
   // Both are null when there is no such call any more.
   Place Find(std::int32_t handle);
 
+  void ReportInService();
   void AskAccounts();
   void TakeAccounts(const std::string& reginfo);
 
@@ -85,6 +86,7 @@ class SipLines : public LineServiceProvider, private BaresipControl::Listener {
   LineEventQueue events_;
   BaresipControl control_;
   std::vector<Line> lines_;
+  bool initialising_ = false;
   bool accountsKnown_ = false;
   bool lost_ = false;
 };

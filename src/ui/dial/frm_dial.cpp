@@ -78,12 +78,7 @@ bool frmDial::eventFilter(QObject* watched, QEvent* event) {
       if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) ReleaseKeypad();
       return false;
     case QEvent::MouseButtonPress:
-      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton &&
-          dragAreas_.contains(watched)) {
-        chrome_->Drag([this] { KeepCompactViewOnScreen(); });
-        return true;
-      }
-      return false;
+      return dragAreas_.contains(watched) && DragWindow(static_cast<QMouseEvent*>(event)->button());
     default:
       return false;
   }
@@ -111,6 +106,13 @@ void frmDial::paintEvent(QPaintEvent*) {
 
 void frmDial::ApplyWindowShape() {
   chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
+}
+
+// True when the button moves the window: the left one only.
+bool frmDial::DragWindow(Qt::MouseButton button) {
+  if (button != Qt::LeftButton) return false;
+  chrome_->Drag([this] { KeepCompactViewOnScreen(); });
+  return true;
 }
 
 void frmDial::KeepCompactViewOnScreen() {

@@ -67,6 +67,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   bool WindowEnabled() const override;
   void SetDialButtonsEnabled(bool enabled) override;
   void FocusDialButton() override;
+  void LinesChanged() override { ReloadSettings(); }
   bool JustPlaced() const override;
 
   // RemotePanel
@@ -102,6 +103,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void ShutDownTapi();
 
   void ApplyWindowShape();
+  bool DragWindow(Qt::MouseButton button);
   void KeepCompactViewOnScreen();
 
   void OnNumberChanged();

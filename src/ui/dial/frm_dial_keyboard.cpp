@@ -16,7 +16,8 @@ namespace orvane {
 bool frmDial::OnKeyDown(const QKeyEvent& event) {
   if (!NumberEnabled()) return false;
   const int key = VirtualKeyOf(event);
-  if (key == kKeyEnter) return OnEnter(focusWidget());
+  // A key that is held must not dial, hang up and dial again.
+  if (key == kKeyEnter) return event.isAutoRepeat() || OnEnter(focusWidget());
   if (focusWidget() == c_.txtNr) return false;
   const KeyAction action = KeyActionFor(key);
   switch (action.kind) {

@@ -67,9 +67,9 @@ void frmDial::PrepareAreaCodes() {
 }
 
 void frmDial::SetUpChrome() {
-  ApplyWindowShape();
-  chrome_->AddDropShadow();
-  chrome_->SetTopmost(kTopmost, true);
+  Attempt([this] { ApplyWindowShape(); });
+  Attempt([this] { chrome_->AddDropShadow(); });
+  Attempt([this] { chrome_->SetTopmost(kTopmost, true); });
   channel_.HookWindow(winId(), windowTitle().toStdString());
 }
 
@@ -102,6 +102,7 @@ void frmDial::Unload() {
   Attempt([this] { services_.serial.SetPortOpen(false); });
   ReleaseDatabases();
   ShutDownTapi();
+  tapi_.Abandon();
   state_.host.userNumber = 0;
   queue_.Clear();
   hide();

@@ -1,5 +1,7 @@
 #include "ui/style/drop_down.h"
 
+#include <QWheelEvent>
+
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 
@@ -24,6 +26,10 @@ DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
 // However long its entries are, the box elides them rather than widening the window.
 QSize DropDown::minimumSizeHint() const {
   return {60, QComboBox::minimumSizeHint().height()};
+}
+
+void DropDown::wheelEvent(QWheelEvent* event) {
+  event->ignore();
 }
 
 void DropDown::paintEvent(QPaintEvent*) {

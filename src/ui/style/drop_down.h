@@ -12,6 +12,8 @@ class DropDown : public QComboBox {
   QSize minimumSizeHint() const override;
 
  protected:
+  // The wheel over a closed box must not pick an entry by accident.
+  void wheelEvent(QWheelEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
 

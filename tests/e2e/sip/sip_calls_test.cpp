@@ -26,7 +26,6 @@ class SipCallsTest : public ProgramFixture {
     call.company = "Muster GmbH";
     Open("anna");
   }
-  ~SipCallsTest() override { lines.ShutDown(); }
 
   // Opens the line of the account, as the settings do.
   void Open(const std::string& user) {

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/services.h"
+#include "app/work_queue.h"
+
+namespace orvane {
+
+// One call through a Hayes modem on a serial port. The call is a state that goes on when characters
+// arrive, time passes or the call is ended; nothing here waits in a nested loop, so a call that was
+// hung up can never send its dial command afterwards.
+class ModemCall {
+ public:
+  enum class Phase { kNone, kAwaitingReply, kHolding };
+
+  // `report` shows one line of the call's progress.
+  ModemCall(Services& services, WorkQueue& queue, std::function<void(const std::string&)> report);
+  ~ModemCall();
+  ModemCall(const ModemCall&) = delete;
+  ModemCall& operator=(const ModemCall&) = delete;
+
+  // Opens the port and probes the modem; reports what is wrong and stops when that fails. Otherwise
+  // runs `announce` and, once the modem has answered, dials `number` (digits, "*", "#").
+  void Start(int port, const std::string& number, const std::function<void()>& announce);
+
+  // Goes on-hook and closes the port. False when it was closed already.
+  bool HangUp();
+
+  // Forgets the call in progress without touching the port.
+  void Abandon();
+
+  Phase CurrentPhase() const { return phase_; }
+
+ private:
+  void Listen();
+  bool Probe(int port);
+  void ReportFailure(const SerialError& error);
+  void OnReceived();
+  void SendDialCommand();
+  void Hold();
+  void OnDeviceError(const SerialError& error);
+
+  Services& services_;
+  WorkQueue& queue_;
+  std::function<void(const std::string&)> report_;
+
+  bool listens_ = false;
+  Phase phase_ = Phase::kNone;
+  int port_ = 0;
+  std::string number_;
+  std::unique_ptr<EventLoop::Timer> hold_;
+};
+
+}  // namespace orvane

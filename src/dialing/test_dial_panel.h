@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace orvane {
+
+// The test dial of the options dialog, which gets the line events while it is open.
+class TestDialPanel {
+ public:
+  virtual ~TestDialPanel() = default;
+
+  // The dialog's dial button: pressed, hang-up picture and "&Auflegen"; or released, dial picture
+  // and "&Wählen...".
+  virtual void SetTestDialIdle(bool idle) = 0;
+  virtual bool TestDialPressed() const = 0;
+  virtual void EnableAndFocusTestDial() = 0;
+  // The port that is selected in the dialog, 1 to 8.
+  virtual int SelectedComPort() const = 0;
+  // Appends CR LF and the text to `txtCallProgress`, caret at the end.
+  virtual void AppendProgress(const std::string& text) = 0;
+};
+
+}  // namespace orvane

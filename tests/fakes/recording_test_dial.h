@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dialing/test_dial_panel.h"
+
+namespace orvane {
+
+// The options dialog's test dial without a dialog: writes down what it was told.
+class RecordingTestDial : public TestDialPanel {
+ public:
+  void SetTestDialIdle(bool idle) override {
+    pressed = !idle;
+    log.emplace_back(idle ? "idle" : "session");
+  }
+  bool TestDialPressed() const override { return pressed; }
+  void EnableAndFocusTestDial() override { log.emplace_back("focus"); }
+  int SelectedComPort() const override { return port; }
+  void AppendProgress(const std::string& text) override { log.push_back(text); }
+
+  std::vector<std::string> log;
+  bool pressed = false;
+  int port = 3;
+};
+
+}  // namespace orvane
