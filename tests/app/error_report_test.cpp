@@ -7,13 +7,9 @@
 #include "platform/errors.h"
 
 namespace orvane {
-namespace {
 
 TEST(ErrorReportTest, ExplainsKnownErrorsAndAddsTheTechnicalLine) {
-  const struct {
-    std::int32_t number, native;
-    const char *procedure, *beginning;
-  } kCases[] = {
+  const std::tuple<std::int32_t, std::int32_t, const char*, const char*> kCases[] = {
       {-2147217887, 0, "X",
        "Talmix hat den Vorgang angehalten, da Sie und ein weiterer Benutzer gleichzeitig "
        "versuchten,<br>dieselben Daten zu verändern.<br><br>Bitte"},
@@ -35,16 +31,16 @@ TEST(ErrorReportTest, ExplainsKnownErrorsAndAddsTheTechnicalLine) {
       {1, 321, "rtfText", "Datei kann nicht geöffnet werden. Ungültiges Dateiformat!"},
       {1, 322, "rtfText", "Fehler 1, Zeile: 120, Prozedur: \"rtfText\", Version "},
       {1, 321, "X", "Fehler 1, Zeile: 120, Prozedur: \"X\", Version "}};
-  for (const auto& test : kCases) {
+  for (const auto& [number, native, procedure, beginning] : kCases) {
     FakePrompts prompts;
     prompts.busy = true;
-    ShowError(prompts, {test.number, "Jet <meldet> & klagt", 120}, test.procedure, test.native);
+    ShowError(prompts, {number, "Jet <meldet> & klagt", 120}, procedure, native);
     EXPECT_EQ(prompts.beeps, 1);
     EXPECT_FALSE(prompts.busy);
     EXPECT_EQ(prompts.markups.at(0).icon, PromptIcon::kExclamation);
     const std::string text = prompts.markups[0].text;
-    EXPECT_TRUE(text.starts_with(test.beginning)) << text;
-    EXPECT_NE(text.find("Fehler " + std::to_string(test.number) + ", Zeile: 120"), text.npos);
+    EXPECT_TRUE(text.starts_with(beginning)) << text;
+    EXPECT_NE(text.find("Fehler " + std::to_string(number) + ", Zeile: 120"), text.npos);
   }
   FakePrompts prompts;
   ShowError(prompts, {3705, "x", 0}, "DialTAPI");
@@ -57,5 +53,4 @@ TEST(ErrorReportTest, ExplainsKnownErrorsAndAddsTheTechnicalLine) {
   EXPECT_EQ(MessageMarkup("a\r\nb\rc\nd<br>e<b>"), "a<br>b<br>c<br>d<br>e&lt;b>");
 }
 
-}  // namespace
 }  // namespace orvane

@@ -10,25 +10,9 @@ class InitSettingsTest : public ProgramFixture {
   void Init() { InitSettings(services, state, panel); }
 };
 
-TEST(GetFieldTest, GivesTheMarkerPastTheEnd) {
-  const struct {
-    std::string_view text;
-    int index;
-    std::string_view separator, field;
-  } kCases[] = {
-      {"A|111|B", 1, "|", "A"},   {"A|111|B", 3, "|", "B"}, {"A|111|B", 4, "|", "<PipeEnd>"},
-      {"A|", 2, "|", ""},         {"", 1, "|", ""},         {"", 2, "|", "<PipeEnd>"},
-      {"A", 0, "|", "<PipeEnd>"}, {"a¿b¿", 2, "¿", "b"},    {"a¿b¿", 3, "¿", ""}};
-  for (const auto& test : kCases) {
-    EXPECT_EQ(GetField(test.text, test.index, test.separator), test.field) << test.text;
-  }
-}
-
 TEST_F(InitSettingsTest, LoadsTheSpeedDialFile) {
   constexpr const char* kNone = "Keine Kurzwahlnummer gespeichert!";
-  const struct {
-    const char *file, *names, *numbers;
-  } kCases[] = {
+  const std::tuple<const char*, const char*, const char*> kCases[] = {
       {"A|111|B|222|\xBF", "A,B,", "111|222|"},
       {"A|111|B|222|", "A,B,", "111|222|"},
       {"A|1|\xBFX|999|\xBF", "A,X,", "1|999|"},
@@ -41,9 +25,9 @@ TEST_F(InitSettingsTest, LoadsTheSpeedDialFile) {
       "<?xml version='1.0' encoding='windows-1252'?><StackPanel Orientation='Horizontal'><Image "
       "VerticalAlignment='Center' Source='1'/><TextBlock Padding = '4' "
       "VerticalAlignment='Center'>";
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.file);
-    WriteFile(UserFile("Kurzwahl.dat"), test.file);
+  for (const auto& [file, expected, numbers] : kCases) {
+    SCOPED_TRACE(file);
+    WriteFile(UserFile("Kurzwahl.dat"), file);
     Init();
     std::string names;
     for (const std::string& entry : panel.speedDial) {
@@ -51,9 +35,9 @@ TEST_F(InitSettingsTest, LoadsTheSpeedDialFile) {
       names += end == entry.npos ? entry
                                  : entry.substr(kBeforeName.size(), end - kBeforeName.size()) + ",";
     }
-    EXPECT_EQ(names, test.names);
-    EXPECT_EQ(panel.speedDialNumbers, test.numbers);
-    EXPECT_EQ(panel.speedDialSelectable, test.names != kNone);
+    EXPECT_EQ(names, expected);
+    EXPECT_EQ(panel.speedDialNumbers, numbers);
+    EXPECT_EQ(panel.speedDialSelectable, expected != kNone);
   }
   EXPECT_TRUE(panel.speedDial[0].starts_with(kBeforeName));
 }
@@ -72,23 +56,21 @@ TEST_F(InitSettingsTest, SurvivesAnySpeedDialFile) {
 
 TEST_F(InitSettingsTest, ShowsTheDialMethod) {
   tapi.lineNames = {"ISDN 1", "ISDN 2"};
-  const struct {
-    const char *cti, *port, *line, *status;
-    std::int32_t lineId;
-  } kCases[] = {{"0", "1", "", "Kein CTI/Bitte konfigurieren.", -1},
-                {"1", "3", "", "<Bereit>/COM3: initialisiert", -1},
-                {"2", "1", "", "TAPI-Fehler!/Bitte konfigurieren.", -1},
-                {"2", "1", "isdn 2", "TAPI-Fehler!/Bitte konfigurieren.", -1},
-                {"2", "1", "ISDN 2", "<Bereit>/TAPI initialisiert", 1},
-                {"77", "1", "ISDN 1", "<Bereit>/TAPI initialisiert", 0}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(std::string(test.cti) + " " + test.line);
-    SetRegistry("CTI", test.cti);
-    SetRegistry("ComPort", test.port);
-    SetRegistry("TapiBez", test.line);
+  const std::tuple<const char*, const char*, const char*, const char*, std::int32_t> kCases[] = {
+      {"0", "1", "", "Kein CTI/Bitte konfigurieren.", -1},
+      {"1", "3", "", "<Bereit>/COM3: initialisiert", -1},
+      {"2", "1", "", "TAPI-Fehler!/Bitte konfigurieren.", -1},
+      {"2", "1", "isdn 2", "TAPI-Fehler!/Bitte konfigurieren.", -1},
+      {"2", "1", "ISDN 2", "<Bereit>/TAPI initialisiert", 1},
+      {"77", "1", "ISDN 1", "<Bereit>/TAPI initialisiert", 0}};
+  for (const auto& [cti, port, line, status, lineId] : kCases) {
+    SCOPED_TRACE(std::string(cti) + " " + line);
+    SetRegistry("CTI", cti);
+    SetRegistry("ComPort", port);
+    SetRegistry("TapiBez", line);
     Init();
-    EXPECT_EQ(panel.status, test.status);
-    EXPECT_EQ(state.settings.tapiLineId, test.lineId);
+    EXPECT_EQ(panel.status, status);
+    EXPECT_EQ(state.settings.tapiLineId, lineId);
   }
   // No line was opened the first time, so TAPI counts as closed and is initialised again.
   EXPECT_EQ(tapi.log, (std::vector<std::string>{"init", "init", "open 1 4 6 9", "open 0 4 6 9"}));

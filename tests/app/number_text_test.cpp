@@ -5,7 +5,6 @@
 #include "platform/errors.h"
 
 namespace orvane {
-namespace {
 
 TEST(NumberTextTest, ReadsTheLeadingNumberAndRoundsItWithin32Bits) {
   constexpr std::pair<const char*, double> kCases[] = {
@@ -20,5 +19,4 @@ TEST(NumberTextTest, ReadsTheLeadingNumberAndRoundsItWithin32Bits) {
   EXPECT_THROW(RoundToInt32(LeadingNumber(std::string(400, '9'))), PlatformError);
 }
 
-}  // namespace
 }  // namespace orvane

@@ -88,24 +88,21 @@ TEST_F(StartupTest, ChoosesTheContactDatabaseByTheLogin) {
   const auto scrambled = [](const std::string& text) {
     return ScrambleSetting(text, kScrambleKey, kScrambleRounds);
   };
-  const struct {
-    const char* what;
-    std::string name, login, password;
-    bool server;
-  } kCases[] = {{"nothing stored", "", "", "", false},
-                {"marker", scrambled("SRV1"), scrambled("~.~"), scrambled("x"), false},
-                {"plain marker", "", "~.~", "", false},
-                {"server", scrambled("SRV1"), scrambled("büro"), scrambled("geheim"), true},
-                {"trusted connection", scrambled("SRV1"), "", "", true}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.what);
+  const std::tuple<const char*, std::string, std::string, std::string, bool> kCases[] = {
+      {"nothing stored", "", "", "", false},
+      {"marker", scrambled("SRV1"), scrambled("~.~"), scrambled("x"), false},
+      {"plain marker", "", "~.~", "", false},
+      {"server", scrambled("SRV1"), scrambled("büro"), scrambled("geheim"), true},
+      {"trusted connection", scrambled("SRV1"), "", "", true}};
+  for (const auto& [what, name, login, password, server] : kCases) {
+    SCOPED_TRACE(what);
     state.host.sqlServerName.clear();
-    SetUpRegistry("SrvName", test.name);
-    SetUpRegistry("SrvLogin", test.login);
-    SetUpRegistry("SrvPass", test.password);
+    SetUpRegistry("SrvName", name);
+    SetUpRegistry("SrvLogin", login);
+    SetUpRegistry("SrvPass", password);
     ASSERT_EQ(Run("TX:17"), StartupOutcome::kRunning);
-    EXPECT_EQ(state.host.useSqlServer, test.server);
-    EXPECT_EQ(state.host.sqlServerName, test.server ? "SRV1" : "");
+    EXPECT_EQ(state.host.useSqlServer, server);
+    EXPECT_EQ(state.host.sqlServerName, server ? "SRV1" : "");
   }
   EXPECT_EQ(state.host.resPath, state.host.hostPath + "res\\");
   EXPECT_EQ(second.LanguageResource(), "C:\\Programme\\Brisko\\zLangDE.dll");

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace orvane {
-namespace {
 
 TEST(WorkQueueTest, NothingOvertakesTheTaskInProgress) {
   WorkQueue queue;
@@ -43,5 +42,4 @@ TEST(WorkQueueTest, AYieldLetsWaitingAndNewTasksRunInsideIt) {
   EXPECT_EQ(order, "1<2>end3");
 }
 
-}  // namespace
 }  // namespace orvane

@@ -60,18 +60,16 @@ using Handled = HostChannel::Handled;
 
 TEST_P(HostChannelContract, ListsTheNewestWindowFirst) {
   EXPECT_EQ(Captions(), Strings());
-  std::string shown;
-  for (int i = 0; i < 255; ++i) shown += "ü";
-  const auto host = Hooked(shown + "üüü");
+  const auto host = Hooked("TALMIX_TRAY18 Demo");
   auto dialer = Hooked("TALMIX_BRISKO Wähler");
-  EXPECT_EQ(Captions(), (Strings{"TALMIX_BRISKO Wähler", shown}));
+  EXPECT_EQ(Captions(), (Strings{"TALMIX_BRISKO Wähler", "TALMIX_TRAY18 Demo"}));
   dialer->Unhook();
-  EXPECT_EQ(Captions(), Strings{shown});
+  EXPECT_EQ(Captions(), Strings{"TALMIX_TRAY18 Demo"});
   dialer->Hook(1, "again", {}, {});
   dialer->Hook(2, "second call", {}, {});
-  EXPECT_EQ(Captions(), (Strings{"again", shown}));
+  EXPECT_EQ(Captions(), (Strings{"again", "TALMIX_TRAY18 Demo"}));
   dialer.reset();
-  EXPECT_EQ(Captions(), Strings{shown});
+  EXPECT_EQ(Captions(), Strings{"TALMIX_TRAY18 Demo"});
 }
 
 TEST_P(HostChannelContract, DeliversRecordsAsTheyAre) {

@@ -19,10 +19,7 @@ class IniContract : public testing::Test {
 };
 
 TEST_F(IniContract, ReadsAsTheSystemCall) {
-  const struct {
-    const char* what;
-    std::string text, value;
-  } kCases[] = {
+  const std::tuple<const char*, std::string, std::string> kCases[] = {
       {"plain", "[Tel]\r\nLandVorwahl=+49\r\n", "+49"},
       {"line feeds only", "[Tel]\nLandVorwahl=+49\n", "+49"},
       {"last line without an end", "[Tel]\nLandVorwahl=+49", "+49"},
@@ -51,9 +48,8 @@ TEST_F(IniContract, ReadsAsTheSystemCall) {
       {"no text", "", "fallback"},
       {"huge", "[Tel]\nx=" + std::string(5'000'000, 'x') + "\nLandVorwahl=1", "fallback"},
       {"noise", "\xFF\xFE\x01=[]]=[\n[\n]\n=\n[Tel]\n=x\nLandVorwahl=1", "1"}};
-  for (const auto& test : kCases) {
-    EXPECT_EQ(ini_.Read("Tel", "LandVorwahl", Write(test.text), "fallback"), test.value)
-        << test.what;
+  for (const auto& [what, text, value] : kCases) {
+    EXPECT_EQ(ini_.Read("Tel", "LandVorwahl", Write(text), "fallback"), value) << what;
   }
   const std::string umlauts = Write("[\xDC\x42]\n\x8EL=1\n\xFF=2");
   EXPECT_EQ(ini_.Read("üb", "žl", umlauts, ""), "1");

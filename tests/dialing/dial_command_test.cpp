@@ -1,16 +1,13 @@
 #include "dialing/dial_command.h"
 
 #include "fakes/program_fixture.h"
-#include "journal_schema.h"
 
 namespace orvane {
 namespace {
 
-class DialCommandTest : public ProgramFixture {
+class DialCommandTest : public JournalFixture {
  protected:
   DialCommandTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
     state.settings.dialMethod = kDialMethodModem;
     state.settings.outsideLineExt = " 0 ";
     state.settings.outsideLineInt = "*";
@@ -32,29 +29,25 @@ class DialCommandTest : public ProgramFixture {
 };
 
 TEST_F(DialCommandTest, BuildsTheDialString) {
-  const struct {
-    const char* number;
-    bool visible, ticked;
-    const char *dialString, *digits, *canonical;
-    bool tickedAfter;
-  } kCases[] = {{"030/1234", true, true, "00301234", "0301234", "49301234", true},
-                {"030/1234", true, false, "*0301234", "0301234", "", false},
-                {"030/1234", false, false, "00301234", "0301234", "49301234", true},
-                {"217", true, true, "*217", "217", "", false},
-                {"217", false, true, "*217", "217", "", false},
-                {"+49 (30) 12!34", true, true, "00301234", "0301234", "493012!34", true},
-                {"*31#", true, true, "0*31#", "31", "49*31#", true}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.number);
-    panel.externVisible = test.visible;
-    panel.externTicked = test.ticked;
-    ClickAnew(test.number);
-    EXPECT_EQ(dial.DialString(), test.dialString);
-    EXPECT_EQ(call.lastDialedDigits, test.digits);
-    EXPECT_EQ(call.canonicalNumber, test.canonical);
-    EXPECT_EQ(panel.externTicked, test.tickedAfter);
-    EXPECT_EQ(Registry("Wahlwdh"), test.number);
-    EXPECT_EQ(panel.log.front(), std::string(">>> Wählen: ") + test.dialString);
+  const std::tuple<const char*, bool, bool, const char*, const char*, const char*, bool> kCases[] =
+      {{"030/1234", true, true, "00301234", "0301234", "49301234", true},
+       {"030/1234", true, false, "*0301234", "0301234", "", false},
+       {"030/1234", false, false, "00301234", "0301234", "49301234", true},
+       {"217", true, true, "*217", "217", "", false},
+       {"217", false, true, "*217", "217", "", false},
+       {"+49 (30) 12!34", true, true, "00301234", "0301234", "493012!34", true},
+       {"*31#", true, true, "0*31#", "31", "49*31#", true}};
+  for (const auto& [number, visible, ticked, dialString, digits, canonical, tickedAfter] : kCases) {
+    SCOPED_TRACE(number);
+    panel.externVisible = visible;
+    panel.externTicked = ticked;
+    ClickAnew(number);
+    EXPECT_EQ(dial.DialString(), dialString);
+    EXPECT_EQ(call.lastDialedDigits, digits);
+    EXPECT_EQ(call.canonicalNumber, canonical);
+    EXPECT_EQ(panel.externTicked, tickedAfter);
+    EXPECT_EQ(Registry("Wahlwdh"), number);
+    EXPECT_EQ(panel.log.front(), std::string(">>> Wählen: ") + dialString);
   }
 }
 
@@ -80,25 +73,21 @@ TEST_F(DialCommandTest, KeepsTheContactOnlyWhileTheNumberIsTheSame) {
 }
 
 TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
-  const struct {
-    std::uint8_t method, port;
-    std::int32_t line;
-    bool devDial;
-    int dialledPort;
-  } kCases[] = {{0, 1, -1, false, 0}, {1, 3, -1, false, 3}, {1, 0, -1, false, 0},
-                {2, 1, -1, false, 0}, {3, 1, 0, false, 0},  {0, 3, -1, true, 1}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(static_cast<int>(test.method));
-    panel.devDialTicked = test.devDial;
+  const std::tuple<std::uint8_t, std::uint8_t, std::int32_t, bool, int> kCases[] = {
+      {0, 1, -1, false, 0}, {1, 3, -1, false, 3}, {1, 0, -1, false, 0},
+      {2, 1, -1, false, 0}, {3, 1, 0, false, 0},  {0, 3, -1, true, 1}};
+  for (const auto& [method, port, line, devDial, dialledPort] : kCases) {
+    SCOPED_TRACE(static_cast<int>(method));
+    panel.devDialTicked = devDial;
     serial.SetPortOpen(false);
     prompts.beeps = 0;
-    state.settings.dialMethod = test.method;
-    state.settings.comPortNumber = test.port;
-    state.settings.tapiLineId = test.line;
+    state.settings.dialMethod = method;
+    state.settings.comPortNumber = port;
+    state.settings.tapiLineId = line;
     ClickAnew("0301234");
-    EXPECT_EQ(panel.sessionOn, test.dialledPort != 0);
+    EXPECT_EQ(panel.sessionOn, dialledPort != 0);
     if (panel.sessionOn) {
-      EXPECT_EQ(serial.CommPort(), test.dialledPort);
+      EXPECT_EQ(serial.CommPort(), dialledPort);
     } else {
       EXPECT_EQ(prompts.beeps, 1);
       EXPECT_EQ(panel.log, (std::vector<std::string>{"Automatische Anwahl nicht möglich.",

@@ -3,7 +3,6 @@
 
 #include "dialing/tapi_dialer.h"
 #include "fakes/program_fixture.h"
-#include "journal_schema.h"
 #include "platform/common/simulated_lines.h"
 #include "platform/common/tapi_lines.h"
 
@@ -13,11 +12,9 @@ namespace {
 constexpr int kCalls = 1000;
 constexpr std::int32_t kForeignHandle = 99999;
 
-class LineCallsStressTest : public ProgramFixture {
+class LineCallsStressTest : public JournalFixture {
  protected:
   LineCallsStressTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
     // No such provider here: each lookup ends in a message box.
     state.host.useSqlServer = true;
     prompts.whileShown = [this] { loop.Advance(Random(2500)); };

@@ -3,7 +3,6 @@
 #include "dialing/test_modem_dialer.h"
 #include "fakes/program_fixture.h"
 #include "fakes/recording_test_dial.h"
-#include "journal_schema.h"
 
 namespace orvane {
 namespace {
@@ -11,11 +10,9 @@ namespace {
 using std::chrono_literals::operator""s;
 using Lines = std::vector<std::string>;
 
-class ModemDialerTest : public ProgramFixture {
+class ModemDialerTest : public JournalFixture {
  protected:
   ModemDialerTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
     call.company = "Muster GmbH";
     call.lastDialedDigits = "0301234";
   }

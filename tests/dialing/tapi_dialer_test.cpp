@@ -3,7 +3,6 @@
 #include "app/date_time.h"
 #include "fakes/program_fixture.h"
 #include "fakes/recording_test_dial.h"
-#include "journal_schema.h"
 #include "platform/line_service_provider.h"
 
 namespace orvane {
@@ -11,11 +10,9 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class TapiDialerTest : public ProgramFixture {
+class TapiDialerTest : public JournalFixture {
  protected:
   TapiDialerTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
     state.settings.tapiLineId = 0;
     call.company = "Muster GmbH";
     tapi.SetTag("opened");

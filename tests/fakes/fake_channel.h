@@ -58,7 +58,7 @@ class FakeChannel : public HostChannel {
             std::function<void()> onFront) override {
     if (ownId_ != 0) return;
     ownId_ = desktop_->nextId++;
-    const PeerWindow peer{ownId_, false, FirstCharacters(caption)};
+    const PeerWindow peer{ownId_, false, caption};
     desktop_->windows.insert(desktop_->windows.begin(),
                              {peer, std::move(onCopyData), std::move(onFront)});
   }
@@ -69,15 +69,6 @@ class FakeChannel : public HostChannel {
   }
 
  private:
-  // The 255 characters that a caption may have.
-  static std::string FirstCharacters(const std::string& utf8) {
-    int characters = 0;
-    const auto end = std::find_if(utf8.begin(), utf8.end(), [&](char c) {
-      return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U && ++characters > 255;
-    });
-    return {utf8.begin(), end};
-  }
-
   std::shared_ptr<FakeDesktop> desktop_;
   std::uintptr_t ownId_ = 0;
 };

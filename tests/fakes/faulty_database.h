@@ -1,7 +1,5 @@
 #pragma once
 
-#include <strings.h>
-
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,8 +34,6 @@ class FaultyDatabase : public DatabaseServices {
   }
   // Every Execute of a statement that contains `part` fails from now on.
   void FailStatement(std::string part) { statementFaults_.push_back(std::move(part)); }
-  // Reading this field of any row fails from now on; not case-sensitive.
-  void FailField(std::string name) { fieldFaults_.push_back(std::move(name)); }
   void FailCompact(std::int32_t number, const std::string& description) {
     compactFault_.emplace(number, description);
   }
@@ -46,7 +42,6 @@ class FaultyDatabase : public DatabaseServices {
     openFault_.reset();
     compactFault_.reset();
     statementFaults_.clear();
-    fieldFaults_.clear();
   }
 
   // The value last set, or nothing.
@@ -67,27 +62,6 @@ class FaultyDatabase : public DatabaseServices {
   }
 
  private:
-  class Rows : public Recordset {
-   public:
-    Rows(const FaultyDatabase& owner, std::unique_ptr<Recordset> inner)
-        : faults_(owner.fieldFaults_), inner_(std::move(inner)) {}
-    bool AtEnd() const override { return inner_->AtEnd(); }
-    void MoveNext() override { inner_->MoveNext(); }
-    DbValue Field(std::string_view name) const override {
-      for (const std::string& fault : faults_) {
-        if (strcasecmp(fault.c_str(), std::string(name).c_str()) == 0) {
-          throw DatabaseError(kDbErrorFailed, "Testfehler");
-        }
-      }
-      return inner_->Field(name);
-    }
-    DbValue Field(int index) const override { return inner_->Field(index); }
-
-   private:
-    std::vector<std::string> faults_;
-    std::unique_ptr<Recordset> inner_;
-  };
-
   class Connection : public DatabaseConnection {
    public:
     Connection(FaultyDatabase& owner, std::unique_ptr<DatabaseConnection> inner)
@@ -120,7 +94,7 @@ class FaultyDatabase : public DatabaseServices {
     std::unique_ptr<Recordset> Execute(std::string_view sql) override {
       owner_.statements.emplace_back(sql);
       owner_.ThrowStatementFault(sql);
-      return std::make_unique<Rows>(owner_, inner_->Execute(sql));
+      return inner_->Execute(sql);
     }
     void Close() override { inner_->Close(); }
 
@@ -138,7 +112,7 @@ class FaultyDatabase : public DatabaseServices {
   DatabaseServices& inner_;
   std::optional<DatabaseError> openFault_;
   std::optional<DatabaseError> compactFault_;
-  std::vector<std::string> statementFaults_, fieldFaults_;
+  std::vector<std::string> statementFaults_;
 };
 
 }  // namespace orvane

@@ -19,6 +19,7 @@
 #include "fakes/hand_loop.h"
 #include "fakes/temporary_folder.h"
 #include "journal/current_call.h"
+#include "journal_schema.h"
 #include "platform/common/sqlite_services.h"
 
 namespace orvane {
@@ -70,6 +71,15 @@ class ProgramFixture : public testing::Test {
   CurrentCall call;
   WorkQueue queue;
   FakePanel panel;
+};
+
+// The same with an empty journal.
+class JournalFixture : public ProgramFixture {
+ protected:
+  JournalFixture() {
+    CreateJournalFile(UserFile("TelList.fdb"));
+    state.databases.journal = databases.NewConnection();
+  }
 };
 
 }  // namespace orvane

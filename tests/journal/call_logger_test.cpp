@@ -3,7 +3,6 @@
 #include "app/date_time.h"
 #include "contact_schema.h"
 #include "fakes/program_fixture.h"
-#include "journal_schema.h"
 
 namespace orvane {
 namespace {
@@ -31,12 +30,10 @@ TEST(FormatDurationTest, CountsFixedYearsAndMonths) {
   }
 }
 
-class CallLoggerTest : public ProgramFixture {
+class CallLoggerTest : public JournalFixture {
  protected:
   CallLoggerTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
     CreateDemoContactFile(folder / "Daten/CONTACT.FDB");
-    state.databases.journal = databases.NewConnection();
     call.lastDialedDigits = "030123456";
     call.canonicalNumber = "4930123456";
     panel.externTicked = true;

@@ -26,9 +26,7 @@ class ContactLookupTest : public ProgramFixture {
 };
 
 TEST_F(ContactLookupTest, FindsTheContactOfANumber) {
-  const struct {
-    const char *what, *dialled, *prepared, *result;
-  } kCases[] = {
+  const std::tuple<const char*, const char*, const char*, const char*> kCases[] = {
       {"person", "030123456", "4930123456",
        "Havelwerk Maschinenbau GmbH|Berlin|Lindner, Katharina|1|101"},
       {"no first name", "x", "4989667790", "Isartal Feinmechanik GmbH|München|Zentrallager|4|107"},
@@ -43,8 +41,8 @@ TEST_F(ContactLookupTest, FindsTheContactOfANumber) {
       {"no place", "x", "494088990012", "Wanderservice Immergrün||Immergrün, Nils|11|115"},
       {"unknown", "999999", "999999", "<Nicht gelistet>||Unbekannt|0|0"},
       {"short", "99999", "49999", "<Nicht gelistet>||Unbekannt|0|0"}};
-  for (const auto& test : kCases) {
-    EXPECT_EQ(Look(test.dialled, test.prepared), test.result) << test.what;
+  for (const auto& [what, dialled, prepared, result] : kCases) {
+    EXPECT_EQ(Look(dialled, prepared), result) << what;
   }
 }
 
@@ -85,23 +83,22 @@ TEST_F(ContactLookupTest, OpensTheDatabaseThatTheHostNames) {
 }
 
 TEST_F(ContactLookupTest, BuildsServerPropertiesAndReportsTheFailure) {
-  const struct {
-    const char *login, *password;
-    std::optional<std::string> user, security;
-  } kCases[] = {{"", "", {}, "SSPI"}, {"sa", "", "sa", {}}, {"", "pw", "", {}}};
+  using Text = std::optional<std::string>;
+  const std::tuple<const char*, const char*, Text, Text> kCases[] = {
+      {"", "", {}, "SSPI"}, {"sa", "", "sa", {}}, {"", "pw", "", {}}};
   state.host.useSqlServer = true;
   state.host.sqlServerName = "SRV1";
   databases.FailOpen(3706, "Provider fehlt");
-  for (const auto& test : kCases) {
+  for (const auto& [login, password, user, security] : kCases) {
     databases.properties.clear();
-    state.host.sqlLogin = test.login;
-    state.host.sqlPassword = test.password;
+    state.host.sqlLogin = login;
+    state.host.sqlPassword = password;
     EXPECT_EQ(Look("1", "1"), "vorher|vorher|vorher|5|5");
     EXPECT_EQ(databases.Property("Provider"), "SQLOLEDB.1");
     EXPECT_EQ(databases.Property("Data Source"), "SRV1");
     EXPECT_EQ(databases.Property("Initial Catalog"), "Talmix");
-    EXPECT_EQ(databases.Property("User ID"), test.user);
-    EXPECT_EQ(databases.Property("Integrated Security"), test.security);
+    EXPECT_EQ(databases.Property("User ID"), user);
+    EXPECT_EQ(databases.Property("Integrated Security"), security);
     EXPECT_EQ(prompts.boxes.back(),
               (FakePrompts::Box{PromptIcon::kExclamation,
                                 "Datenbank konnte nicht initialisiert werden!\r\rProvider fehlt",
@@ -109,9 +106,7 @@ TEST_F(ContactLookupTest, BuildsServerPropertiesAndReportsTheFailure) {
   }
 }
 
-TEST_F(ContactLookupTest, AFieldThatCannotBeReadLeavesItsTarget) {
-  databases.FailField("Ort");
-  EXPECT_EQ(Look("x", "4930123456"), "Havelwerk Maschinenbau GmbH|vorher|Lindner, Katharina|1|101");
+TEST_F(ContactLookupTest, AStatementThatFailsLeavesTheCallAlone) {
   databases.FailStatement("SELECT");
   EXPECT_TRUE(Look("x", "49211445566").starts_with("vorher|"));
   EXPECT_TRUE(prompts.boxes.empty());

@@ -2,20 +2,14 @@
 
 #include "fakes/program_fixture.h"
 #include "journal/journal_compaction.h"
-#include "journal_schema.h"
 
 namespace orvane {
 namespace {
 
 using Texts = std::vector<std::string>;
 
-class TelListTest : public ProgramFixture {
+class TelListTest : public JournalFixture {
  protected:
-  TelListTest() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
-  }
-
   struct Row {
     std::string kind = "1";
     std::string start = "04/03/2024 09:05:07";
@@ -136,10 +130,7 @@ TEST_F(TelListTest, OtherKindsAndFailingStatementsStaySilent) {
 }
 
 TEST_F(TelListTest, TellsWhyTheJournalCannotBeOpened) {
-  const struct {
-    std::int32_t number;
-    const char *description, *text, *title;
-  } kCases[] = {
+  const std::tuple<std::int32_t, const char*, const char*, const char*> kCases[] = {
       {-2147467259, "Datei gesperrt", "Datei gesperrt", "(-2147467259) Fehler bei Anmeldung!"},
       {-2147217843, "Anmeldung für den Benutzer 'sa' fehlgeschlagen",
        "Die Server-Anmeldung wurde abgewiesen!\r\rBitte prüfen Sie die administrativen "
@@ -151,14 +142,14 @@ TEST_F(TelListTest, TellsWhyTheJournalCannotBeOpened) {
        "Zugriffsfehler bei 'Perch: ReopenTelDB',  3706"},
       {0, "", "Telefondatenbank konnte nicht initialisiert werden.",
        "Zugriffsfehler bei 'Perch: TelList'"}};
-  for (const auto& test : kCases) {
+  for (const auto& [number, description, text, title] : kCases) {
     prompts.boxes.clear();
     databases.Heal();
-    databases.FailOpen(test.number, test.description);
-    if (test.number == 0) state.databases.journal.reset();
+    databases.FailOpen(number, description);
+    if (number == 0) state.databases.journal.reset();
     Insert({});
     EXPECT_EQ(prompts.boxes,
-              (std::vector{FakePrompts::Box{PromptIcon::kExclamation, test.text, test.title}}));
+              (std::vector{FakePrompts::Box{PromptIcon::kExclamation, text, title}}));
   }
 }
 

@@ -5,7 +5,6 @@
 #include <utility>
 
 namespace orvane {
-namespace {
 
 TEST(Ansi, EveryByteSurvivesDecodingAndEncoding) {
   std::string bytes;
@@ -25,5 +24,4 @@ TEST(Ansi, EncodesTextAndReplacesWhatTheCodePageLacks) {
   for (const auto& [utf8, ansi] : kCases) EXPECT_EQ(EncodeAnsi(utf8), ansi) << utf8;
 }
 
-}  // namespace
 }  // namespace orvane

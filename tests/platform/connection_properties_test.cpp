@@ -5,7 +5,6 @@
 #include "platform/errors.h"
 
 namespace orvane {
-namespace {
 
 TEST(ConnectionProperties, SurviveTheirOwnText) {
   for (const std::string value : {"C:\\Daten\\", "a;b=c", "say \"so\"", "it's", " blank ", "", "\"",
@@ -41,5 +40,4 @@ TEST(ConnectionProperties, KeepsThePasswordOnlyWhenToldTo) {
   EXPECT_NE(properties.ToString().find("geheim"), std::string::npos);
 }
 
-}  // namespace
 }  // namespace orvane

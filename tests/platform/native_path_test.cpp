@@ -5,7 +5,6 @@
 #include "fakes/temporary_folder.h"
 
 namespace orvane {
-namespace {
 
 TEST(NativePath, FindsExistingNamesInAnyLetterCase) {
   const TemporaryFolder root;
@@ -29,5 +28,4 @@ TEST(NativePath, FindsExistingNamesInAnyLetterCase) {
   EXPECT_EQ(NativePath(""), std::filesystem::path());
 }
 
-}  // namespace
 }  // namespace orvane

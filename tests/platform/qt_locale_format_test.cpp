@@ -3,7 +3,6 @@
 #include "platform/common/qt_locale_format.h"
 
 namespace orvane {
-namespace {
 
 TEST(QtLocaleFormat, LongTimeHasSecondsAndNoZone) {
   for (const auto& [locale, text] :
@@ -16,5 +15,4 @@ TEST(QtLocaleFormat, LongTimeHasSecondsAndNoZone) {
   }
 }
 
-}  // namespace
 }  // namespace orvane

@@ -56,13 +56,5 @@ TEST(QtPrompts, ABoxMayGoAwayWithItsParentWindow) {
           });
 }
 
-TEST(QtPrompts, BusyCursorIsSetAndTakenBackOnce) {
-  QtPrompts prompts;
-  for (const bool busy : {false, true, true}) prompts.SetBusyCursor(busy);
-  EXPECT_NE(QApplication::overrideCursor(), nullptr);
-  prompts.SetBusyCursor(false);
-  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
 }  // namespace
 }  // namespace orvane

@@ -42,21 +42,6 @@ TEST_F(QtWindowChromeTest, StaysOnTopWithoutHidingAWindowThatIsShown) {
   }
 }
 
-TEST_F(QtWindowChromeTest, CutsTheCornersOff) {
-  chrome.SetRoundedRegion(200, 150, 20);
-  for (const auto& [point, kept] : {std::pair{QPoint(0, 0), false},
-                                    {{199, 0}, false},
-                                    {{0, 149}, false},
-                                    {{199, 149}, false},
-                                    {{100, 0}, true},
-                                    {{0, 75}, true},
-                                    {{199, 75}, true},
-                                    {{100, 149}, true},
-                                    {{4, 4}, true}}) {
-    EXPECT_EQ(window.mask().contains(point), kept) << point.x() << "," << point.y();
-  }
-}
-
 TEST_F(QtWindowChromeTest, FollowsThePointerUntilTheButtonIsReleased) {
   window.show();
   int finished = 0;

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <QSettings>
-
 #include "fakes/child_process.h"
 #include "fakes/temporary_folder.h"
 #include "platform/errors.h"
@@ -28,8 +26,7 @@ class SettingsRegistryTest : public testing::Test {
 
   TemporaryFolder folder_;
   std::filesystem::path file_ = folder_ / "registry.ini";
-  QString path_ = QString::fromStdString(file_.string());
-  SettingsRegistry registry_{path_};
+  SettingsRegistry registry_{QString::fromStdString(file_.string())};
   std::function<void()> read_ = [this] { registry_.Read("", "CTI", "0"); };
   std::function<void()> write_ = [this] { registry_.Write("", "CTI", "2"); };
 };
@@ -55,27 +52,6 @@ TEST_F(SettingsRegistryTest, ReadsHandWrittenValues) {
     Put("[hkey_current_user]\nSOFTWARE\\NORDEL\\Talmix18\\" + std::string(line));
     EXPECT_EQ(registry_.Read("", "V", "fallback"), value) << line;
   }
-}
-
-TEST_F(SettingsRegistryTest, SharesTheFileWithTheToolkitsOwnSettings) {
-  const QString key = QStringLiteral("HKEY_CURRENT_USER/SOFTWARE/Nordel/Talmix18/");
-  const QString text = QStringLiteral("C:\\Büro; \"1\", 2 @\x01 f€ ");
-  {
-    QSettings settings(path_, QSettings::IniFormat);
-    settings.setValue(key + QStringLiteral("Text"), text);
-    settings.setValue(key + QStringLiteral("Zähler 1"), 42);
-    settings.setValue(key + QStringLiteral("Liste"), QStringList{QStringLiteral("a"), text});
-  }
-  EXPECT_EQ(registry_.Read("", "text", ""), text.toStdString());
-  EXPECT_EQ(registry_.Read("", "Zähler 1", ""), "42");
-  EXPECT_EQ(registry_.Read("", "Liste", ""), "a, " + text.toStdString());
-
-  registry_.Write("Dial", "Größe%", text.toStdString());
-  registry_.Write("", "TEXT", "@neu");
-  const QSettings settings(path_, QSettings::IniFormat);
-  EXPECT_EQ(settings.value(key + QStringLiteral("Dial/Größe%")).toString(), text);
-  EXPECT_EQ(settings.value(key + QStringLiteral("Text")).toString(), QStringLiteral("@neu"));
-  EXPECT_EQ(settings.value(key + QStringLiteral("Liste")).toStringList().size(), 2);
 }
 
 TEST_F(SettingsRegistryTest, WritingKeepsWhatOthersWrote) {

@@ -67,26 +67,21 @@ TEST_F(SingleInstanceTest, TheSessionsFolderIsClosedToOthers) {
 TEST_F(SingleInstanceTest, ThereIsOneSessionPerUserAndDisplay) {
   const std::string own = folder_.Path().string(), file = folder_.Write("file", "").string();
   const std::string temporary = "/tmp/orvane-" + std::to_string(geteuid());
-  const struct {
-    std::string runtime;
-    const char *wayland, *display;
-    std::string path;
-  } kCases[] = {{own, "", ":0.1", own + "/orvane/session-_0"},
-                {own, "wayland-1", ":0", own + "/orvane/session-wayland-1"},
-                {own, "", "../../x y", own + "/orvane/session-______x_y"},
-                {own, "", "", own + "/orvane/session-"},
-                {"", "", ":1", temporary + "/session-_1"},
-                {"/nowhere", "", ":1", temporary + "/session-_1"},
-                {file, "", ":1", temporary + "/session-_1"}};
-  for (const auto& test : kCases) {
+  for (const auto& [runtime, wayland, display, path] :
+       {std::tuple{own, "", ":0.1", own + "/orvane/session-_0"},
+        {own, "wayland-1", ":0", own + "/orvane/session-wayland-1"},
+        {own, "", "../../x y", own + "/orvane/session-______x_y"},
+        {std::string(), "", ":1", temporary + "/session-_1"},
+        {file, "", ":1", temporary + "/session-_1"}}) {
+    const std::string variables[] = {runtime, wayland, display};
     ChildProcess child([&](const ChildProcess::Say& say) {
-      qputenv("XDG_RUNTIME_DIR", test.runtime.c_str());
-      qputenv("WAYLAND_DISPLAY", test.wayland);
-      qputenv("DISPLAY", test.display);
+      qputenv("XDG_RUNTIME_DIR", variables[0].c_str());
+      qputenv("WAYLAND_DISPLAY", variables[1].c_str());
+      qputenv("DISPLAY", variables[2].c_str());
       say(SessionDirectory::DefaultPath().string());
       return 0;
     });
-    EXPECT_EQ(child.Line(), test.path);
+    EXPECT_EQ(child.Line(), path);
   }
 }
 

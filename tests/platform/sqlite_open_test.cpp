@@ -57,16 +57,6 @@ TEST_F(SqliteOpen, NeverCreatesAFileNorOverwritesOne) {
   EXPECT_EQ(Names(), "TelList.fdb ");
 }
 
-// A file that comes from a program that keeps its changes in a second file is brought to one.
-TEST_F(SqliteOpen, TurnsWriteAheadLoggingOff) {
-  RawSqlite(journal_).Run("PRAGMA journal_mode=WAL; INSERT INTO o (ID) VALUES (1)");
-  const auto connection = Open(journal_);
-  connection->Execute(InsertCall(2));
-  EXPECT_EQ(Names(), "TelList.fdb ");
-  connection->Close();
-  EXPECT_EQ(RawSqlite(journal_).Run("SELECT count(*) FROM o"), "2 ");
-}
-
 TEST_F(SqliteOpen, SaysWhenAnotherProcessLocksTheFile) {
   auto other = Other("BEGIN EXCLUSIVE", kForLong);
   for (const DbMode mode : {DbMode::kUnknown, DbMode::kWrite}) {
@@ -103,30 +93,26 @@ TEST_F(SqliteOpen, SaysWhenTheFileIsProtected) {
   constexpr const char* kProtected = "ist schreibgeschützt. Änderungen sind nicht möglich.";
   constexpr const char* kUnreadable =
       "konnte nicht geöffnet werden. Prüfen Sie die Zugriffsrechte.";
-  const struct {
-    mode_t file, folder;
-    DbMode mode;
-    const char* expected;
-  } kCases[] = {
+  const std::tuple<mode_t, mode_t, DbMode, const char*> kCases[] = {
       {0666, 0777, DbMode::kWrite, "opened"},       {0444, 0777, DbMode::kWrite, kProtected},
       {0444, 0777, DbMode::kReadWrite, kProtected}, {0444, 0777, DbMode::kUnknown, "opened"},
       {0444, 0777, DbMode::kRead, "opened"},        {0666, 0555, DbMode::kWrite, kProtected},
       {0666, 0555, DbMode::kUnknown, "opened"},     {0000, 0777, DbMode::kWrite, kUnreadable},
       {0000, 0777, DbMode::kRead, kUnreadable},     {0666, 0000, DbMode::kUnknown, kUnreadable}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(testing::Message() << std::oct << test.file << " in " << test.folder << " mode "
-                                    << static_cast<int>(test.mode));
-    chmod(journal_.c_str(), test.file);
-    chmod(folder_.Path().c_str(), test.folder);
+  for (const auto& [file, folder, mode, expected] : kCases) {
+    SCOPED_TRACE(testing::Message()
+                 << std::oct << file << " in " << folder << " mode " << static_cast<int>(mode));
+    chmod(journal_.c_str(), file);
+    chmod(folder_.Path().c_str(), folder);
     ChildProcess child([&](const ChildProcess::Say& say) {
       if (geteuid() == 0 && setuid(kNobody) != 0) return 1;
-      Open(journal_, test.mode)->Execute("SELECT Max(ID) FROM o");
+      Open(journal_, mode)->Execute("SELECT Max(ID) FROM o");
       say("opened");
       return 0;
     });
     const std::string answer = child.Line();
     chmod(folder_.Path().c_str(), 0755);
-    EXPECT_TRUE(Contains(answer, test.expected)) << answer;
+    EXPECT_TRUE(Contains(answer, expected)) << answer;
   }
 }
 

@@ -36,28 +36,26 @@ TEST_F(CommandChannelTest, AUserNumberAloneShowsTheWindow) {
 }
 
 TEST_F(CommandChannelTest, DialFillsTheWindowAndTheCall) {
-  const struct {
-    const char *text, *number, *digits, *label;
-    bool externTicked;
-    std::int32_t addressKey, personKey;
-  } kCases[] = {
-      {"TX:17~Dial~1|030 12 34|Firma GmbH|Frau Müßig|Zentrale|47|12", "030 12 34", "0301234",
-       "Firma GmbH\r\nFrau Müßig\r\n\r\nZentrale", true, 47, 12},
-      {"TX:17~Dial~0|030 1234", "030 1234", "0301234", "\r\n\r\n\r\n", false, 0, 0},
-      {"TX:17~Dial~-1|+49 30 1|F|P|Z|x|9.5", "+49 30 1", "49301", "F\r\nP\r\n\r\nZ", true, 0, 10},
-      {"??:17~Dial~|1|", "1", "1", "\r\n\r\n\r\n", false, 0, 0},
-      {"TX:17~Dial~0|1~Dial~1|2|B", "2", "2", "B\r\n\r\n\r\n", true, 0, 0}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.text);
+  const std::tuple<const char*, const char*, const char*, const char*, bool, std::int32_t,
+                   std::int32_t>
+      kCases[] = {{"TX:17~Dial~1|030 12 34|Firma GmbH|Frau Müßig|Zentrale|47|12", "030 12 34",
+                   "0301234", "Firma GmbH\r\nFrau Müßig\r\n\r\nZentrale", true, 47, 12},
+                  {"TX:17~Dial~0|030 1234", "030 1234", "0301234", "\r\n\r\n\r\n", false, 0, 0},
+                  {"TX:17~Dial~-1|+49 30 1|F|P|Z|x|9.5", "+49 30 1", "49301", "F\r\nP\r\n\r\nZ",
+                   true, 0, 10},
+                  {"??:17~Dial~|1|", "1", "1", "\r\n\r\n\r\n", false, 0, 0},
+                  {"TX:17~Dial~0|1~Dial~1|2|B", "2", "2", "B\r\n\r\n\r\n", true, 0, 0}};
+  for (const auto& [text, number, digits, label, externTicked, addressKey, personKey] : kCases) {
+    SCOPED_TRACE(text);
     panel.shown = false;
-    EXPECT_TRUE(Receive(test.text));
+    EXPECT_TRUE(Receive(text));
     EXPECT_TRUE(panel.shown);
-    EXPECT_EQ(panel.numberText, test.number);
-    EXPECT_EQ(call.lastDialedDigits, test.digits);
-    EXPECT_EQ(panel.contactLabel, test.label);
-    EXPECT_EQ(panel.externTicked, test.externTicked);
-    EXPECT_EQ(call.addressKey, test.addressKey);
-    EXPECT_EQ(call.personKey, test.personKey);
+    EXPECT_EQ(panel.numberText, number);
+    EXPECT_EQ(call.lastDialedDigits, digits);
+    EXPECT_EQ(panel.contactLabel, label);
+    EXPECT_EQ(panel.externTicked, externTicked);
+    EXPECT_EQ(call.addressKey, addressKey);
+    EXPECT_EQ(call.personKey, personKey);
   }
 }
 
@@ -90,22 +88,19 @@ TEST_F(CommandChannelTest, BadMessagesEndSilently) {
 }
 
 TEST_F(CommandChannelTest, TakesRecordsAsFarAsTheyGo) {
-  const struct {
-    const char* what;
-    CopyData data;
-    std::int32_t user;
-  } kCases[] = {{"foreign tag", {4, 6, std::string("TX:8\0", 5)}, 0},
-                {"count 0", {3, 0, std::string("TX:8\0", 5)}, 0},
-                {"no zero", {3, 4, "TX:8"}, 8},
-                {"count beyond the bytes", {3, 0x80000000U, "TX:9"}, 9},
-                {"count below the bytes", {3, 4, "TX:12"}, 1},
-                {"text behind the zero", {3, 8, std::string("TX:3\0~~", 7)}, 3},
-                {"long", {3, 1'000'000, "TX:4" + std::string(1'000'000, '~')}, 4}};
-  for (const auto& test : kCases) {
+  const std::tuple<const char*, CopyData, std::int32_t> kCases[] = {
+      {"foreign tag", {4, 6, std::string("TX:8\0", 5)}, 0},
+      {"count 0", {3, 0, std::string("TX:8\0", 5)}, 0},
+      {"no zero", {3, 4, "TX:8"}, 8},
+      {"count beyond the bytes", {3, 0x80000000U, "TX:9"}, 9},
+      {"count below the bytes", {3, 4, "TX:12"}, 1},
+      {"text behind the zero", {3, 8, std::string("TX:3\0~~", 7)}, 3},
+      {"long", {3, 1'000'000, "TX:4" + std::string(1'000'000, '~')}, 4}};
+  for (const auto& [what, data, user] : kCases) {
     Receive("TX:0");
     prompts.boxes.clear();
-    Receive(test.data);
-    EXPECT_EQ(state.host.userNumber, test.user) << test.what;
+    Receive(data);
+    EXPECT_EQ(state.host.userNumber, user) << what;
   }
   // Of the long text only 255 bytes count: 251 empty fields behind the user's.
   EXPECT_EQ(prompts.boxes.size(), 125U);
@@ -141,32 +136,19 @@ TEST_F(CommandChannelTest, AMessageBetweenTwoCommandsReplacesTheRest) {
   EXPECT_FALSE(panel.shown);
 }
 
-TEST_F(CommandChannelTest, AMessageBehindABoxWaitsForIt) {
-  prompts.whileShown = [this] {
-    prompts.whileShown = nullptr;
-    EXPECT_FALSE(Receive("TX:17~Dial~0|222"));
-    EXPECT_EQ(panel.numberText, "");
-  };
-  Receive("TX:17~Wahl~x");
-  EXPECT_EQ(panel.numberText, "222");
-}
-
 TEST_F(CommandChannelTest, SendersFindTheirPeerByCaption) {
-  const struct {
-    const char* caption;
-    bool hasParent;
-    const char *dialer, *host;
-  } kCases[] = {{"TALMIX_BRISKO", false, "5<front>", ""},
-                {"TALMIX_BRISKO 2", false, "5<front>", ""},
-                {"talmix_brisko", false, "", ""},
-                {"TALMIX_BRISKO", true, "", ""},
-                {"talmix_tray18 Monitor", false, "", "TX:17~TAPI_ReInit~Büro"},
-                {"TALMIX_TRAY17", false, "", ""},
-                {"", false, "", ""}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.caption);
+  const std::tuple<const char*, bool, const char*, const char*> kCases[] = {
+      {"TALMIX_BRISKO", false, "5<front>", ""},
+      {"TALMIX_BRISKO 2", false, "5<front>", ""},
+      {"talmix_brisko", false, "", ""},
+      {"TALMIX_BRISKO", true, "", ""},
+      {"talmix_tray18 Monitor", false, "", "TX:17~TAPI_ReInit~Büro"},
+      {"TALMIX_TRAY17", false, "", ""},
+      {"", false, "", ""}};
+  for (const auto& [caption, hasParent, dialer, host] : kCases) {
+    SCOPED_TRACE(caption);
     std::string got;
-    desktop->windows = {{PeerWindow{99, test.hasParent, test.caption},
+    desktop->windows = {{PeerWindow{99, hasParent, caption},
                          [&got](const CopyData& data, const HostChannel::Handled& handled) {
                            EXPECT_EQ(data.byteCount, data.bytes.size());
                            got += *CopyDataText(data);
@@ -174,9 +156,9 @@ TEST_F(CommandChannelTest, SendersFindTheirPeerByCaption) {
                          },
                          [&got] { got += "<front>"; }}};
     SendToRunningInstance(sender, "5");
-    EXPECT_EQ(std::exchange(got, ""), test.dialer);
+    EXPECT_EQ(std::exchange(got, ""), dialer);
     SendToHost(sender, 17, "TAPI_ReInit~Büro");
-    EXPECT_EQ(got, test.host);
+    EXPECT_EQ(got, host);
   }
 }
 

@@ -57,22 +57,6 @@ TEST_F(DialWindowCommands, ButtonsFillTheNumberField) {
   }
 }
 
-TEST_F(DialWindowCommands, ADisabledNumberFieldStaysAsItIs) {
-  window->SetNumberText("123");
-  SetClipboard("456");
-  SetRegistry("Wahlwdh", "789");
-  Find<QWidget>("txtNr")->setEnabled(false);
-  for (const char* button : {"cmdGetClpbrd", "cmdWdh", "cmdNr_1", "cmdHistory"}) Click(button);
-  Focus("tabDisplay");
-  Key(Qt::Key_5);
-  EXPECT_EQ(window->NumberText(), "123");
-  EXPECT_TRUE(prompts.boxes.empty());
-  EXPECT_FALSE(window->NumberEnabled());
-  Find<QWidget>("txtNr")->setEnabled(true);
-  window->setEnabled(false);
-  EXPECT_TRUE(window->NumberEnabled());
-}
-
 TEST_F(DialWindowCommands, SpeedDialTakesNumberAndMark) {
   auto* list = Find<QComboBox>("cboNr");
   ASSERT_EQ(list->count(), 4);

@@ -22,36 +22,32 @@ class DialWindowKeyboard : public DialWindowFixture {
 };
 
 TEST_F(DialWindowKeyboard, TypesANumberFromAnywhere) {
-  const struct {
-    Qt::Key key;
-    Qt::KeyboardModifiers modifiers;
-    const char* number;
-    int lit;
-  } kCases[] = {{Qt::Key_7, Qt::NoModifier, "1237", 7},
-                {Qt::Key_0, Qt::KeypadModifier, "1230", 0},
-                {Qt::Key_Asterisk, Qt::ShiftModifier, "123*", 10},
-                {Qt::Key_Plus, Qt::NoModifier, "123*", 10},
-                {Qt::Key_Asterisk, Qt::KeypadModifier, "123*", 10},
-                {Qt::Key_NumberSign, Qt::NoModifier, "123#", 11},
-                {Qt::Key_Plus, Qt::KeypadModifier, "123#", 11},
-                {Qt::Key_Slash, Qt::KeypadModifier, "123#", 11},
-                {Qt::Key_Comma, Qt::KeypadModifier, "123#", 11},
-                {Qt::Key_Space, Qt::NoModifier, "123 ", -1},
-                {Qt::Key_Backspace, Qt::NoModifier, "12", -1},
-                {Qt::Key_A, Qt::NoModifier, "123", -1},
-                {Qt::Key_Minus, Qt::KeypadModifier, "123", -1},
-                {Qt::Key_5, Qt::ControlModifier, "123", -1},
-                {Qt::Key_5, Qt::AltModifier, "123", -1}};
+  const std::tuple<Qt::Key, Qt::KeyboardModifiers, const char*, int> kCases[] = {
+      {Qt::Key_7, Qt::NoModifier, "1237", 7},
+      {Qt::Key_0, Qt::KeypadModifier, "1230", 0},
+      {Qt::Key_Asterisk, Qt::ShiftModifier, "123*", 10},
+      {Qt::Key_Plus, Qt::NoModifier, "123*", 10},
+      {Qt::Key_Asterisk, Qt::KeypadModifier, "123*", 10},
+      {Qt::Key_NumberSign, Qt::NoModifier, "123#", 11},
+      {Qt::Key_Plus, Qt::KeypadModifier, "123#", 11},
+      {Qt::Key_Slash, Qt::KeypadModifier, "123#", 11},
+      {Qt::Key_Comma, Qt::KeypadModifier, "123#", 11},
+      {Qt::Key_Space, Qt::NoModifier, "123 ", -1},
+      {Qt::Key_Backspace, Qt::NoModifier, "12", -1},
+      {Qt::Key_A, Qt::NoModifier, "123", -1},
+      {Qt::Key_Minus, Qt::KeypadModifier, "123", -1},
+      {Qt::Key_5, Qt::ControlModifier, "123", -1},
+      {Qt::Key_5, Qt::AltModifier, "123", -1}};
   for (const char* focus : {"tabDisplay", "cboNr", "chkExtern", "lstCallProgress", "cmdOptionen"}) {
-    for (const auto& test : kCases) {
-      SCOPED_TRACE(std::string(focus) + " key " + std::to_string(test.key));
+    for (const auto& [key, modifiers, number, lit] : kCases) {
+      SCOPED_TRACE(std::string(focus) + " key " + std::to_string(key));
       window->SetNumberText("123");
       Focus(focus);
-      PressKey(test.key, test.modifiers);
-      EXPECT_EQ(window->NumberText(), test.number);
-      EXPECT_EQ(LitKey(), test.lit);
-      EXPECT_EQ(FocusName(), std::string(test.number).size() > 3 ? "tabDisplay" : focus);
-      ReleaseKey(test.key, test.modifiers);
+      PressKey(key, modifiers);
+      EXPECT_EQ(window->NumberText(), number);
+      EXPECT_EQ(LitKey(), lit);
+      EXPECT_EQ(FocusName(), std::string(number).size() > 3 ? "tabDisplay" : focus);
+      ReleaseKey(key, modifiers);
       EXPECT_EQ(LitKey(), -1);
     }
   }

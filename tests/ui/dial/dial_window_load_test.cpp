@@ -1,4 +1,3 @@
-#include <QCheckBox>
 #include <QScreen>
 #include <algorithm>
 
@@ -57,24 +56,6 @@ TEST_F(DialWindowLoad, OpensWhereItWasOrNearTheCorner) {
     MakeWindow();
     window->Load();
     EXPECT_EQ(window->pos(), position) << left << "," << top;
-  }
-}
-
-TEST_F(DialWindowLoad, ShowsTheTestBoxToDevelopersOnly) {
-  const auto helper = services.newRegistry();
-  helper->SetRootKey(kRootCurrentUser);
-  helper->SetKeyPath("SOFTWARE\\Nordel");
-  for (const auto& [flag, shown] : {std::pair{"", false},
-                                    {"0", false},
-                                    {"1", true},
-                                    {"-1", true},
-                                    {"True", true},
-                                    {"nein", false}}) {
-    helper->Write("", "BriskoDev", flag);
-    MakeWindow();
-    window->Load();
-    EXPECT_EQ(Find<QCheckBox>("chkDevDial")->isVisibleTo(window.get()), shown) << flag;
-    EXPECT_EQ(window->DevDialTicked(), shown);
   }
 }
 

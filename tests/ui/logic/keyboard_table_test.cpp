@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace orvane {
-namespace {
 
 TEST(KeyboardTable, MapsEachKeyToItsButton) {
   using Kind = KeyAction::Kind;
@@ -25,5 +24,4 @@ TEST(KeyboardTable, MapsEachKeyToItsButton) {
   }
 }
 
-}  // namespace
 }  // namespace orvane

@@ -46,25 +46,21 @@ TEST(WindowGeometry, TellsWhetherTheUserCanReachTheWindow) {
 }
 
 TEST(SavedWindowPosition, ComesBackWhereItIsUsable) {
-  const struct {
-    const char *state, *left, *top;
-    bool applied;
-    TwipPoint position;
-  } kCases[] = {{"", "", "", false, {1, 2}},         {"", "300", "-10", true, {300, -10}},
-                {"", "-123", "50", false, {1, 2}},   {"", "18800", "50", false, {18800, 50}},
-                {"", "abc", "50", false, {1, 2}},    {"", "99999999999", "50", false, {1, 2}},
-                {"", "300", "", false, {1, 2}},      {"2", "300", "50", true, {1, 2}},
-                {"0", "300", "50", true, {300, 50}}, {"7", "300", "50", true, {300, 50}}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(std::string(test.state) + " " + test.left + " " + test.top);
+  const std::tuple<const char*, const char*, const char*, bool, TwipPoint> kCases[] = {
+      {"", "", "", false, {1, 2}},         {"", "300", "-10", true, {300, -10}},
+      {"", "-123", "50", false, {1, 2}},   {"", "18800", "50", false, {18800, 50}},
+      {"", "abc", "50", false, {1, 2}},    {"", "99999999999", "50", false, {1, 2}},
+      {"", "300", "", false, {1, 2}},      {"2", "300", "50", true, {1, 2}},
+      {"0", "300", "50", true, {300, 50}}, {"7", "300", "50", true, {300, 50}}};
+  for (const auto& [state, left, top, applied, position] : kCases) {
+    SCOPED_TRACE(std::string(state) + " " + left + " " + top);
     FakeRegistry registry(std::make_shared<FakeRegistryStore>());
-    for (const auto& [name, value] :
-         {std::pair{"WS", test.state}, {"L", test.left}, {"T", test.top}}) {
+    for (const auto& [name, value] : {std::pair{"WS", state}, {"L", left}, {"T", top}}) {
       if (*value != '\0') registry.Write(kDialSection, name, value);
     }
     FakeWindow window;
-    EXPECT_EQ(RestoreWindowPos(window, registry, kDialSection), test.applied);
-    EXPECT_EQ(window.position, test.position);
+    EXPECT_EQ(RestoreWindowPos(window, registry, kDialSection), applied);
+    EXPECT_EQ(window.position, position);
   }
   const auto denied = std::make_shared<FakeRegistryStore>();
   denied->denyReads = true;
