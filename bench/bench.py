@@ -3,12 +3,15 @@
 
   bench/bench.py <folder of the programs> <folder for the report>
 
-Everything happens on a display without a screen, with real messages, clicks and a pseudo terminal
-for the modem. Reports the median and the 99th percentile; it judges nothing.
+Everything happens on a display without a screen, with real messages, clicks, a pseudo terminal for
+the modem, and a telephone and a far end for the SIP line. Reports the median and the 99th
+percentile; it judges nothing.
 """
+import datetime
 import os
 import pathlib
 import pty
+import re
 import select
 import subprocess
 import sys
@@ -24,6 +27,7 @@ TIME_LIMIT_S = 900
 STARTS = 30
 MESSAGES = 100
 CALLS = 30
+SIP_CALLS = 15
 QUIET_S = 20
 # The blinking caret changes fewer bytes of the number field than this; a number changes more.
 NUMBER_CHANGE_BYTES = 400
@@ -117,12 +121,35 @@ class Modem:
         raise Failed(f"the modem never heard {command!r}")
 
 
+class FarEnd:
+    """The messages that the far end of the SIP calls has received, by its log."""
+
+    HEAD = re.compile(r"^-+ (\S+ \S+)\nUDP message received .*\n\n([A-Z]+) sip:", re.MULTILINE)
+
+    def __init__(self, log):
+        self.log = log
+        self.seen = 0
+
+    def wait_for(self, method):
+        """The moment, by the wall clock, at which a request that came since the last one arrived."""
+        end = time.monotonic() + 10
+        while time.monotonic() < end:
+            text = self.log.read_text() if self.log.exists() else ""
+            for head in self.HEAD.finditer(text, self.seen):
+                self.seen = head.end()
+                if head[2] == method:
+                    return datetime.datetime.fromisoformat(head[1]).timestamp()
+            time.sleep(0.005)
+        raise Failed(f"the far end never received {method}")
+
+
 class Bench:
     def __init__(self, programs, out, folder):
         self.programs, self.out, self.root = programs, out, folder / "demo"
         self.display = Display()
         self.lines = []
         self.running = []
+        self.sip = None
         self.environment = dict(os.environ, XDG_CONFIG_HOME=str(self.root / "config"),
                                 XDG_RUNTIME_DIR=str(self.root / "run"))
 
@@ -140,6 +167,25 @@ class Bench:
         process = subprocess.Popen(command, env=environment, **options)
         self.running.append(process)
         return process
+
+    def start_sip(self):
+        """Starts a telephone and a far end, and makes its line the dialer's."""
+        folder = self.root / "line"
+        # It takes its programs with it when its input ends, also when the bench dies.
+        self.sip = subprocess.Popen([self.programs / "orvane-sip-demo", folder], text=True,
+                                    stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        answer = self.sip.stdout.readline().split()
+        if len(answer) != 2:
+            raise Failed("the telephone for the SIP line did not start")
+        self.environment["ORVANE_BARESIP_PORT"], line = answer
+        registry = self.root / "config" / "Nordel" / "registry.ini"
+        text = registry.read_text()
+        for name, value in (("CTI", "2"), ("TapiBez", line)):
+            text, count = re.subn(rf"(?m)^(.*\\{name}=).*$", rf'\g<1>"{value}"', text)
+            if count != 1:
+                raise Failed(f"the installation has no setting {name}")
+        registry.write_text(text)
+        return FarEnd(folder / "far_end.log")
 
     def start_dialer(self, **options):
         return self.start(self.programs / "orvane", "TX:17", **options)
@@ -237,6 +283,31 @@ class Bench:
         # The first call opens the databases for the first time.
         self.row("click on the dial button to ATDT on the wire", seconds[1:])
 
+    def measure_sip_calls(self, sender, far_end, button):
+        area = (button.x, button.y, button.width, button.height)
+        seconds, idle = [], None
+        self.display.move(button)
+        for index in range(SIP_CALLS + 1):
+            self.send(sender, NUMBERS[index % 2])
+            time.sleep(0.1)
+            self.display.command("mousedown 1")
+            time.sleep(0.05)
+            # The far end's log has the time of the wall clock.
+            begin = time.time()
+            self.display.command("mouseup 1")
+            seconds.append(far_end.wait_for("INVITE") - begin)
+            far_end.wait_for("ACK")
+            time.sleep(0.1)
+            self.display.command("click 1")
+            far_end.wait_for("BYE")
+            # The button keeps the focus after the first call and then looks so after every call.
+            if idle is None:
+                time.sleep(1)
+                idle = self.display.pixels(*area)
+            wait_for("the end of the call", lambda: self.display.pixels(*area) == idle)
+            time.sleep(0.1)
+        self.row("click on the dial button to INVITE on the wire", seconds[1:])
+
     def processor_share(self, dialer):
         def nanoseconds():
             threads = pathlib.Path(f"/proc/{dialer.pid}/task").glob("*/schedstat")
@@ -272,6 +343,13 @@ class Bench:
         self.measure_messages(sender, field)
         self.measure_calls(sender, modem, button)
         self.measure_quiet(dialer, modem)
+        end_processes(dialer)
+        far_end = self.start_sip()
+        self.display.forget_events()
+        self.start_dialer()
+        self.display.wait_for_window()
+        time.sleep(0.5)
+        self.measure_sip_calls(sender, far_end, button)
 
     def com_link(self):
         folder = self.root / "config" / "orvane"
@@ -281,6 +359,8 @@ class Bench:
     def end(self):
         (self.out / "report.md").write_text("\n".join(self.lines) + "\n")
         end_processes(*reversed(self.running), self.display.tool)
+        if self.sip:
+            self.sip.communicate()
 
 
 def main():
