@@ -20,7 +20,9 @@ class LineLab {
   // Lets everything happen that is going to happen by itself.
   virtual void Settle() = 0;
 
-  std::string answered, busy, noAnswer, rejected, farEndHangsUp, unknown;
+  // The numbers of the simulated lines and of the demo's SIP far end; a lab may have its own.
+  std::string answered = "0301234", busy = "03099901", noAnswer = "03099902";
+  std::string rejected = "03099903", farEndHangsUp = "03099905", unknown = "03099906";
 };
 
 using LineLabFactory = std::function<std::unique_ptr<LineLab>()>;

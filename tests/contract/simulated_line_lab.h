@@ -8,14 +8,6 @@ namespace orvane {
 
 class SimulatedLineLab : public LineLab {
  public:
-  SimulatedLineLab() {
-    answered = "0301234";
-    busy = "03099901";
-    noAnswer = "03099902";
-    rejected = "03099903";
-    farEndHangsUp = "03099905";
-    unknown = "03099906";
-  }
   LineServiceProvider& Provider() override { return lines_; }
   bool RunUntil(const std::function<bool()>& condition) override {
     for (int step = 0; step < 200 && !condition(); ++step) {

@@ -10,14 +10,6 @@ namespace {
 
 class RealSipLineLab : public QtLineLab {
  public:
-  RealSipLineLab() {
-    answered = "0301234";
-    busy = "03099901";
-    noAnswer = "03099902";
-    rejected = "03099903";
-    farEndHangsUp = "03099905";
-    unknown = "03099906";
-  }
   LineServiceProvider& Provider() override { return lines_; }
 
  private:
