@@ -118,7 +118,7 @@ bool frmDial::DragWindow(Qt::MouseButton button) {
 void frmDial::KeepCompactViewOnScreen() {
   WidgetPlacement window(*this);
   if (window.Size().height >= kCompactHeightLimitTwips) return;
-  window.MoveTo(KeepOnScreen(window.Position(), window.Size(), window.ScreenSize()));
+  window.MoveTo(KeepOnScreen(window.Position(), window.Size(), ScreenOf(window)));
 }
 
 }  // namespace orvane
