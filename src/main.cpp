@@ -22,6 +22,7 @@
 #include "platform/common/sqlite_services.h"
 #include "platform/common/system_clock.h"
 #include "platform/common/tapi_lines.h"
+#include "platform/linux/compositor.h"
 #include "platform/linux/lock_file_instance.h"
 #include "platform/linux/profile_ini_file.h"
 #include "platform/linux/qt_serial_control.h"
@@ -96,8 +97,9 @@ int Run(const std::string& commandLine) {
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
-  frmDial window(services, state, call, queue,
-                 [](QWidget& widget) { return std::make_unique<QtWindowChrome>(widget); });
+  frmDial window(services, state, call, queue, [](QWidget& widget) {
+    return std::make_unique<QtWindowChrome>(widget, DesktopComposes);
+  });
 
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {

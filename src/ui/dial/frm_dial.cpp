@@ -105,6 +105,10 @@ void frmDial::paintEvent(QPaintEvent*) {
 }
 
 void frmDial::ApplyWindowShape() {
+  // The line along the round corners continues the frame.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Shadow, CurrentPalette().frame);
+  setPalette(colours);
   chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
 }
 
