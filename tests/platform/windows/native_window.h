@@ -13,8 +13,8 @@ namespace orvane {
 class NativeWindow : public TestWindow {
  public:
   explicit NativeWindow(const std::string& caption, HWND owner = nullptr)
-      : window_(CreateWindowExW(0, L"STATIC", ToWide(caption).c_str(), WS_POPUP | WS_VISIBLE, 10, 10,
-                                60, 40, owner, nullptr, nullptr, nullptr)) {}
+      : window_(CreateWindowExW(0, L"STATIC", ToWide(caption).c_str(), WS_POPUP | WS_VISIBLE, 10,
+                                10, 60, 40, owner, nullptr, nullptr, nullptr)) {}
   ~NativeWindow() override { DestroyWindow(window_); }
   NativeWindow(const NativeWindow&) = delete;
   NativeWindow& operator=(const NativeWindow&) = delete;
