@@ -98,6 +98,7 @@ TEST_F(MessageHostChannelTest, TellsOwnedWindowsFromOthers) {
 
 TEST_F(MessageHostChannelTest, BringsTheOpenBoxOfAWindowToTheFront) {
   const NativeWindow window("window"), box("box", window.Get()), other("other");
+  for (const auto* shown : {&window, &box, &other}) shown->Show();
   SetForegroundWindow(box.Get());
   SetForegroundWindow(other.Get());
   channel_.BringToFront(Find("window").at(0));
