@@ -8,6 +8,7 @@ namespace {
 constexpr int kEdgeToleranceTwips = 15;
 constexpr int kOverhangTwips = 20;
 constexpr int kFallbackMarginTwips = 900;
+constexpr int kWidenedOverhangTwips = 30;
 
 }  // namespace
 
@@ -35,6 +36,21 @@ bool IsReachable(TwipPoint position, TwipSize window, TwipSize screen) {
 
 TwipPoint FallbackPosition(TwipSize window, TwipSize screen) {
   return {screen.width - window.width - kFallbackMarginTwips, kFallbackMarginTwips};
+}
+
+int PadWidth(int margin, int displayWidth) {
+  return 2 * margin + displayWidth;
+}
+
+int HistoryWidth(int tabLeft, int tabWidth, int margin) {
+  return tabLeft + tabWidth + margin;
+}
+
+TwipPoint FitWidened(TwipPoint position, TwipSize window, TwipSize screen) {
+  if (position.left + window.width <= screen.width) return position;
+  const int left = screen.width - window.width;
+  // A little may hang out on the left; a window that would hang out farther starts inside instead.
+  return {left < -kWidenedOverhangTwips ? kWidenedOverhangTwips : left, position.top};
 }
 
 }  // namespace orvane
