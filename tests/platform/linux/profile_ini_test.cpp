@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include "fakes/temporary_folder.h"
+#include "platform/linux/profile_ini_file.h"
+
+namespace orvane {
+
+TEST(ProfileIniFile, AHugeFileDoesNotHoldTheProgram) {
+  const TemporaryFolder folder;
+  const auto file = folder.Write("a.ini", "[Tel]\nx=" + std::string(5'000'000, 'x') + "\ny=1");
+  EXPECT_EQ(ProfileIniFile().Read("Tel", "y", file.string(), "fallback"), "fallback");
+  EXPECT_EQ(ProfileIniFile().Read("Tel", "y", "/dev/zero", "fallback"), "fallback");
+}
+
+}  // namespace orvane
