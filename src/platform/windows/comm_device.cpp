@@ -9,6 +9,8 @@ namespace orvane {
 namespace {
 
 constexpr BYTE kDataBits = 8;
+// Between two characters of one text there is one millisecond.
+constexpr DWORD kPauseMs = 5;
 
 std::int32_t SerialErrorFor(DWORD code) {
   switch (code) {
@@ -57,12 +59,10 @@ bool SetLineParameters(HANDLE file) {
   return SetCommState(file, &settings) != 0;
 }
 
-// A read ends with the first characters that come, however late that is.
+// A read waits for the first character, however long, and ends with the first pause behind one.
 bool SetReadToWait(HANDLE file) {
   COMMTIMEOUTS timeouts{};
-  timeouts.ReadIntervalTimeout = MAXDWORD;
-  timeouts.ReadTotalTimeoutMultiplier = MAXDWORD;
-  timeouts.ReadTotalTimeoutConstant = MAXDWORD - 1;
+  timeouts.ReadIntervalTimeout = kPauseMs;
   return SetCommTimeouts(file, &timeouts) != 0;
 }
 
