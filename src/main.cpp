@@ -81,8 +81,7 @@ int Run(const std::string& commandLine) {
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
-  frmDial window(services, state, call, queue,
-                 [](QWidget& widget) { return std::make_unique<native::Chrome>(widget); });
+  frmDial window(services, state, call, queue, native::MakeChrome);
 
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "platform/common/qt_window_chrome.h"
+#include "platform/linux/compositor.h"
 #include "platform/linux/sip_lines.h"
 
 namespace orvane::native {
@@ -17,6 +19,10 @@ void PrepareToolkit() {
 
 std::vector<std::string> CommandLineWords(int argc, const char* const* argv) {
   return {argv + 1, argv + argc};
+}
+
+std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {
+  return std::make_unique<QtWindowChrome>(window, DesktopComposes);
 }
 
 std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,

@@ -1,6 +1,7 @@
 #include "platform/windows/native.h"
 
 #include "platform/windows/command_line.h"
+#include "platform/windows/system_window_chrome.h"
 
 namespace orvane::native {
 
@@ -9,6 +10,10 @@ void PrepareToolkit() {}
 // One word, because those that the runtime makes have lost quotes and blanks.
 std::vector<std::string> CommandLineWords(int, const char* const*) {
   return {CommandLineText()};
+}
+
+std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {
+  return std::make_unique<SystemWindowChrome>(window);
 }
 
 std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop&, CallHandles&) {
