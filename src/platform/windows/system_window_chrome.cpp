@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <QScreen>
 #include <QWindow>
 #include <memory>
 

@@ -12,4 +12,11 @@ TEST(ProfileIniFile, AHugeFileDoesNotHoldTheProgram) {
   EXPECT_EQ(ProfileIniFile().Read("Tel", "y", "/dev/zero", "fallback"), "fallback");
 }
 
+TEST(ProfileIniFile, UmlautsOfNamesIgnoreTheLetterCase) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Write("a.ini", "[\xDC\x42]\n\x8EL=1\n\xFF=2").string();
+  EXPECT_EQ(ProfileIniFile().Read("üb", "žl", file, ""), "1");
+  EXPECT_EQ(ProfileIniFile().Read("ÜB", "Ÿ", file, ""), "2");
+}
+
 }  // namespace orvane

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "contract/serial_rig.h"
@@ -43,12 +44,12 @@ class CableRig : public SerialRig {
  public:
   CableRig() {
     Order('+');
-    farEnd_ = CableEnd(12);
+    farEnd_.emplace(12);
   }
   SerialPorts Ports() const override { return {11, 15, 13}; }
   SerialControl& Control() override { return control_; }
-  void Feed(std::string_view bytes) override { farEnd_.Write(bytes); }
-  std::string Sent() override { return farEnd_.Read(); }
+  void Feed(std::string_view bytes) override { farEnd_->Write(bytes); }
+  std::string Sent() override { return farEnd_->Read(); }
   void Unplug() override { Order('-'); }
   bool OccupyShared() override {
     other_.SetCommPort(Ports().shared);
@@ -67,7 +68,8 @@ class CableRig : public SerialRig {
   }
 
   CableEnd orders_{14};
-  CableEnd farEnd_{14};
+  // Opened when the cable lies.
+  std::optional<CableEnd> farEnd_;
   CommSerialControl control_, other_;
 };
 

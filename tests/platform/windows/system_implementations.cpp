@@ -17,7 +17,9 @@ class MessageDesktop : public ChannelDesktop {
     return std::make_unique<MessageHostChannel>();
   }
   std::unique_ptr<TestWindow> NewWindow(const std::string& caption) override {
-    return std::make_unique<NativeWindow>(caption);
+    auto window = std::make_unique<NativeWindow>(caption);
+    window->Show();
+    return window;
   }
   bool HasOwnMessages() const override { return false; }
 };
