@@ -18,7 +18,7 @@ constexpr const char* kColumns =
 
 }  // namespace
 
-void CreateJournalFile(const std::filesystem::path& file) {
+void CreateJournalFile(const std::filesystem::path& file, const std::string& calls) {
   SqliteScript script(file);
   for (const std::string table : {"o", "i"}) {
     script.Run("CREATE TABLE " + table + kColumns);
@@ -28,6 +28,7 @@ void CreateJournalFile(const std::filesystem::path& file) {
                    .append(table)
                    .append("(Zeit)"));
   }
+  script.Run(calls);
   script.Finish();
 }
 

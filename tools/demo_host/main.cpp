@@ -28,6 +28,7 @@ struct Arguments {
   QString dialer;
   std::string line;
   bool installOnly = false;
+  int history = 0;
 };
 
 Arguments ReadArguments(const QApplication& application) {
@@ -41,12 +42,16 @@ Arguments ReadArguments(const QApplication& application) {
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
+  const QCommandLineOption history(QStringLiteral("history"),
+                                   QStringLiteral("Calls in a new journal."),
+                                   QStringLiteral("count"), QStringLiteral("0"));
   QCommandLineParser parser;
   parser.addHelpOption();
-  parser.addOptions({root, dialer, line, installOnly});
+  parser.addOptions({root, dialer, line, installOnly, history});
   parser.process(application);
   return {parser.value(root).toStdU16String(), parser.value(dialer),
-          parser.value(line).toStdString(), parser.isSet(installOnly)};
+          parser.value(line).toStdString(), parser.isSet(installOnly),
+          parser.value(history).toInt()};
 }
 
 // Everything that is heard on the line, in the window and in a file.
@@ -114,6 +119,7 @@ int Run(const Arguments& arguments) {
   const DemoFolders folders = EnterDemoSession(arguments.root);
   const auto line = MakeDemoLine(arguments.line, folders.line);
   HostInstallationOptions options;
+  options.journalCalls = arguments.history;
   line->Configure(options);
   BuildHostInstallation(folders.host, *NewHostRegistry(), options);
   return arguments.installOnly ? 0 : RunDemo(folders, options, *line, arguments.dialer);

@@ -28,6 +28,7 @@ class SipLines : public LineServiceProvider, private BaresipControl::Listener {
 
   int LineCount() const override { return static_cast<int>(lines_.size()); }
   std::string LineName(int line) const override;
+  LineInfo Info(int line) const override;
   void OpenLine(int line) override;
   void CloseLine(int line) override;
   void MakeCall(int line, const std::string& number) override;

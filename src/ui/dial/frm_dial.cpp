@@ -44,6 +44,7 @@ frmDial::frmDial(Services& services, ProgramState& state, CurrentCall& call, Wor
   setWindowIcon(GlyphIcon(Glyph::kLogo, &Palette::dial));
   SetDialButtonIdle(true);
   ConnectCommands();
+  ConnectHistory();
   WatchControls();
   ShowDestination();
 }
@@ -63,9 +64,10 @@ HostRegistry& frmDial::Registry() {
 void frmDial::WatchControls() {
   installEventFilter(this);
   for (QWidget* control : findChildren<QWidget*>()) control->installEventFilter(this);
-  dragAreas_ = {c_.panBase, c_.lblHead, c_.lblAdr, c_.lstCallProgress,
-                c_.lstCallProgress->viewport()};
+  dragAreas_ = {c_.panBase,         c_.lblHead,   c_.lblAdr,
+                c_.lstCallProgress, c_.grpFilter, c_.lstCallProgress->viewport()};
   dragAreas_.insert(c_.lblBase.begin(), c_.lblBase.end());
+  dragAreas_.insert(c_.lblInf.begin(), c_.lblInf.end());
 }
 
 bool frmDial::eventFilter(QObject* watched, QEvent* event) {
@@ -105,6 +107,10 @@ void frmDial::paintEvent(QPaintEvent*) {
 }
 
 void frmDial::ApplyWindowShape() {
+  // The line along the round corners continues the frame.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Shadow, CurrentPalette().frame);
+  setPalette(colours);
   chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
 }
 
@@ -118,7 +124,7 @@ bool frmDial::DragWindow(Qt::MouseButton button) {
 void frmDial::KeepCompactViewOnScreen() {
   WidgetPlacement window(*this);
   if (window.Size().height >= kCompactHeightLimitTwips) return;
-  window.MoveTo(KeepOnScreen(window.Position(), window.Size(), window.ScreenSize()));
+  window.MoveTo(KeepOnScreen(window.Position(), window.Size(), ScreenOf(window)));
 }
 
 }  // namespace orvane

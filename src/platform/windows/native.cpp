@@ -1,0 +1,23 @@
+#include "platform/windows/native.h"
+
+#include "platform/windows/command_line.h"
+#include "platform/windows/system_window_chrome.h"
+
+namespace orvane::native {
+
+void PrepareToolkit() {}
+
+// One word, because those that the runtime makes have lost quotes and blanks.
+std::vector<std::string> CommandLineWords(int, const char* const*) {
+  return {CommandLineText()};
+}
+
+std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {
+  return std::make_unique<SystemWindowChrome>(window);
+}
+
+std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop&, CallHandles&) {
+  return {};
+}
+
+}  // namespace orvane::native
