@@ -116,7 +116,7 @@ void BuildList(DialControls& c) {
 QFrame* BuildHistory(DialControls& c) {
   c.history = NewPanel(*c.infBase, nullptr, role::kHistory);
   auto* column = new QVBoxLayout(c.history);
-  column->setContentsMargins(kHistoryEdge, 0, 0, 0);
+  column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(BuildTabs(c));
   BuildFilters(c);
