@@ -2,6 +2,7 @@
 
 #include "platform/windows/command_line.h"
 #include "platform/windows/system_window_chrome.h"
+#include "platform/windows/tapi32_lines.h"
 
 namespace orvane::native {
 
@@ -16,8 +17,11 @@ std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {
   return std::make_unique<SystemWindowChrome>(window);
 }
 
-std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop&, CallHandles&) {
-  return {};
+std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
+                                                                CallHandles& handles) {
+  std::vector<std::unique_ptr<LineServiceProvider>> providers;
+  providers.push_back(std::make_unique<Tapi32Lines>(loop, handles));
+  return providers;
 }
 
 }  // namespace orvane::native
