@@ -3,7 +3,9 @@
 #include <array>
 
 class QCheckBox;
+class QBoxLayout;
 class QFrame;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -21,10 +23,12 @@ struct DialControls {
   // Title strip.
   QFrame* panBase = nullptr;
   QLabel* imgLogo = nullptr;
+  QPushButton* hovSizer = nullptr;
   QPushButton* hovClose = nullptr;
 
   QFrame* infBase = nullptr;
   // Number strip.
+  QFrame* numberStrip = nullptr;
   QLineEdit* txtNr = nullptr;
   QPushButton* cmdClear = nullptr;
   QPushButton* cmdWdh = nullptr;
@@ -41,15 +45,20 @@ struct DialControls {
 
   // The digits by their value, then "*" and "#".
   std::array<CommandButton*, 12> cmdNr{};
+  QBoxLayout* padBody = nullptr;
+  QGridLayout* keypad = nullptr;
+  QWidget* speedDialRow = nullptr;
   DropDown* cboNr = nullptr;
   QLabel* imgInt = nullptr;
   QLabel* imgExt = nullptr;
+  QWidget* checkBoxRow = nullptr;
   QCheckBox* chkExtern = nullptr;
   QCheckBox* chkDevDial = nullptr;
   // Full view and compact view.
   std::array<CommandButton*, 2> cmdDial{};
 
   // Call progress.
+  QFrame* logPanel = nullptr;
   QListWidget* lstCallProgress = nullptr;
   QLabel* lblVer = nullptr;
   QFrame* shpBottom = nullptr;
