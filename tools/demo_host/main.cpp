@@ -11,13 +11,11 @@
 #include <string>
 
 #include "demo_host/demo_line.h"
-#include "demo_host/demo_session.h"
+#include "demo_host/demo_system.h"
 #include "demo_host/demo_window.h"
 #include "demo_host/dial_message.h"
 #include "demo_host/dialer_link.h"
 #include "host_installation.h"
-#include "platform/linux/settings_registry.h"
-#include "platform/linux/socket_host_channel.h"
 #include "remote/copy_data_text.h"
 #include "ui/style/application_style.h"
 
@@ -30,6 +28,7 @@ struct Arguments {
   QString dialer;
   std::string line;
   bool installOnly = false;
+  int history = 0;
 };
 
 Arguments ReadArguments(const QApplication& application) {
@@ -43,12 +42,16 @@ Arguments ReadArguments(const QApplication& application) {
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
+  const QCommandLineOption history(QStringLiteral("history"),
+                                   QStringLiteral("Calls in a new journal."),
+                                   QStringLiteral("count"), QStringLiteral("0"));
   QCommandLineParser parser;
   parser.addHelpOption();
-  parser.addOptions({root, dialer, line, installOnly});
+  parser.addOptions({root, dialer, line, installOnly, history});
   parser.process(application);
-  return {parser.value(root).toStdString(), parser.value(dialer), parser.value(line).toStdString(),
-          parser.isSet(installOnly)};
+  return {parser.value(root).toStdU16String(), parser.value(dialer),
+          parser.value(line).toStdString(), parser.isSet(installOnly),
+          parser.value(history).toInt()};
 }
 
 // Everything that is heard on the line, in the window and in a file.
@@ -78,8 +81,8 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, 
   LineLog log(folders.lineLog, window);
   line.Listen([&log](const QString& text) { log.Add(text); });
 
-  SocketHostChannel channel;
-  channel.Hook(
+  const auto channel = NewHostChannel();
+  channel->Hook(
       window.winId(), window.windowTitle().toStdString(),
       [&window](const CopyData& data, const HostChannel::Handled& handled) {
         if (const auto text = CopyDataText(data)) {
@@ -89,7 +92,7 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, 
       },
       [&window] { window.raise(); });
 
-  DialerLink dialer(channel, program);
+  DialerLink dialer(*channel, program);
   const std::string start = "TX:" + std::to_string(options.userNumber);
   bool endedWell = true;
   QObject::connect(&dialer, &DialerLink::StateChanged, &window, &DemoWindow::SetDialerState);
@@ -108,7 +111,7 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, 
   window.show();
   dialer.Start(start);
   const int code = QApplication::exec();
-  channel.Unhook();
+  channel->Unhook();
   return endedWell ? code : 1;
 }
 
@@ -116,9 +119,9 @@ int Run(const Arguments& arguments) {
   const DemoFolders folders = EnterDemoSession(arguments.root);
   const auto line = MakeDemoLine(arguments.line, folders.line);
   HostInstallationOptions options;
+  options.journalCalls = arguments.history;
   line->Configure(options);
-  SettingsRegistry registry;
-  BuildHostInstallation(folders.host, registry, options);
+  BuildHostInstallation(folders.host, *NewHostRegistry(), options);
   return arguments.installOnly ? 0 : RunDemo(folders, options, *line, arguments.dialer);
 }
 

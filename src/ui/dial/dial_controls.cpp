@@ -6,12 +6,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <algorithm>
 #include <string_view>
 #include <vector>
 
+#include "ui/dial/call_list_view.h"
 #include "ui/dial/command_button.h"
+#include "ui/dial/control_building.h"
 #include "ui/dial/dial_views.h"
+#include "ui/dial/history_controls.h"
 #include "ui/style/check_box.h"
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
@@ -25,62 +29,12 @@ namespace orvane {
 namespace {
 
 constexpr QSize kFullViewSize(318, 541);
-constexpr int kFrameWidth = 1;
-constexpr int kToolSide = 32;
-constexpr int kToolIconSide = 17;
 constexpr int kMarkerSide = 14;
 // What the status beside it leaves at least.
 constexpr int kHeadWidth = 120;
 constexpr int kContactLines = 4;
 constexpr int kLogHeight = 76;
 constexpr int kLogLines = 4;
-
-template <typename Widget>
-void Name(Widget& widget, const char* name) {
-  widget.setObjectName(QString::fromLatin1(name));
-}
-
-void Name(QWidget& widget, const char* name, std::size_t index) {
-  widget.setObjectName(QStringLiteral("%1_%2").arg(QString::fromLatin1(name)).arg(index));
-}
-
-QFrame* NewPanel(QWidget& parent, const char* name, const char* role) {
-  auto* panel = new QFrame(&parent);
-  if (name != nullptr) Name(*panel, name);
-  panel->setFrameShape(QFrame::NoFrame);
-  SetRole(*panel, role);
-  return panel;
-}
-
-ElidedLabel* NewLabel(QWidget& parent, const char* role) {
-  auto* label = new ElidedLabel(&parent);
-  if (role != nullptr) SetRole(*label, role);
-  return label;
-}
-
-// As high as designed, or higher where the font needs it.
-void AtLeastHigh(QWidget& control, int height) {
-  control.setMinimumHeight(std::max(height, control.sizeHint().height()));
-}
-
-void Describe(QWidget& control, const char* text) {
-  const QString description = QString::fromUtf8(text);
-  control.setToolTip(description);
-  control.setAccessibleName(description);
-}
-
-template <typename Button>
-Button* NewIconButton(QWidget& parent, const char* name, const char* role, Glyph glyph,
-                      QColor Palette::*colour, const char* description) {
-  auto* button = new Button(&parent);
-  Name(*button, name);
-  button->setIcon(GlyphIcon(glyph, colour));
-  button->setIconSize(QSize(kToolIconSide, kToolIconSide));
-  button->setFixedSize(kToolSide, kToolSide);
-  SetRole(*button, role);
-  Describe(*button, description);
-  return button;
-}
 
 QLabel* NewPicture(QWidget& parent, const char* name, Glyph glyph, QColor Palette::*colour,
                    const char* description) {
@@ -113,7 +67,7 @@ void BuildTitle(QWidget& window, DialControls& c) {
 }
 
 void BuildNumberStrip(DialControls& c) {
-  QFrame* strip = NewPanel(*c.infBase, nullptr, role::kStrip);
+  QFrame* strip = NewPanel(*c.dialPad, nullptr, role::kStrip);
   c.numberStrip = strip;
   c.txtNr = new QLineEdit(strip);
   Name(*c.txtNr, "txtNr");
@@ -121,17 +75,7 @@ void BuildNumberStrip(DialControls& c) {
   Describe(*c.txtNr, "Rufnummer");
   c.txtNr->setFont(TabularDigitFont(c.txtNr->font()));
 
-  // The clear button stands inside the number field.
-  c.cmdClear = NewIconButton<IconButton>(*c.txtNr, "cmdClear", role::kFieldButton, Glyph::kClear,
-                                         &Palette::mutedText, "Rufnummernfeld leeren");
-  c.cmdClear->setIconSize(QSize(14, 14));
-  c.cmdClear->setFixedSize(22, 22);
-  c.cmdClear->setCursor(Qt::ArrowCursor);
-  c.txtNr->setTextMargins(0, 0, 22, 0);
-  auto* inside = new QHBoxLayout(c.txtNr);
-  inside->setContentsMargins(0, 0, 4, 0);
-  inside->addStretch();
-  inside->addWidget(c.cmdClear);
+  c.cmdClear = NewClearButton(*c.txtNr, "cmdClear", "Rufnummernfeld leeren");
 
   const auto newTool = [&](const char* name, Glyph glyph, const char* description) {
     return NewIconButton<IconButton>(*strip, name, role::kTool, glyph, &Palette::heading,
@@ -154,7 +98,7 @@ void BuildNumberStrip(DialControls& c) {
 }
 
 void BuildDisplay(DialControls& c) {
-  c.tabDisplay = NewPanel(*c.infBase, "tabDisplay", role::kCard);
+  c.tabDisplay = NewPanel(*c.dialPad, "tabDisplay", role::kCard);
   c.tabDisplay->setFocusPolicy(Qt::StrongFocus);
   c.tabDisplay->setAccessibleName(QStringLiteral("Anzeige, Tasten wählen die Rufnummer"));
   c.lblHead = NewLabel(*c.tabDisplay, role::kHeading);
@@ -194,7 +138,7 @@ void BuildKeypad(DialControls& c) {
   };
   c.keypad = new QGridLayout;
   for (const Key& key : kKeys) {
-    auto* button = new KeypadButton(c.infBase, QString::fromLatin1(key.caption),
+    auto* button = new KeypadButton(c.dialPad, QString::fromLatin1(key.caption),
                                     QString::fromLatin1(key.letters));
     Name(*button, "cmdNr", key.index);
     SetRole(*button, role::kKey);
@@ -204,7 +148,7 @@ void BuildKeypad(DialControls& c) {
 }
 
 void BuildSpeedDial(DialControls& c) {
-  c.speedDialRow = new QWidget(c.infBase);
+  c.speedDialRow = new QWidget(c.dialPad);
   c.imgInt = NewPicture(*c.speedDialRow, "imgInt", Glyph::kInternal, &Palette::internalMarker,
                         "Interner Eintrag");
   c.imgExt = NewPicture(*c.speedDialRow, "imgExt", Glyph::kExternal, &Palette::externalMarker,
@@ -228,7 +172,7 @@ void BuildSpeedDial(DialControls& c) {
 }
 
 void BuildCheckBoxes(DialControls& c) {
-  c.checkBoxRow = new QWidget(c.infBase);
+  c.checkBoxRow = new QWidget(c.dialPad);
   const auto newBox = [&](const char* name, const char* caption, const char* description) {
     auto* box = new CheckBox(QString::fromUtf8(caption), c.checkBoxRow);
     Name(*box, name);
@@ -252,7 +196,7 @@ void BuildCheckBoxes(DialControls& c) {
 
 void BuildDialButtons(DialControls& c) {
   for (std::size_t view = 0; view < c.cmdDial.size(); ++view) {
-    auto* button = new CommandButton(view == 0 ? c.infBase : c.numberStrip);
+    auto* button = new CommandButton(view == 0 ? c.dialPad : c.numberStrip);
     Name(*button, "cmdDial", view);
     c.cmdDial[view] = button;
   }
@@ -263,8 +207,8 @@ void BuildDialButtons(DialControls& c) {
 }
 
 void BuildLog(DialControls& c) {
-  QFrame* log = NewPanel(*c.infBase, nullptr, role::kLog);
-  c.logPanel = log;
+  QFrame* log = NewPanel(*c.dialPad, nullptr, role::kLog);
+  c.log = log;
   log->setFixedHeight(std::max(kLogHeight, kLogLines * log->fontMetrics().lineSpacing() + 10));
   c.shpBottom = NewPanel(*log, "shpBottom", role::kLogEdge);
   c.shpBottom->setFixedHeight(2);
@@ -297,9 +241,9 @@ void BuildLog(DialControls& c) {
   c.lblVer->setContentsMargins(0, 0, 10, 6);
 }
 
-void BuildBody(QWidget& window, DialControls& c) {
-  c.infBase = NewPanel(window, "infBase", role::kBody);
-  auto* column = new QVBoxLayout(c.infBase);
+void BuildDialPad(DialControls& c) {
+  c.dialPad = NewPanel(*c.dialPad, nullptr, role::kPlain);
+  auto* column = new QVBoxLayout(c.dialPad);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   BuildNumberStrip(c);
@@ -318,15 +262,29 @@ void BuildBody(QWidget& window, DialControls& c) {
   c.padBody->addWidget(c.cmdDial[0]);
   column->addWidget(c.numberStrip);
   column->addLayout(c.padBody, 1);
-  column->addWidget(c.logPanel);
+  column->addWidget(c.log);
+}
+
+void BuildBody(QWidget& window, DialControls& c) {
+  c.infBase = NewPanel(window, "infBase", role::kBody);
+  auto* row = new QHBoxLayout(c.infBase);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  BuildDialPad(c);
+  row->addWidget(c.dialPad);
+  row->addWidget(BuildHistory(c));
 }
 
 void SetTabOrder(const DialControls& c) {
   std::vector<QWidget*> order = {c.txtNr,      c.cmdClear,    c.cmdWdh,    c.cmdGetClpbrd,
                                  c.cmdHistory, c.cmdOptionen, c.tabDisplay};
   for (const std::size_t key : kKeyOrder) order.push_back(c.cmdNr[key]);
-  order.insert(order.end(), {c.cboNr, c.chkExtern, c.chkDevDial, c.cmdDial[0], c.cmdDial[1],
-                             c.lstCallProgress, c.hovSizer, c.hovClose});
+  order.insert(order.end(),
+               {c.cboNr, c.chkExtern, c.chkDevDial, c.cmdDial[0], c.cmdDial[1], c.lstCallProgress});
+  order.insert(order.end(), {static_cast<QWidget*>(c.tabTab), c.cboFilter});
+  order.insert(order.end(), c.chkTelList.begin(), c.chkTelList.end());
+  order.insert(order.end(), {static_cast<QWidget*>(c.txtFilter), c.cmdClrTextFilter, c.repTel,
+                             c.hovSizer, c.hovClose});
   for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
@@ -347,7 +305,13 @@ DialControls BuildDialControls(QWidget& window) {
   column->addWidget(c.infBase, 1);
   SetTabOrder(c);
   ArrangeFullView(c);
-  window.setFixedSize(column->minimumSize().expandedTo(kFullViewSize));
+  const QSize size = column->minimumSize().expandedTo(kFullViewSize);
+  window.setFixedSize(size);
+  // The dial pad stays as wide when the window grows.
+  c.dialPad->setFixedWidth(size.width() - 2 * kFrameWidth);
+  c.tabDisplay->setFixedWidth(c.dialPad->width() - 2 * kBodyMargin);
+  c.infBase->setProperty(kDesignedHeightTag,
+                         size.height() - 2 * kFrameWidth - c.panBase->sizeHint().height());
   return c;
 }
 

@@ -35,30 +35,31 @@ void PlaceKeys(DialControls& c, int columns, int spacing, QSizePolicy::Policy gr
 
 void ShowFullViewParts(const DialControls& c, bool shown) {
   for (QWidget* part :
-       std::initializer_list<QWidget*>{c.tabDisplay, c.speedDialRow, c.checkBoxRow, c.logPanel}) {
+       std::initializer_list<QWidget*>{c.tabDisplay, c.speedDialRow, c.checkBoxRow, c.log}) {
     part->setVisible(shown);
   }
   c.cmdDial[0]->setVisible(shown);
   c.cmdDial[1]->setVisible(!shown);
 }
 
-void SizeTitle(const DialControls& c, QSize button, const char* captionRole) {
+void SizeTitle(const DialControls& c, QSize button, int logoSide, const char* captionRole) {
   c.hovClose->setFixedSize(button);
   c.hovSizer->setFixedSize(button);
+  c.imgLogo->setFixedSize(logoSide, logoSide);
   SetRole(*c.lblBase[0], captionRole);
 }
 
 }  // namespace
 
 void ArrangeFullView(DialControls& c) {
-  SizeTitle(c, QSize(22, 18), role::kTitleCaption);
+  SizeTitle(c, QSize(22, 18), 14, role::kTitleCaption);
   c.panBase->layout()->setContentsMargins(8, 2, 6, 2);
   c.panBase->setMinimumHeight(0);
   c.panBase->setMaximumHeight(QWIDGETSIZE_MAX);
   c.numberStrip->layout()->setContentsMargins(6, 4, 6, 4);
   c.txtNr->setMaximumHeight(QWIDGETSIZE_MAX);
   c.txtNr->setMinimumHeight(std::max(kFullRowHeight, c.txtNr->sizeHint().height()));
-  c.padBody->setContentsMargins(8, 6, 8, 6);
+  c.padBody->setContentsMargins(kBodyMargin, 6, kBodyMargin, 6);
   c.padBody->setSpacing(6);
   for (CommandButton* key : c.cmdNr) {
     SetRole(*key, role::kKey);
@@ -70,7 +71,7 @@ void ArrangeFullView(DialControls& c) {
 }
 
 void ArrangeCompactView(DialControls& c) {
-  SizeTitle(c, QSize(22, 13), role::kSmallTitleCaption);
+  SizeTitle(c, QSize(22, 13), 11, role::kSmallTitleCaption);
   c.panBase->layout()->setContentsMargins(8, 1, 6, 1);
   c.panBase->setFixedHeight(kCompactTitleHeight);
   c.numberStrip->layout()->setContentsMargins(kCompactMargin, kCompactStripMargin, kCompactMargin,

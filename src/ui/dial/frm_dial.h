@@ -22,6 +22,9 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/logic/call_columns.h"
+#include "ui/logic/call_query.h"
+#include "ui/logic/view_toggle.h"
 
 namespace orvane {
 
@@ -89,9 +92,11 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   enum class Stage { kBuilt, kLoaded, kClosed };
 
   void ConnectCommands();
+  void ConnectHistory();
   void WatchControls();
 
   // Form load, step by step.
+  void LoadHistory();
   void ReadDeveloperFlag();
   void PlaceWindow();
   void PrepareAreaCodes();
@@ -119,6 +124,25 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void RefuseDuringSession(const std::string& text);
   void ShowSpeedDialKind(int index);
 
+  // Rebuilds the call history from the journal.
+  void RefreshTelList();
+  CallFilter ChosenCalls() const;
+  void ShowCallCount();
+  void SaveCallColumns();
+  void ShowHistoryPanel(bool shown);
+
+  // Full view and compact view.
+  class Views;
+  bool FullViewShown() const;
+  DialView OtherView() const { return FullViewShown() ? DialView::kCompact : DialView::kFull; }
+  void SwitchTo(DialView view);
+  void ArrangeFull();
+  void ArrangeCompact();
+  void FitHeight();
+  void OnCallFilter(std::string_view setting, int value);
+  void OnTextFilter();
+  void OnCallTaken(const std::string& number);
+
   bool OnKeyDown(const QKeyEvent& event);
   bool OnEnter(QWidget* focus);
   void OnTypedKey(char character, int keypadButton);
@@ -143,8 +167,13 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   std::unique_ptr<WindowChrome> chrome_;
 
   Stage stage_ = Stage::kBuilt;
+  // Where the full view was when the compact one replaced it.
+  TwipPoint fullView_;
   std::unique_ptr<DatabaseConnection> areaCodes_;
   bool speedDialSelectable_ = false;
+  // The folder of the user whose calls the history shows.
+  std::string shownJournal_;
+  CallColumns savedColumns_;
 };
 
 }  // namespace orvane

@@ -47,6 +47,7 @@ void frmDial::ConnectCommands() {
   onClick(c_.cmdWdh, [](frmDial& f) { f.OnRedial(); });
   onClick(c_.cmdHistory, [](frmDial& f) { f.ToggleHistory(); });
   onClick(c_.cmdOptionen, [](frmDial& f) { f.OnOptions(); });
+  onClick(c_.hovSizer, [](frmDial& f) { f.SwitchTo(f.OtherView()); });
   onClick(c_.hovClose, [](frmDial& f) { f.Unload(); });
   for (CommandButton* button : c_.cmdDial) onClick(button, [](frmDial& f) { f.OnDial(); });
   for (std::size_t key = 0; key < c_.cmdNr.size(); ++key) {
@@ -79,6 +80,7 @@ void frmDial::OnNumberChanged() {
 void frmDial::FitNumber() {
   QLineEdit& field = *c_.txtNr;
   SetRole(field, role::kNumber);
+  if (!FullViewShown()) SetRole(field, role::kLongNumber);
   const QMargins margins = field.textMargins();
   const int room = field.width() - margins.left() - margins.right() - kNumberPaddingPixels;
   if (field.fontMetrics().horizontalAdvance(field.text()) > room) {
@@ -142,18 +144,6 @@ void frmDial::OnOptions() {
   }
   services_.prompts.ShowMessage(PromptIcon::kNone,
                                 "Die Optionen sind in dieser Version noch nicht enthalten.",
-                                kMessageTitle);
-}
-
-void frmDial::ToggleHistory() {
-  if (SessionOn()) {
-    RefuseDuringSession(
-        "Die Anrufhistorie kann nicht während einer Telefonsitzung geöffnet werden.");
-    return;
-  }
-  if (!NumberEnabled()) return;
-  services_.prompts.ShowMessage(PromptIcon::kNone,
-                                "Die Anrufhistorie ist in dieser Version noch nicht enthalten.",
                                 kMessageTitle);
 }
 

@@ -22,6 +22,7 @@ enum class Glyph {
   kExternal,
   kArrowDown,
   kArrowUp,
+  kArrowRight,
   kCheckMark,
 };
 
