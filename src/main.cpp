@@ -22,6 +22,7 @@
 #include "platform/common/sqlite_services.h"
 #include "platform/common/system_clock.h"
 #include "platform/common/tapi_lines.h"
+#include "platform/linux/com_ports.h"
 #include "platform/linux/compositor.h"
 #include "platform/linux/lock_file_instance.h"
 #include "platform/linux/profile_ini_file.h"
@@ -93,7 +94,8 @@ int Run(const std::string& commandLine) {
                     loop,
                     clock,
                     locale,
-                    messages};
+                    messages,
+                    SerialPortNames};
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
