@@ -24,7 +24,7 @@ scripts/build.sh release orvane orvane-demo-host
 bin="$PWD/build/release/bin"
 
 if [[ -z "$headless" && -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
-  exec "$bin/orvane-demo-host" --line "$line"
+  exec "$bin/orvane-demo-host" --line "$line" --history 120
 fi
 
 [[ -n "$headless" ]] || echo "No display here, so this is the scripted call."

@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <ctime>
 #include <fstream>
 #include <stdexcept>
 
+#include "app/date_time.h"
 #include "app/host_paths.h"
 #include "app/unscramble_setting.h"
 #include "contact_file.h"
 #include "journal_schema.h"
 #include "platform/ansi.h"
+#include "sample_calls.h"
 #include "scramble_setting.h"
 
 namespace orvane {
@@ -45,6 +48,14 @@ std::string SpeedDialBlock(const std::vector<SpeedDialEntry>& entries) {
     block += entry.name + "|" + entry.number + "|";
   }
   return block + "¿";
+}
+
+// Local time in days since 1899-12-30.
+double Now() {
+  const std::time_t seconds = std::time(nullptr);
+  const std::tm& local = *std::localtime(&seconds);
+  return ToDateTime({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
+                     local.tm_min, local.tm_sec});
 }
 
 std::string Scramble(const std::string& text) {
@@ -84,7 +95,8 @@ HostInstallation BuildHostInstallation(const std::filesystem::path& folder, Host
                                                    SpeedDialBlock(options.externalSpeedDial)));
   WriteContactFile(installation.contactFile, options.contacts);
   if (!std::filesystem::exists(installation.journalFile)) {
-    CreateJournalFile(installation.journalFile);
+    CreateJournalFile(installation.journalFile,
+                      SampleCallsScript(options.contacts, Now(), options.journalCalls));
   }
   WriteRegistry(registry, installation.hostPath, options);
   return installation;

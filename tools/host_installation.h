@@ -43,6 +43,9 @@ struct HostInstallationOptions {
   };
 
   SampleContacts contacts = DefaultContacts();
+
+  // Outgoing calls of the last weeks in a new journal; none leaves it empty.
+  int journalCalls = 0;
 };
 
 // Where the parts of an installation lie.

@@ -111,21 +111,36 @@ bool OpenForWriting(Services& services, ProgramState& state) {
   }
 }
 
+void SetJournalProperties(DatabaseConnection& journal, const ProgramState& state, DbMode mode) {
+  journal.SetMode(mode);
+  journal.SetCursorLocation(DbCursorLocation::kClient);
+  journal.SetProvider("Microsoft.Jet.OLEDB.4.0");
+  journal.SetProperty("Data Source", state.host.userPath + kJournalFile);
+  journal.SetProperty("Jet OLEDB:Database Password", kJournalPassword);
+  journal.SetProperty("Persist Security Info", "False");
+}
+
+// The stored connection string stays as it is: the next call has to be written.
+bool OpenForReading(DatabaseConnection& journal, const ProgramState& state) {
+  try {
+    SetJournalProperties(journal, state, DbMode::kRead);
+    journal.Open();
+    return true;
+  } catch (const PlatformError&) {
+    return false;
+  }
+}
+
 }  // namespace
 
-bool ReopenTelDB(Services& services, ProgramState& state) {
+bool ReopenTelDB(Services& services, ProgramState& state, JournalUse use) {
   DatabaseState& databases = state.databases;
   if (!databases.journal) throw std::logic_error("no journal connection");
   DatabaseConnection& journal = *databases.journal;
   try {
     if (journal.IsOpen()) return true;
     if (databases.journalConnectionString.empty()) {
-      journal.SetMode(DbMode::kWrite);
-      journal.SetCursorLocation(DbCursorLocation::kClient);
-      journal.SetProvider("Microsoft.Jet.OLEDB.4.0");
-      journal.SetProperty("Data Source", state.host.userPath + kJournalFile);
-      journal.SetProperty("Jet OLEDB:Database Password", kJournalPassword);
-      journal.SetProperty("Persist Security Info", "False");
+      SetJournalProperties(journal, state, DbMode::kWrite);
     } else {
       journal.SetConnectionString(databases.journalConnectionString);
     }
@@ -133,6 +148,7 @@ bool ReopenTelDB(Services& services, ProgramState& state) {
     databases.journalConnectionString = journal.ConnectionString();
     return true;
   } catch (const PlatformError& error) {
+    if (use == JournalUse::kRead && OpenForReading(journal, state)) return true;
     ShowOpenFailure(services.prompts, error, "ReopenTelDB",
                     "Telefonliste konnte nicht initialisiert werden!");
     return false;

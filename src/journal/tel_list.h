@@ -15,8 +15,12 @@ inline constexpr const char* kJournalPassword = "vnar";
 // Calls that the journal keeps in each direction.
 inline constexpr int kJournalRows = 600;
 
+enum class JournalUse { kWrite, kRead };
+
 // Makes sure that the journal connection is open. False, after a message box, when it cannot be.
-bool ReopenTelDB(Services& services, ProgramState& state);
+// Who only reads also gets a journal that cannot be written to, because it or its folder is
+// protected, the disk is full or another program is writing.
+bool ReopenTelDB(Services& services, ProgramState& state, JournalUse use = JournalUse::kWrite);
 
 // Inserts a call ("1" to "4": outgoing external, outgoing internal, incoming external, incoming
 // internal) or completes the rows that began at `startText` ("o" outgoing, "i" incoming). Times are

@@ -30,6 +30,7 @@ struct Arguments {
   QString dialer;
   std::string line;
   bool installOnly = false;
+  int history = 0;
 };
 
 Arguments ReadArguments(const QApplication& application) {
@@ -43,12 +44,15 @@ Arguments ReadArguments(const QApplication& application) {
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
+  const QCommandLineOption history(QStringLiteral("history"),
+                                   QStringLiteral("Calls in a new journal."),
+                                   QStringLiteral("count"), QStringLiteral("0"));
   QCommandLineParser parser;
   parser.addHelpOption();
-  parser.addOptions({root, dialer, line, installOnly});
+  parser.addOptions({root, dialer, line, installOnly, history});
   parser.process(application);
   return {parser.value(root).toStdString(), parser.value(dialer), parser.value(line).toStdString(),
-          parser.isSet(installOnly)};
+          parser.isSet(installOnly), parser.value(history).toInt()};
 }
 
 // Everything that is heard on the line, in the window and in a file.
@@ -116,6 +120,7 @@ int Run(const Arguments& arguments) {
   const DemoFolders folders = EnterDemoSession(arguments.root);
   const auto line = MakeDemoLine(arguments.line, folders.line);
   HostInstallationOptions options;
+  options.journalCalls = arguments.history;
   line->Configure(options);
   SettingsRegistry registry;
   BuildHostInstallation(folders.host, registry, options);

@@ -6,11 +6,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <algorithm>
 #include <string_view>
 #include <vector>
 
+#include "ui/dial/call_list_view.h"
 #include "ui/dial/command_button.h"
+#include "ui/dial/control_building.h"
+#include "ui/dial/history_controls.h"
 #include "ui/style/check_box.h"
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
@@ -24,10 +28,6 @@ namespace orvane {
 namespace {
 
 constexpr QSize kFullViewSize(318, 541);
-constexpr int kFrameWidth = 1;
-constexpr int kBodyMargin = 8;
-constexpr int kToolSide = 32;
-constexpr int kToolIconSide = 17;
 constexpr int kKeySpacing = 5;
 constexpr int kMarkerSide = 14;
 // What the status beside it leaves at least.
@@ -35,53 +35,6 @@ constexpr int kHeadWidth = 120;
 constexpr int kContactLines = 4;
 constexpr int kLogHeight = 76;
 constexpr int kLogLines = 4;
-
-template <typename Widget>
-void Name(Widget& widget, const char* name) {
-  widget.setObjectName(QString::fromLatin1(name));
-}
-
-void Name(QWidget& widget, const char* name, std::size_t index) {
-  widget.setObjectName(QStringLiteral("%1_%2").arg(QString::fromLatin1(name)).arg(index));
-}
-
-QFrame* NewPanel(QWidget& parent, const char* name, const char* role) {
-  auto* panel = new QFrame(&parent);
-  if (name != nullptr) Name(*panel, name);
-  panel->setFrameShape(QFrame::NoFrame);
-  SetRole(*panel, role);
-  return panel;
-}
-
-ElidedLabel* NewLabel(QWidget& parent, const char* role) {
-  auto* label = new ElidedLabel(&parent);
-  if (role != nullptr) SetRole(*label, role);
-  return label;
-}
-
-// As high as designed, or higher where the font needs it.
-void AtLeastHigh(QWidget& control, int height) {
-  control.setMinimumHeight(std::max(height, control.sizeHint().height()));
-}
-
-void Describe(QWidget& control, const char* text) {
-  const QString description = QString::fromUtf8(text);
-  control.setToolTip(description);
-  control.setAccessibleName(description);
-}
-
-template <typename Button>
-Button* NewIconButton(QWidget& parent, const char* name, const char* role, Glyph glyph,
-                      QColor Palette::*colour, const char* description) {
-  auto* button = new Button(&parent);
-  Name(*button, name);
-  button->setIcon(GlyphIcon(glyph, colour));
-  button->setIconSize(QSize(kToolIconSide, kToolIconSide));
-  button->setFixedSize(kToolSide, kToolSide);
-  SetRole(*button, role);
-  Describe(*button, description);
-  return button;
-}
 
 QLabel* NewPicture(QWidget& parent, const char* name, Glyph glyph, QColor Palette::*colour,
                    const char* description) {
@@ -110,7 +63,7 @@ void BuildTitle(QWidget& window, DialControls& c) {
 }
 
 QFrame* BuildNumberStrip(DialControls& c) {
-  QFrame* strip = NewPanel(*c.infBase, nullptr, role::kStrip);
+  QFrame* strip = NewPanel(*c.dialPad, nullptr, role::kStrip);
   c.txtNr = new QLineEdit(strip);
   Name(*c.txtNr, "txtNr");
   SetRole(*c.txtNr, role::kNumber);
@@ -118,17 +71,7 @@ QFrame* BuildNumberStrip(DialControls& c) {
   c.txtNr->setFont(TabularDigitFont(c.txtNr->font()));
   AtLeastHigh(*c.txtNr, kToolSide);
 
-  // The clear button stands inside the number field.
-  c.cmdClear = NewIconButton<IconButton>(*c.txtNr, "cmdClear", role::kFieldButton, Glyph::kClear,
-                                         &Palette::mutedText, "Rufnummernfeld leeren");
-  c.cmdClear->setIconSize(QSize(14, 14));
-  c.cmdClear->setFixedSize(22, 22);
-  c.cmdClear->setCursor(Qt::ArrowCursor);
-  c.txtNr->setTextMargins(0, 0, 22, 0);
-  auto* inside = new QHBoxLayout(c.txtNr);
-  inside->setContentsMargins(0, 0, 4, 0);
-  inside->addStretch();
-  inside->addWidget(c.cmdClear);
+  c.cmdClear = NewClearButton(*c.txtNr, "cmdClear", "Rufnummernfeld leeren");
 
   const auto newTool = [&](const char* name, Glyph glyph, const char* description) {
     return NewIconButton<IconButton>(*strip, name, role::kTool, glyph, &Palette::heading,
@@ -153,7 +96,7 @@ QFrame* BuildNumberStrip(DialControls& c) {
 }
 
 void BuildDisplay(DialControls& c) {
-  c.tabDisplay = NewPanel(*c.infBase, "tabDisplay", role::kCard);
+  c.tabDisplay = NewPanel(*c.dialPad, "tabDisplay", role::kCard);
   c.tabDisplay->setFocusPolicy(Qt::StrongFocus);
   c.tabDisplay->setAccessibleName(QStringLiteral("Anzeige, Tasten wählen die Rufnummer"));
   c.lblHead = NewLabel(*c.tabDisplay, role::kHeading);
@@ -196,7 +139,7 @@ QGridLayout* BuildKeypad(DialControls& c) {
   grid->setSpacing(kKeySpacing);
   int position = 0;
   for (const Key& key : kKeys) {
-    auto* button = new KeypadButton(c.infBase, QString::fromLatin1(key.caption),
+    auto* button = new KeypadButton(c.dialPad, QString::fromLatin1(key.caption),
                                     QString::fromLatin1(key.letters));
     Name(*button, "cmdNr", key.index);
     SetRole(*button, role::kKey);
@@ -210,13 +153,13 @@ QGridLayout* BuildKeypad(DialControls& c) {
 }
 
 QHBoxLayout* BuildSpeedDial(DialControls& c) {
-  c.imgInt = NewPicture(*c.infBase, "imgInt", Glyph::kInternal, &Palette::internalMarker,
+  c.imgInt = NewPicture(*c.dialPad, "imgInt", Glyph::kInternal, &Palette::internalMarker,
                         "Interner Eintrag");
-  c.imgExt = NewPicture(*c.infBase, "imgExt", Glyph::kExternal, &Palette::externalMarker,
+  c.imgExt = NewPicture(*c.dialPad, "imgExt", Glyph::kExternal, &Palette::externalMarker,
                         "Externer Eintrag");
   c.imgInt->hide();
   c.imgExt->hide();
-  c.cboNr = new DropDown(c.infBase);
+  c.cboNr = new DropDown(c.dialPad);
   Name(*c.cboNr, "cboNr");
   c.cboNr->setPlaceholderText(QStringLiteral("Kurzwahlspeicher"));
   c.cboNr->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -234,7 +177,7 @@ QHBoxLayout* BuildSpeedDial(DialControls& c) {
 
 QHBoxLayout* BuildCheckBoxes(DialControls& c) {
   const auto newBox = [&](const char* name, const char* caption, const char* description) {
-    auto* box = new CheckBox(QString::fromUtf8(caption), c.infBase);
+    auto* box = new CheckBox(QString::fromUtf8(caption), c.dialPad);
     Name(*box, name);
     box->setToolTip(QString::fromUtf8(description));
     QSizePolicy policy = box->sizePolicy();
@@ -256,7 +199,7 @@ QHBoxLayout* BuildCheckBoxes(DialControls& c) {
 
 void BuildDialButtons(DialControls& c) {
   for (std::size_t view = 0; view < c.cmdDial.size(); ++view) {
-    auto* button = new CommandButton(c.infBase);
+    auto* button = new CommandButton(c.dialPad);
     Name(*button, "cmdDial", view);
     button->setIconSize(QSize(22, 22));
     AtLeastHigh(*button, 40);
@@ -266,7 +209,7 @@ void BuildDialButtons(DialControls& c) {
 }
 
 QFrame* BuildLog(DialControls& c) {
-  QFrame* log = NewPanel(*c.infBase, nullptr, role::kLog);
+  QFrame* log = c.log = NewPanel(*c.dialPad, nullptr, role::kLog);
   log->setFixedHeight(std::max(kLogHeight, kLogLines * log->fontMetrics().lineSpacing() + 10));
   c.shpBottom = NewPanel(*log, "shpBottom", role::kLogEdge);
   c.shpBottom->setFixedHeight(2);
@@ -300,9 +243,9 @@ QFrame* BuildLog(DialControls& c) {
   return log;
 }
 
-void BuildBody(QWidget& window, DialControls& c) {
-  c.infBase = NewPanel(window, "infBase", role::kBody);
-  auto* column = new QVBoxLayout(c.infBase);
+void BuildDialPad(DialControls& c) {
+  c.dialPad = NewPanel(*c.infBase, nullptr, role::kPlain);
+  auto* column = new QVBoxLayout(c.dialPad);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(BuildNumberStrip(c));
@@ -321,14 +264,27 @@ void BuildBody(QWidget& window, DialControls& c) {
   column->addWidget(BuildLog(c));
 }
 
+void BuildBody(QWidget& window, DialControls& c) {
+  c.infBase = NewPanel(window, "infBase", role::kBody);
+  auto* row = new QHBoxLayout(c.infBase);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  BuildDialPad(c);
+  row->addWidget(c.dialPad);
+  row->addWidget(BuildHistory(c));
+}
+
 void SetTabOrder(const DialControls& c) {
   std::vector<QWidget*> order = {c.txtNr,      c.cmdClear,    c.cmdWdh,    c.cmdGetClpbrd,
                                  c.cmdHistory, c.cmdOptionen, c.tabDisplay};
   for (const std::size_t key : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U, 0U, 11U}) {
     order.push_back(c.cmdNr[key]);
   }
+  order.insert(order.end(), {c.cboNr, c.chkExtern, c.chkDevDial, c.cmdDial[0], c.lstCallProgress});
+  order.insert(order.end(), {static_cast<QWidget*>(c.tabTab), c.cboFilter});
+  order.insert(order.end(), c.chkTelList.begin(), c.chkTelList.end());
   order.insert(order.end(),
-               {c.cboNr, c.chkExtern, c.chkDevDial, c.cmdDial[0], c.lstCallProgress, c.hovClose});
+               {static_cast<QWidget*>(c.txtFilter), c.cmdClrTextFilter, c.repTel, c.hovClose});
   for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
@@ -348,7 +304,11 @@ DialControls BuildDialControls(QWidget& window) {
   column->addWidget(c.panBase);
   column->addWidget(c.infBase, 1);
   SetTabOrder(c);
-  window.setFixedSize(column->minimumSize().expandedTo(kFullViewSize));
+  const QSize size = column->minimumSize().expandedTo(kFullViewSize);
+  window.setFixedSize(size);
+  // The dial pad stays as wide when the window grows.
+  c.dialPad->setFixedWidth(size.width() - 2 * kFrameWidth);
+  c.tabDisplay->setFixedWidth(c.dialPad->width() - 2 * kBodyMargin);
   return c;
 }
 

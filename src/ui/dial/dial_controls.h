@@ -2,16 +2,20 @@
 
 #include <array>
 
+#include "ui/logic/call_query.h"
+
 class QCheckBox;
 class QFrame;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+class QTabBar;
 class QWidget;
 
 namespace orvane {
 
+class CallListView;
 class CommandButton;
 class DropDown;
 class ElidedLabel;
@@ -24,6 +28,7 @@ struct DialControls {
   QPushButton* hovClose = nullptr;
 
   QFrame* infBase = nullptr;
+  QFrame* dialPad = nullptr;
   // Number strip.
   QLineEdit* txtNr = nullptr;
   QPushButton* cmdClear = nullptr;
@@ -50,10 +55,29 @@ struct DialControls {
   std::array<CommandButton*, 2> cmdDial{};
 
   // Call progress.
+  QFrame* log = nullptr;
   QListWidget* lstCallProgress = nullptr;
   QLabel* lblVer = nullptr;
   QFrame* shpBottom = nullptr;
+
+  // The call history to the right of the dial pad; hidden until it is asked for.
+  QFrame* history = nullptr;
+  QTabBar* tabTab = nullptr;
+  QFrame* grpFilter = nullptr;
+  DropDown* cboFilter = nullptr;
+  // Internal and external calls, calls with a number and without one.
+  std::array<QCheckBox*, kCallKinds> chkTelList{};
+  // The caption of the text filter, and how many calls are shown.
+  std::array<QLabel*, 2> lblInf{};
+  QLineEdit* txtFilter = nullptr;
+  QPushButton* cmdClrTextFilter = nullptr;
+  CallListView* repTel = nullptr;
 };
+
+// Frame of the window, and margin of the dial pad and the call history inside, in
+// device-independent pixels.
+inline constexpr int kFrameWidth = 1;
+inline constexpr int kBodyMargin = 8;
 
 // Creates the controls of the full view inside the window and lays them out.
 DialControls BuildDialControls(QWidget& window);

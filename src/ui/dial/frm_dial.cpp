@@ -44,6 +44,7 @@ frmDial::frmDial(Services& services, ProgramState& state, CurrentCall& call, Wor
   setWindowIcon(GlyphIcon(Glyph::kLogo, &Palette::dial));
   SetDialButtonIdle(true);
   ConnectCommands();
+  ConnectHistory();
   WatchControls();
   ShowDestination();
 }
@@ -63,9 +64,10 @@ HostRegistry& frmDial::Registry() {
 void frmDial::WatchControls() {
   installEventFilter(this);
   for (QWidget* control : findChildren<QWidget*>()) control->installEventFilter(this);
-  dragAreas_ = {c_.panBase, c_.lblHead, c_.lblAdr, c_.lstCallProgress,
-                c_.lstCallProgress->viewport()};
+  dragAreas_ = {c_.panBase,         c_.lblHead,   c_.lblAdr,
+                c_.lstCallProgress, c_.grpFilter, c_.lstCallProgress->viewport()};
   dragAreas_.insert(c_.lblBase.begin(), c_.lblBase.end());
+  dragAreas_.insert(c_.lblInf.begin(), c_.lblInf.end());
 }
 
 bool frmDial::eventFilter(QObject* watched, QEvent* event) {

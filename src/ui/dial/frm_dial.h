@@ -22,6 +22,8 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/logic/call_columns.h"
+#include "ui/logic/call_query.h"
 
 namespace orvane {
 
@@ -89,9 +91,11 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   enum class Stage { kBuilt, kLoaded, kClosed };
 
   void ConnectCommands();
+  void ConnectHistory();
   void WatchControls();
 
   // Form load, step by step.
+  void LoadHistory();
   void ReadDeveloperFlag();
   void PlaceWindow();
   void PrepareAreaCodes();
@@ -119,6 +123,16 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void RefuseDuringSession(const std::string& text);
   void ShowSpeedDialKind(int index);
 
+  // Rebuilds the call history from the journal.
+  void RefreshTelList();
+  CallFilter ChosenCalls() const;
+  void ShowCallCount();
+  void SaveCallColumns();
+  void ShowHistoryPanel(bool shown);
+  void OnCallFilter(std::string_view setting, int value);
+  void OnTextFilter();
+  void OnCallTaken(const std::string& number);
+
   bool OnKeyDown(const QKeyEvent& event);
   bool OnEnter(QWidget* focus);
   void OnTypedKey(char character, int keypadButton);
@@ -145,6 +159,9 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   Stage stage_ = Stage::kBuilt;
   std::unique_ptr<DatabaseConnection> areaCodes_;
   bool speedDialSelectable_ = false;
+  // The folder of the user whose calls the history shows.
+  std::string shownJournal_;
+  CallColumns savedColumns_;
 };
 
 }  // namespace orvane

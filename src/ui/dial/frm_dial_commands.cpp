@@ -145,18 +145,6 @@ void frmDial::OnOptions() {
                                 kMessageTitle);
 }
 
-void frmDial::ToggleHistory() {
-  if (SessionOn()) {
-    RefuseDuringSession(
-        "Die Anrufhistorie kann nicht während einer Telefonsitzung geöffnet werden.");
-    return;
-  }
-  if (!NumberEnabled()) return;
-  services_.prompts.ShowMessage(PromptIcon::kNone,
-                                "Die Anrufhistorie ist in dieser Version noch nicht enthalten.",
-                                kMessageTitle);
-}
-
 void frmDial::RefuseDuringSession(const std::string& text) {
   services_.prompts.Beep();
   services_.prompts.ShowMessage(PromptIcon::kExclamation, text, kRefusalTitle);

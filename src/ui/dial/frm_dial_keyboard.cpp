@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include "ui/dial/call_list_view.h"
 #include "ui/dial/command_button.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/dial/virtual_key.h"
@@ -15,6 +16,8 @@ namespace orvane {
 // True when the key was the form's; the control with the focus then does not see it.
 bool frmDial::OnKeyDown(const QKeyEvent& event) {
   if (!NumberEnabled()) return false;
+  // The call history has keys of its own.
+  if (focusWidget() == c_.txtFilter || focusWidget() == c_.repTel) return false;
   const int key = VirtualKeyOf(event);
   // A key that is held must not dial, hang up and dial again.
   if (key == kKeyEnter) return event.isAutoRepeat() || OnEnter(focusWidget());
@@ -40,8 +43,8 @@ bool frmDial::OnEnter(QWidget* focus) {
     c_.cmdDial[0]->click();
   } else if (auto* button = qobject_cast<QAbstractButton*>(focus)) {
     button->click();
-  } else if (focus == c_.cboNr) {
-    c_.cboNr->showPopup();
+  } else if (auto* list = qobject_cast<QComboBox*>(focus)) {
+    list->showPopup();
   } else {
     return false;
   }

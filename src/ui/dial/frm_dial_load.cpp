@@ -27,6 +27,7 @@ void frmDial::Load() {
   if (stage_ != Stage::kBuilt) return;
   stage_ = Stage::kLoaded;
   state_.host.dialWindowRunning = true;
+  LoadHistory();
   c_.lblVer->setText(QString::fromStdString("Brisko v" + ProgramVersion()));
   Attempt([this] { ReadDeveloperFlag(); });
   Attempt([this] { PlaceWindow(); });
@@ -81,6 +82,8 @@ void frmDial::OfferClipboard() {
 void frmDial::ReloadSettings() {
   InitSettings(services_, state_, *this);
   ShowDestination();
+  // Another user has other calls.
+  if (HistoryShown() && shownJournal_ != state_.host.userPath) RefreshTelList();
 }
 
 void frmDial::Show() {
@@ -96,6 +99,7 @@ void frmDial::Unload() {
   if (stage_ != Stage::kLoaded) return;
   stage_ = Stage::kClosed;
   state_.host.dialWindowRunning = false;
+  SaveCallColumns();
   Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry(), kDialSection); });
   Attempt([this] { channel_.UnhookWindow(); });
   modem_.Abandon();

@@ -9,6 +9,7 @@ namespace {
 constexpr int kEdgeToleranceTwips = 15;
 constexpr int kOverhangTwips = 20;
 constexpr int kFallbackMarginTwips = 900;
+constexpr int kWidenedOverhangTwips = 30;
 
 // What two stretches have in common. Positions may be any stored number, hence the wide type.
 std::int64_t Overlap(std::int64_t start, int length, std::int64_t otherStart, int otherLength) {
@@ -58,6 +59,21 @@ bool IsReachable(TwipPoint position, TwipSize window, const TwipScreen& screen) 
 TwipPoint FallbackPosition(TwipSize window, const TwipScreen& screen) {
   return {screen.origin.left + screen.size.width - window.width - kFallbackMarginTwips,
           screen.origin.top + kFallbackMarginTwips};
+}
+
+int PadWidth(int margin, int displayWidth) {
+  return 2 * margin + displayWidth;
+}
+
+int HistoryWidth(int tabLeft, int tabWidth, int margin) {
+  return tabLeft + tabWidth + margin;
+}
+
+TwipPoint FitWidened(TwipPoint position, TwipSize window, TwipSize screen) {
+  if (position.left + window.width <= screen.width) return position;
+  const int left = screen.width - window.width;
+  // A little may hang out on the left; a window that would hang out farther starts inside instead.
+  return {left < -kWidenedOverhangTwips ? kWidenedOverhangTwips : left, position.top};
 }
 
 }  // namespace orvane

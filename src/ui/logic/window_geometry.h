@@ -46,4 +46,13 @@ bool IsReachable(TwipPoint position, TwipSize window, const TwipScreen& screen);
 // Where a window opens that has no usable saved position: near the top right corner.
 TwipPoint FallbackPosition(TwipSize window, const TwipScreen& screen);
 
+// Width of the information panel around the dial pad alone, and when it reaches past the call
+// history; the window follows the panel.
+int PadWidth(int margin, int displayWidth);
+int HistoryWidth(int tabLeft, int tabWidth, int margin);
+
+// Where a window goes that was widened: its right edge stays on the screen, and its left edge where
+// that is possible.
+TwipPoint FitWidened(TwipPoint position, TwipSize window, TwipSize screen);
+
 }  // namespace orvane

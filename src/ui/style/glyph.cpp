@@ -119,6 +119,13 @@ QPainterPath Logo() {
   return tile.subtracted(fit.map(Handset()));
 }
 
+QPainterPath Triangle(const QPointF& a, const QPointF& b, const QPointF& c) {
+  QPainterPath shape;
+  shape.addPolygon(QPolygonF({a, b, c}));
+  shape.closeSubpath();
+  return shape;
+}
+
 QPainterPath Shape(Glyph glyph) {
   switch (glyph) {
     case Glyph::kHandset:
@@ -145,12 +152,10 @@ QPainterPath Shape(Glyph glyph) {
     }
     case Glyph::kExternal:
       return Lines({{{6, 18}, {18, 6}}, {{9, 6}, {18, 6}, {18, 15}}}, 2.6);
-    case Glyph::kArrowDown: {
-      QPainterPath arrow;
-      arrow.addPolygon(QPolygonF({{5, 8}, {19, 8}, {12, 17}}));
-      arrow.closeSubpath();
-      return arrow;
-    }
+    case Glyph::kArrowDown:
+      return Triangle({5, 8}, {19, 8}, {12, 17});
+    case Glyph::kArrowRight:
+      return Triangle({8, 5}, {17, 12}, {8, 19});
     case Glyph::kCheckMark:
       return Lines({{{5, 12.5}, {10, 17.5}, {19, 7}}}, 3);
   }

@@ -30,6 +30,7 @@ Palette LightPalette() {
   light.frameHover = QColor(0x2f, 0x67, 0x88);
   light.ground = QColor(0xf5, 0xf7, 0xfa);
   light.strip = QColor(0xe8, 0xee, 0xf3);
+  light.band = QColor(0xee, 0xf2, 0xf9);
   light.field = QColor::fromRgb(kWhite);
   light.fieldHover = QColor(0xeb, 0xf3, 0xf8);
   light.border = QColor(0xb4, 0xc2, 0xcd);
@@ -59,6 +60,7 @@ Palette DarkPalette() {
   dark.frameHover = QColor(0x2f, 0x67, 0x88);
   dark.ground = QColor(0x15, 0x22, 0x2b);
   dark.strip = QColor(0x1b, 0x2c, 0x37);
+  dark.band = QColor(0x26, 0x3b, 0x49);
   dark.field = QColor(0x1f, 0x32, 0x3f);
   dark.fieldHover = QColor(0x29, 0x41, 0x51);
   dark.border = QColor(0x4a, 0x66, 0x77);
@@ -109,6 +111,13 @@ std::vector<TextPair> TextPairs(const Palette& p) {
       {"heading", p.heading, p.field},
       {"icon", p.heading, p.field},
       {"icon, pressed", p.heading, p.selection},
+      {"list heading", p.heading, p.band},
+      {"count in a list heading", p.mutedText, p.band},
+      {"selected list heading", p.heading, p.selection},
+      {"disabled list heading", p.disabledText, p.band},
+      {"column title", p.mutedText, p.ground},
+      {"tab", p.mutedText, p.strip},
+      {"tab under the pointer", p.text, p.fieldHover},
       {"ready", p.good, p.field},
       {"problem", p.problem, p.field},
       {"dial", p.onCommand, p.dial},

@@ -14,6 +14,8 @@ struct Palette {
   QColor frameHover;
   QColor ground;
   QColor strip;
+  // Headings within a list.
+  QColor band;
   QColor field;
   QColor fieldHover;
   QColor border;

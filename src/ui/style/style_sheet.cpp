@@ -97,6 +97,7 @@ QCheckBox::indicator:disabled { background: @disabledField; border-color: @borde
 
 QFrame[role="log"] { background: @log; border-bottom-left-radius: 9px;
   border-bottom-right-radius: 9px; }
+QFrame[role="logBeside"] { background: @log; border-bottom-left-radius: 9px; }
 QFrame[role="logEdge"] { background: @externalMarker; }
 QLabel[role="version"] { color: @onLogMuted; font-size: @smallPx; }
 QListView[role="log"] { color: @onLog; background: transparent; border: 1px solid transparent;
@@ -104,9 +105,28 @@ QListView[role="log"] { color: @onLog; background: transparent; border: 1px soli
 QListView[role="log"]:focus { border: 1px solid @onLogMuted; }
 QListView[role="log"]::item { color: @onLog; }
 
+QFrame[role="history"] { background: @field; border: none; border-left: 1px solid @border;
+  border-bottom-right-radius: 9px; }
+QTabBar::tab { color: @mutedText; background: transparent; border: 2px solid transparent;
+  border-top-left-radius: 6px; border-top-right-radius: 6px; border-bottom: none;
+  padding: 6px 12px 7px 12px; }
+QTabBar::tab:hover { color: @text; background: @fieldHover; }
+QTabBar::tab:selected { color: @heading; background: @field; font-weight: bold; }
+QTabBar::tab:selected:focus { border-color: @focus; }
+QTreeView[role="calls"] { background: transparent; border: 1px solid transparent;
+  border-bottom-right-radius: 9px; }
+QTreeView[role="calls"]:focus { border: 1px solid @focus; }
+QHeaderView { background: transparent; border: none; }
+QHeaderView::section { color: @mutedText; background: @ground; border: none;
+  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px;
+  font-size: @smallPx; font-weight: bold; }
+QHeaderView::section:hover { background: @fieldHover; }
+
 QScrollBar:vertical { background: transparent; width: 9px; margin: 0; }
 QScrollBar::handle:vertical { background: @mutedText; border-radius: 4px; min-height: 20px; }
-QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
+QScrollBar:horizontal { background: transparent; height: 9px; margin: 0; }
+QScrollBar::handle:horizontal { background: @mutedText; border-radius: 4px; min-width: 20px; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 )";
 
 struct NamedColour {

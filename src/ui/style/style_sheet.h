@@ -32,6 +32,10 @@ inline constexpr char kHangUp[] = "hangUp";
 inline constexpr char kLog[] = "log";
 inline constexpr char kLogEdge[] = "logEdge";
 inline constexpr char kVersion[] = "version";
+inline constexpr char kPlain[] = "plain";
+inline constexpr char kLogBeside[] = "logBeside";
+inline constexpr char kHistory[] = "history";
+inline constexpr char kCalls[] = "calls";
 }  // namespace role
 
 // Gives a control its role and redraws it so.

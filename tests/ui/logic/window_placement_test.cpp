@@ -109,6 +109,18 @@ TEST(WindowGeometry, TellsWhetherTheUserCanReachTheWindow) {
   EXPECT_EQ(FallbackPosition(kWindow, kScreen), (TwipPoint{13530, 900}));
 }
 
+TEST(WindowGeometry, KeepsTheWidenedWindowOnTheScreen) {
+  EXPECT_EQ(PadWidth(120, 4500), 4740);
+  EXPECT_EQ(HistoryWidth(4755, 10350, 120), 15225);
+  constexpr std::tuple<int, int, int> kCases[] = {
+      {0, 15000, 0},    {4200, 15000, 4200}, {4201, 15000, 4200}, {-500, 15000, -500},
+      {9000, 19200, 0}, {9000, 19230, -30},  {9000, 19231, 30},   {-20000, 19231, -20000}};
+  for (const auto& [left, width, kept] : kCases) {
+    EXPECT_EQ(FitWidened({left, 77}, {width, 8115}, kScreen), (TwipPoint{kept, 77}))
+        << left << " " << width;
+  }
+}
+
 TEST(SavedWindowPosition, ComesBackWhereItIsUsable) {
   const std::tuple<const char*, const char*, const char*, bool, TwipPoint> kCases[] = {
       {"", "", "", false, {1, 2}},         {"", "300", "-10", true, {300, -10}},

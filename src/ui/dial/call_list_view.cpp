@@ -1,0 +1,252 @@
+#include "ui/dial/call_list_view.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/dial/call_list_delegate.h"
+#include "ui/dial/search_text.h"
+#include "ui/style/palette.h"
+#include "ui/style/tabular_font.h"
+
+namespace orvane {
+namespace {
+
+constexpr int kTimeColumn = static_cast<int>(CallColumn::kTime);
+constexpr int kChevronArea = 24;
+constexpr int kOrderWidth = 85;
+
+}  // namespace
+
+CallListView::CallListView(QWidget* parent)
+    : QTreeView(parent), filter_(calls_), delegate_(new CallListDelegate(filter_, this)) {
+  setFont(TabularDigitFont(font()));
+  setItemDelegate(delegate_);
+  setModel(&filter_);
+  setRootIsDecorated(false);
+  setIndentation(0);
+  setUniformRowHeights(true);
+  setAllColumnsShowFocus(true);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setTextElideMode(Qt::ElideRight);
+  SetUpHeader();
+  connect(this, &QTreeView::collapsed, this,
+          [this](const QModelIndex& group) { RememberFold(group, true); });
+  connect(this, &QTreeView::expanded, this,
+          [this](const QModelIndex& group) { RememberFold(group, false); });
+}
+
+void CallListView::SetUpHeader() {
+  QHeaderView& head = *header();
+  head.resizeSection(static_cast<int>(CallColumn::kOrder), kOrderWidth);
+  setColumnHidden(static_cast<int>(CallColumn::kOrder), true);
+  const auto widthOf = [this](const char* sample) {
+    return fontMetrics().horizontalAdvance(QString::fromUtf8(sample)) + 16;
+  };
+  CallColumns columns;
+  columns.shown = {{CallColumn::kTime, widthOf("22.11.26 09:05")},
+                   {CallColumn::kNumber, widthOf("0151 12345678") + 20},
+                   {CallColumn::kCompany, widthOf("Havelwerk Maschinenbau GmbH")},
+                   {CallColumn::kPlace, widthOf("Frankfurt am Main")},
+                   {CallColumn::kPerson, widthOf("Lindner, Katharina")}};
+  SetColumns(columns);
+  head.setSectionsMovable(true);
+  // The time, too, may stand elsewhere.
+  head.setFirstSectionMovable(true);
+  head.setStretchLastSection(true);
+  head.setHighlightSections(false);
+  head.setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
+  setSortingEnabled(true);
+}
+
+void CallListView::SetGroups(const std::vector<GroupedCalls>& groups) {
+  calls_.SetGroups(groups);
+  Unfold();
+  SelectFirstCall();
+}
+
+void CallListView::SetFilterText(const QString& text) {
+  filter_.SetText(text);
+  Unfold();
+  if (!currentIndex().isValid()) SelectFirstCall();
+}
+
+void CallListView::Unfold() {
+  for (int row = 0; row < filter_.rowCount(); ++row) {
+    const QModelIndex group = filter_.index(row, 0);
+    setExpanded(group, filter_.IsOn() || !folded_.contains(group.data().toString()));
+  }
+}
+
+// What is unfolded for a search folds again afterwards.
+void CallListView::RememberFold(const QModelIndex& group, bool folded) {
+  if (filter_.IsOn()) return;
+  const QString caption = group.data().toString();
+  if (folded) {
+    folded_.insert(caption);
+  } else {
+    folded_.remove(caption);
+  }
+}
+
+void CallListView::SelectFirstCall() {
+  const QModelIndex group = filter_.index(0, kTimeColumn);
+  const QModelIndex call = filter_.index(0, kTimeColumn, filter_.index(0, 0));
+  setCurrentIndex(isExpanded(filter_.index(0, 0)) ? call : group);
+  scrollToTop();
+}
+
+CallColumns CallListView::Columns() const {
+  CallColumns columns;
+  for (int place = 0; place < kCallColumns; ++place) {
+    const int column = header()->logicalIndex(place);
+    if (isColumnHidden(column)) continue;
+    columns.shown.push_back({static_cast<CallColumn>(column), header()->sectionSize(column)});
+  }
+  columns.sortedBy = static_cast<CallColumn>(header()->sortIndicatorSection());
+  columns.descending = header()->sortIndicatorOrder() == Qt::DescendingOrder;
+  return columns;
+}
+
+void CallListView::SetColumns(const CallColumns& columns) {
+  int place = 1;
+  for (const auto& [column, width] : columns.shown) {
+    const int section = static_cast<int>(column);
+    header()->moveSection(header()->visualIndex(section), place++);
+    header()->resizeSection(section, width);
+  }
+  header()->setSortIndicator(static_cast<int>(columns.sortedBy),
+                             columns.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+// Finds the next call by what was typed in quick succession; one character over and over goes on to
+// the next call each time.
+void CallListView::keyboardSearch(const QString& typed) {
+  const bool goesOn =
+      !typed_.isEmpty() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
+  sinceTyped_.start();
+  typed_ = goesOn ? typed_ + typed : typed;
+  const bool same = typed_.count(typed_.front()) == typed_.size();
+  const QString wanted = FoldForSearch(same ? typed_.left(1) : typed_);
+
+  QModelIndex at = currentIndex().siblingAtColumn(0);
+  if (!at.isValid() || same) at = After(at);
+  for (int left = filter_.rowCount() + ShownCalls(); left > 0; --left, at = After(at)) {
+    if (!StartsWith(at, wanted)) continue;
+    setCurrentIndex(at.siblingAtColumn(kTimeColumn));
+    return;
+  }
+}
+
+// The row below, or the first one.
+QModelIndex CallListView::After(const QModelIndex& row) const {
+  const QModelIndex below = row.isValid() ? indexBelow(row) : QModelIndex();
+  return below.isValid() ? below : filter_.index(0, 0);
+}
+
+bool CallListView::StartsWith(const QModelIndex& call, const QString& folded) const {
+  const CallListModel::Call* texts = filter_.CallAt(call);
+  return texts != nullptr &&
+         std::any_of(texts->texts.begin(), texts->texts.end(),
+                     [&](const QString& text) { return FoldForSearch(text).startsWith(folded); });
+}
+
+void CallListView::TakeNumber() {
+  if (const CallListModel::Call* call = CurrentCall()) Q_EMIT NumberTaken(call->number);
+}
+
+void CallListView::CopyNumber() {
+  const CallListModel::Call* call = CurrentCall();
+  if (call != nullptr && !call->number.isEmpty()) {
+    QApplication::clipboard()->setText(call->number);
+  }
+}
+
+void CallListView::keyPressEvent(QKeyEvent* event) {
+  // Moving about ends what was being typed.
+  if (event->text().isEmpty()) typed_.clear();
+  if (event->matches(QKeySequence::Copy)) {
+    CopyNumber();
+  } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QTreeView::keyPressEvent(event);
+  } else if (CurrentCall() != nullptr) {
+    TakeNumber();
+  } else if (currentIndex().isValid()) {
+    const QModelIndex group = currentIndex().siblingAtColumn(0);
+    setExpanded(group, !isExpanded(group));
+  }
+}
+
+void CallListView::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex group = indexAt(event->pos()).siblingAtColumn(0);
+  const bool fold = event->button() == Qt::LeftButton && event->pos().x() < kChevronArea &&
+                    group.isValid() && filter_.CallAt(group) == nullptr;
+  QTreeView::mousePressEvent(event);
+  if (fold) setExpanded(group, !isExpanded(group));
+}
+
+void CallListView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QModelIndex index = indexAt(event->pos());
+  if (event->button() == Qt::LeftButton && filter_.CallAt(index) != nullptr) {
+    setCurrentIndex(index);
+    TakeNumber();
+  } else {
+    QTreeView::mouseDoubleClickEvent(event);
+  }
+}
+
+void CallListView::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+  const QModelIndex index = byKeyboard ? currentIndex() : indexAt(event->pos());
+  if (filter_.CallAt(index) == nullptr) return;
+  setCurrentIndex(index);
+  const bool hasNumber = !CurrentCall()->number.isEmpty();
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(QStringLiteral("Rufnummer übernehmen\tEingabe"), this, &CallListView::TakeNumber)
+      ->setEnabled(hasNumber);
+  menu->addAction(QStringLiteral("Rufnummer kopieren\tStrg+C"), this, &CallListView::CopyNumber)
+      ->setEnabled(hasNumber);
+  menu->popup(byKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
+                         : event->globalPos());
+}
+
+void CallListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const {
+  QStyleOptionViewItem row = option;
+  row.rect.setWidth(std::max(row.rect.width(), viewport()->width()));
+  row.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
+  row.state.setFlag(QStyle::State_HasFocus,
+                    hasFocus() && currentIndex().siblingAtColumn(0) == index.siblingAtColumn(0));
+  row.state.setFlag(QStyle::State_Enabled, isEnabled());
+  if (filter_.CallAt(index) == nullptr) {
+    delegate_->PaintGroup(*painter, row, index.siblingAtColumn(0),
+                          isExpanded(index.siblingAtColumn(0)));
+    return;
+  }
+  delegate_->PaintGround(*painter, row);
+  for (int column = 0; column < kCallColumns; ++column) {
+    if (isColumnHidden(column)) continue;
+    row.rect.setLeft(columnViewportPosition(column));
+    row.rect.setWidth(columnWidth(column));
+    delegate_->paint(painter, row, index.siblingAtColumn(column));
+  }
+}
+
+void CallListView::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  if (filter_.rowCount() > 0) return;
+  QPainter painter(viewport());
+  painter.setPen(CurrentPalette().mutedText);
+  painter.drawText(viewport()->rect().adjusted(12, 24, -12, 0), Qt::AlignHCenter | Qt::TextWordWrap,
+                   QStringLiteral("Es gibt für diese Ansicht keine Anrufe."));
+}
+
+}  // namespace orvane

@@ -1,0 +1,185 @@
+// The call history beside the dial pad.
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QTabBar>
+
+#include "app/number_text.h"
+#include "journal/journal_calls.h"
+#include "ui/dial/attempt.h"
+#include "ui/dial/call_list_view.h"
+#include "ui/dial/command_button.h"
+#include "ui/dial/frm_dial.h"
+#include "ui/dial/history_controls.h"
+#include "ui/dial/widget_placement.h"
+#include "ui/logic/call_groups.h"
+#include "ui/logic/window_geometry.h"
+#include "ui/logic/window_settings.h"
+#include "ui/style/drop_down.h"
+#include "ui/style/style_sheet.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::string_view kTabValue = "TelTab";
+constexpr std::string_view kPeriodValue = "cboFilter";
+constexpr std::string_view kKindValue = "cTel";
+constexpr std::string_view kColumnsValue = "TelSpalten";
+
+// The hourglass while it lives.
+class BusyCursor {
+ public:
+  explicit BusyCursor(Prompts& prompts) : prompts_(prompts) { prompts_.SetBusyCursor(true); }
+  ~BusyCursor() { prompts_.SetBusyCursor(false); }
+  BusyCursor(const BusyCursor&) = delete;
+  BusyCursor& operator=(const BusyCursor&) = delete;
+
+ private:
+  Prompts& prompts_;
+};
+
+}  // namespace
+
+void frmDial::ConnectHistory() {
+  connect(c_.cboFilter, &QComboBox::activated, this, [this](int period) {
+    queue_.Submit([this, period] { OnCallFilter(kPeriodValue, period); });
+  });
+  for (std::size_t kind = 0; kind < c_.chkTelList.size(); ++kind) {
+    connect(c_.chkTelList[kind], &QCheckBox::clicked, this, [this, kind](bool checked) {
+      queue_.Submit([this, kind, checked] {
+        OnCallFilter(std::string(kKindValue) + std::to_string(kind), checked ? 1 : 0);
+      });
+    });
+  }
+  connect(c_.tabTab, &QTabBar::currentChanged, this, [this](int tab) {
+    queue_.Submit([this, tab] {
+      OnCallFilter(kTabValue, tab);
+      c_.repTel->setFocus();
+    });
+  });
+  connect(c_.txtFilter, &QLineEdit::textChanged, this, [this] { OnTextFilter(); });
+  connect(c_.cmdClrTextFilter, &QPushButton::clicked, this, [this] {
+    c_.txtFilter->clear();
+    c_.txtFilter->setFocus();
+  });
+  connect(c_.repTel, &CallListView::NumberTaken, this, [this](const QString& number) {
+    queue_.Submit([this, number] { OnCallTaken(number.toStdString()); });
+  });
+}
+
+void frmDial::LoadHistory() {
+  const auto stored = [this](std::string_view name, int fallback, int end) {
+    int value = fallback;
+    Attempt([&] {
+      const std::string text = Registry().Read(kDialSection, name, "");
+      if (!text.empty()) value = RoundToInt32(LeadingNumber(text));
+    });
+    return value >= 0 && value < end ? value : fallback;
+  };
+  {
+    const QSignalBlocker loading(c_.tabTab);
+    c_.tabTab->setCurrentIndex(
+        stored(kTabValue, static_cast<int>(CallTab::kOutgoing), c_.tabTab->count()));
+  }
+  c_.cboFilter->setCurrentIndex(stored(kPeriodValue, 0, kCallPeriods));
+  for (std::size_t kind = 0; kind < c_.chkTelList.size(); ++kind) {
+    c_.chkTelList[kind]->setChecked(stored(std::string(kKindValue) + std::to_string(kind), 1, 2) ==
+                                    1);
+  }
+  Attempt([this] {
+    const auto columns = ParseCallColumns(Registry().Read(kDialSection, kColumnsValue, ""));
+    if (columns) c_.repTel->SetColumns(*columns);
+  });
+  savedColumns_ = c_.repTel->Columns();
+}
+
+void frmDial::SaveCallColumns() {
+  const CallColumns columns = c_.repTel->Columns();
+  if (columns == savedColumns_) return;
+  Attempt([&] { Registry().Write(kDialSection, kColumnsValue, CallColumnsText(columns)); });
+  savedColumns_ = columns;
+}
+
+CallFilter frmDial::ChosenCalls() const {
+  return {static_cast<CallTab>(c_.tabTab->currentIndex()),
+          c_.cboFilter->currentIndex(),
+          c_.chkTelList[0]->isChecked(),
+          c_.chkTelList[1]->isChecked(),
+          c_.chkTelList[2]->isChecked(),
+          c_.chkTelList[3]->isChecked()};
+}
+
+void frmDial::RefreshTelList() {
+  const BusyCursor busy(services_.prompts);
+  const CallDays days = CallDaysOf(services_.clock.Now());
+  shownJournal_ = state_.host.userPath;
+  // A message about the journal must not stand beside the calls of another choice.
+  c_.repTel->SetGroups({});
+  c_.repTel->SetGroups(GroupCalls(
+      ReadJournalCalls(services_, state_, CallQuery(ChosenCalls(), days)), days, services_.locale));
+  ShowCallCount();
+}
+
+void frmDial::ShowCallCount() {
+  const int shown = c_.repTel->ShownCalls();
+  const int all = c_.repTel->AllCalls();
+  if (shown == all) {
+    c_.lblInf[1]->setText(all == 1 ? QStringLiteral("1 Anruf")
+                                   : QStringLiteral("%1 Anrufe").arg(all));
+  } else {
+    c_.lblInf[1]->setText(QStringLiteral("%1 von %2 Anrufen").arg(shown).arg(all));
+  }
+}
+
+void frmDial::OnCallFilter(std::string_view setting, int value) {
+  Attempt([&] { Registry().Write(kDialSection, setting, std::to_string(value)); });
+  RefreshTelList();
+}
+
+void frmDial::OnTextFilter() {
+  c_.repTel->SetFilterText(c_.txtFilter->text());
+  ShowCallCount();
+}
+
+// The focus goes where Enter dials the number.
+void frmDial::OnCallTaken(const std::string& number) {
+  SetNumberText(number);
+  c_.txtNr->setFocus();
+}
+
+void frmDial::ToggleHistory() {
+  if (SessionOn()) {
+    RefuseDuringSession(
+        "Die Anrufhistorie kann nicht während einer Telefonsitzung geöffnet werden.");
+    return;
+  }
+  if (!NumberEnabled()) return;
+  const bool show = !HistoryShown();
+  if (show) {
+    RefreshTelList();
+  } else {
+    SaveCallColumns();
+  }
+  ShowHistoryPanel(show);
+  ApplyWindowShape();
+  if (!show) return;
+  WidgetPlacement window(*this);
+  const TwipPoint place = FitWidened(window.Position(), window.Size(), window.ScreenSize());
+  if (place != window.Position()) window.MoveTo(place);
+}
+
+// The window follows the information panel, which ends at the dial pad or past the call history.
+void frmDial::ShowHistoryPanel(bool shown) {
+  const bool leavesFocus = !shown && c_.history->isAncestorOf(focusWidget());
+  if (leavesFocus) c_.txtNr->setFocus();
+  c_.cmdHistory->setChecked(shown);
+  SetRole(*c_.log, shown ? role::kLogBeside : role::kLog);
+  c_.history->setVisible(shown);
+  const int pad = PadWidth(kBodyMargin, c_.tabDisplay->width());
+  const int panel =
+      shown ? HistoryWidth(pad + kHistoryEdge + kBodyMargin, c_.tabTab->width(), kBodyMargin) : pad;
+  setFixedWidth(panel + 2 * kFrameWidth);
+}
+
+}  // namespace orvane
