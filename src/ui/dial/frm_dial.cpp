@@ -9,9 +9,9 @@
 #include <QPainter>
 
 #include "platform/errors.h"
-#include "ui/dial/command_button.h"
 #include "ui/dial/widget_placement.h"
 #include "ui/logic/window_geometry.h"
+#include "ui/style/command_button.h"
 #include "ui/style/elided_label.h"
 #include "ui/style/glyph_icon.h"
 #include "ui/style/palette.h"

@@ -1,4 +1,4 @@
-#include "ui/dial/command_button.h"
+#include "ui/dial/keypad_button.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -13,12 +13,6 @@ constexpr int kLettersGap = 6;
 constexpr int kSmallestLettersPixels = 8;
 
 }  // namespace
-
-CommandButton::CommandButton(QWidget* parent) : IconButton(parent) {
-  setCheckable(true);
-}
-
-void CommandButton::nextCheckState() {}
 
 KeypadButton::KeypadButton(QWidget* parent, const QString& caption, const QString& letters)
     : CommandButton(parent), letters_(letters) {
