@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
@@ -24,12 +25,19 @@
 #include "ui/dial/dial_controls.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
+#include "ui/options/options_owner.h"
 
 namespace orvane {
 
+class frmOptionen;
+
 // The dial window: a frameless pad beside the host application. What the user does goes through the
 // work queue, so that it cannot overtake a procedure that is still busy.
-class frmDial final : public QWidget, public SettingsPanel, public LinePanel, public RemotePanel {
+class frmDial final : public QWidget,
+                      public SettingsPanel,
+                      public LinePanel,
+                      public RemotePanel,
+                      public OptionsOwner {
  public:
   using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
 
@@ -81,6 +89,10 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   bool NumberEnabled() const override;
   void SetNumberText(const std::string& text) override;
 
+  // OptionsOwner
+  void ReloadAppliedSettings() override;
+  void OptionsEnded() override;
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -103,6 +115,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void OfferClipboard();
 
   // Closing, step by step.
+  void AbandonOptions();
   void ReleaseDatabases();
   void ShutDownTapi();
 
@@ -120,6 +133,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void OnKeypad(std::size_t key);
   void OnSpeedDial(int index);
   void OnOptions();
+  void OpenOptions();
   void RefuseDuringSession(const std::string& text);
   void ShowSpeedDialKind(int index);
 
@@ -154,7 +168,12 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
 
   DialControls c_;
   std::set<const QObject*> dragAreas_;
+  ChromeFactory newChrome_;
   std::unique_ptr<WindowChrome> chrome_;
+  // While it is open the window is disabled and hidden. Belongs to the window.
+  QPointer<frmOptionen> options_;
+  // The host named another user meanwhile.
+  bool reloadAfterOptions_ = false;
 
   Stage stage_ = Stage::kBuilt;
   std::unique_ptr<DatabaseConnection> areaCodes_;

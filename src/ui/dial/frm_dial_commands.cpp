@@ -135,16 +135,6 @@ void frmDial::OnSpeedDial(int index) {
   if (ExternVisible()) SetExternTicked(MarkedExternal(number));
 }
 
-void frmDial::OnOptions() {
-  if (SessionOn()) {
-    RefuseDuringSession("Optionen können nicht während einer Telefonsitzung geändert werden.");
-    return;
-  }
-  services_.prompts.ShowMessage(PromptIcon::kNone,
-                                "Die Optionen sind in dieser Version noch nicht enthalten.",
-                                kMessageTitle);
-}
-
 void frmDial::RefuseDuringSession(const std::string& text) {
   services_.prompts.Beep();
   services_.prompts.ShowMessage(PromptIcon::kExclamation, text, kRefusalTitle);

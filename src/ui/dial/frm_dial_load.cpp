@@ -79,11 +79,10 @@ void frmDial::OfferClipboard() {
   SetNumberText(NumberFromClipboard(QGuiApplication::clipboard()->text().toStdString()));
 }
 
+// Opening the configured line would take the current one from the options dialog.
 void frmDial::ReloadSettings() {
-  InitSettings(services_, state_, *this);
-  ShowDestination();
-  // Another user has other calls.
-  if (HistoryShown() && shownJournal_ != state_.host.userPath) RefreshTelList();
+  reloadAfterOptions_ = options_ != nullptr;
+  if (!reloadAfterOptions_) ReloadAppliedSettings();
 }
 
 void frmDial::Show() {
@@ -98,6 +97,7 @@ void frmDial::Show() {
 void frmDial::Unload() {
   if (stage_ != Stage::kLoaded) return;
   stage_ = Stage::kClosed;
+  AbandonOptions();
   state_.host.dialWindowRunning = false;
   SaveCallColumns();
   Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry(), kDialSection); });
