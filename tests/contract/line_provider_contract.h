@@ -11,11 +11,6 @@
 
 namespace orvane {
 
-struct LineImplementation {
-  const char* name;
-  LineLabFactory make;
-};
-
 class LineProviderContract : public testing::TestWithParam<LineImplementation> {
  protected:
   LineProviderContract() {

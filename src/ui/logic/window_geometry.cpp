@@ -69,11 +69,12 @@ int HistoryWidth(int tabLeft, int tabWidth, int margin) {
   return tabLeft + tabWidth + margin;
 }
 
-TwipPoint FitWidened(TwipPoint position, TwipSize window, TwipSize screen) {
-  if (position.left + window.width <= screen.width) return position;
-  const int left = screen.width - window.width;
+TwipPoint FitWidened(TwipPoint position, TwipSize window, const TwipScreen& screen) {
+  if (position.left - screen.origin.left + window.width <= screen.size.width) return position;
+  const int left = screen.size.width - window.width;
   // A little may hang out on the left; a window that would hang out farther starts inside instead.
-  return {left < -kWidenedOverhangTwips ? kWidenedOverhangTwips : left, position.top};
+  return {screen.origin.left + (left < -kWidenedOverhangTwips ? kWidenedOverhangTwips : left),
+          position.top};
 }
 
 }  // namespace orvane

@@ -53,6 +53,6 @@ int HistoryWidth(int tabLeft, int tabWidth, int margin);
 
 // Where a window goes that was widened: its right edge stays on the screen, and its left edge where
 // that is possible.
-TwipPoint FitWidened(TwipPoint position, TwipSize window, TwipSize screen);
+TwipPoint FitWidened(TwipPoint position, TwipSize window, const TwipScreen& screen);
 
 }  // namespace orvane
