@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
@@ -171,7 +170,7 @@ class frmDial final : public QWidget,
   ChromeFactory newChrome_;
   std::unique_ptr<WindowChrome> chrome_;
   // While it is open the window is disabled and hidden. Belongs to the window.
-  QPointer<frmOptionen> options_;
+  frmOptionen* options_ = nullptr;
   // The host named another user meanwhile.
   bool reloadAfterOptions_ = false;
 
