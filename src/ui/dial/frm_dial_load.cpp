@@ -79,12 +79,6 @@ void frmDial::OfferClipboard() {
   SetNumberText(NumberFromClipboard(QGuiApplication::clipboard()->text().toStdString()));
 }
 
-// Opening the configured line would take the current one from the options dialog.
-void frmDial::ReloadSettings() {
-  reloadAfterOptions_ = options_ != nullptr;
-  if (!reloadAfterOptions_) ReloadAppliedSettings();
-}
-
 void frmDial::Show() {
   Load();
   if (stage_ != Stage::kLoaded) return;
