@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "ui/dial/call_list_view.h"
-#include "ui/dial/command_button.h"
-#include "ui/dial/control_building.h"
 #include "ui/dial/dial_views.h"
 #include "ui/dial/history_controls.h"
+#include "ui/dial/keypad_button.h"
 #include "ui/style/check_box.h"
+#include "ui/style/control_building.h"
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
 #include "ui/style/glyph_icon.h"

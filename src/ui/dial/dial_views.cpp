@@ -7,8 +7,9 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "ui/dial/command_button.h"
 #include "ui/logic/view_toggle.h"
+#include "ui/style/command_button.h"
+#include "ui/style/elided_label.h"
 #include "ui/style/style_sheet.h"
 
 namespace orvane {
@@ -22,7 +23,7 @@ constexpr int kCompactRowHeight = 24;
 constexpr int kCompactKeyHeight = 18;
 constexpr int kCompactMargin = 4;
 constexpr int kCompactStripMargin = 2;
-constexpr int kCompactDialWidth = 86;
+constexpr int kCompactDialWidth = 104;
 
 void PlaceKeys(DialControls& c, int columns, int spacing, QSizePolicy::Policy growth) {
   for (std::size_t i = 0; i < kKeyOrder.size(); ++i) {

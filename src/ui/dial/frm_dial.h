@@ -25,12 +25,19 @@
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
 #include "ui/logic/view_toggle.h"
+#include "ui/options/options_owner.h"
 
 namespace orvane {
 
+class frmOptionen;
+
 // The dial window: a frameless pad beside the host application. What the user does goes through the
 // work queue, so that it cannot overtake a procedure that is still busy.
-class frmDial final : public QWidget, public SettingsPanel, public LinePanel, public RemotePanel {
+class frmDial final : public QWidget,
+                      public SettingsPanel,
+                      public LinePanel,
+                      public RemotePanel,
+                      public OptionsOwner {
  public:
   using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
 
@@ -82,6 +89,10 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   bool NumberEnabled() const override;
   void SetNumberText(const std::string& text) override;
 
+  // OptionsOwner
+  void ReloadAppliedSettings() override;
+  void OptionsEnded() override;
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -104,6 +115,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void OfferClipboard();
 
   // Closing, step by step.
+  void AbandonOptions();
   void ReleaseDatabases();
   void ShutDownTapi();
 
@@ -121,6 +133,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void OnKeypad(std::size_t key);
   void OnSpeedDial(int index);
   void OnOptions();
+  void OpenOptions();
   void RefuseDuringSession(const std::string& text);
   void ShowSpeedDialKind(int index);
 
@@ -164,7 +177,12 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
 
   DialControls c_;
   std::set<const QObject*> dragAreas_;
+  ChromeFactory newChrome_;
   std::unique_ptr<WindowChrome> chrome_;
+  // While it is open the window is disabled and hidden. Belongs to the window.
+  frmOptionen* options_ = nullptr;
+  // The host named another user meanwhile.
+  bool reloadAfterOptions_ = false;
 
   Stage stage_ = Stage::kBuilt;
   // Where the full view was when the compact one replaced it.

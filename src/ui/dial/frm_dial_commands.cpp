@@ -9,10 +9,10 @@
 #include "app/text_tools.h"
 #include "dialing/number_preparation.h"
 #include "ui/dial/attempt.h"
-#include "ui/dial/command_button.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/logic/number_classification.h"
 #include "ui/logic/speed_dial_selection.h"
+#include "ui/style/command_button.h"
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
 #include "ui/style/style_sheet.h"
@@ -135,16 +135,6 @@ void frmDial::OnSpeedDial(int index) {
   c_.cboNr->setCurrentIndex(index);
   ShowSpeedDialKind(index);
   if (ExternVisible()) SetExternTicked(MarkedExternal(number));
-}
-
-void frmDial::OnOptions() {
-  if (SessionOn()) {
-    RefuseDuringSession("Optionen können nicht während einer Telefonsitzung geändert werden.");
-    return;
-  }
-  services_.prompts.ShowMessage(PromptIcon::kNone,
-                                "Die Optionen sind in dieser Version noch nicht enthalten.",
-                                kMessageTitle);
 }
 
 void frmDial::RefuseDuringSession(const std::string& text) {

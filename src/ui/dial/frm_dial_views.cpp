@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "ui/dial/command_button.h"
-#include "ui/dial/control_building.h"
 #include "ui/dial/dial_views.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/dial/widget_placement.h"
 #include "ui/logic/view_toggle.h"
+#include "ui/style/command_button.h"
+#include "ui/style/control_building.h"
 #include "ui/style/glyph_icon.h"
 
 namespace orvane {
@@ -60,6 +60,7 @@ void frmDial::SwitchTo(DialView view) {
   WidgetPlacement placement(*this);
   Views views(*this);
   SwitchView(placement, views, view, fullView_);
+  FitNumber();
   const bool full = view == DialView::kFull;
   c_.hovSizer->setIcon(GlyphIcon(full ? Glyph::kArrowUp : Glyph::kArrowDown, &Palette::onFrame));
   Describe(*c_.hovSizer, full ? "Kompaktansicht" : "Vollansicht");
@@ -70,7 +71,6 @@ void frmDial::ArrangeFull() {
   c_.infBase->setFixedHeight(c_.infBase->property(kDesignedHeightTag).toInt());
   FitHeight();
   ShowHistoryPanel(HistoryShown());
-  FitNumber();
 }
 
 // The call history stays open in name, for when the full view comes back.
@@ -79,7 +79,6 @@ void frmDial::ArrangeCompact() {
   c_.history->hide();
   setFixedWidth(c_.dialPad->width() + 2 * kFrameWidth);
   FitHeight();
-  FitNumber();
 }
 
 void frmDial::FitHeight() {

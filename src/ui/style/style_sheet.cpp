@@ -97,6 +97,17 @@ QCheckBox::indicator:checked { background: @frame; border-color: @frame; }
 QCheckBox::indicator:checked:hover { background: @frameHover; }
 QCheckBox::indicator:disabled { background: @disabledField; border-color: @border; }
 
+QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px; }
+QRadioButton:focus { border: 1px solid @focus; }
+QRadioButton:disabled { color: @disabledText; }
+QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid @mutedText;
+  border-radius: 7px; background: @field; }
+QRadioButton::indicator:hover { border-color: @focus; }
+QRadioButton::indicator:checked { width: 5px; height: 5px; border: 5px solid @frame;
+  border-radius: 7px; background: @onFrame; }
+QRadioButton::indicator:checked:hover { border-color: @frameHover; }
+QRadioButton::indicator:disabled { background: @disabledField; border-color: @border; }
+
 QFrame[role="log"] { background: @log; border-bottom-left-radius: 9px;
   border-bottom-right-radius: 9px; }
 QFrame[role="logBeside"] { background: @log; border-bottom-left-radius: 9px; }
@@ -123,6 +134,35 @@ QHeaderView::section { color: @mutedText; background: @ground; border: none;
   border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px;
   font-size: @smallPx; font-weight: bold; }
 QHeaderView::section:hover { background: @fieldHover; }
+
+QTabWidget[role="pages"] { background: @strip; }
+QTabWidget[role="pages"]::pane { background: @ground; border: none; }
+QTabWidget[role="pages"]::tab-bar { left: 12px; }
+QTabWidget[role="pages"] QTabBar::tab { margin-top: 6px; }
+QTabWidget[role="pages"] QTabBar::tab:selected { background: @ground; }
+QFrame[role="foot"] { background: @ground; border-bottom-left-radius: 9px;
+  border-bottom-right-radius: 9px; }
+QPushButton[role="primary"] { color: @onFrame; background: @frame; border-color: @frame;
+  font-weight: bold; }
+QPushButton[role="primary"]:hover { background: @frameHover; border-color: @frameHover; }
+QPushButton[role="primary"]:pressed { background: @log; border-color: @log; }
+QPushButton[role="primary"]:focus { border: 2px solid @onLogMuted; }
+QGroupBox { color: @heading; font-weight: bold; border: 1px solid @border; border-radius: 6px;
+  margin-top: 8px; padding-top: 6px; }
+QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
+QGroupBox[role="cover"] { background: @strip; margin-top: 0; padding-top: 22px; }
+QGroupBox[role="cover"]::title { left: 9px; top: 8px; }
+QListView[role="choices"] { color: @text; background: @field; border: 1px solid @border;
+  border-radius: 6px; padding: 2px; outline: none; }
+QListView[role="choices"]:focus { border: 2px solid @focus; padding: 1px; }
+QListView[role="choices"]::item { color: @text; padding: 2px 4px; }
+QListView[role="choices"]::item:selected { color: @text; background: @selection; }
+QPlainTextEdit { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
+  padding: 1px; selection-color: @text; selection-background-color: @selection; }
+QPlainTextEdit:focus { border: 2px solid @focus; padding: 0; }
+QPlainTextEdit[role="log"] { color: @onLog; background: @log; border-color: @log;
+  font-size: @smallPx; selection-color: @log; selection-background-color: @onLogMuted; }
+QPlainTextEdit[role="log"]:focus { border: 2px solid @onLogMuted; }
 
 QScrollBar:vertical { background: transparent; width: 9px; margin: 0; }
 QScrollBar::handle:vertical { background: @mutedText; border-radius: 4px; min-height: 20px; }

@@ -39,6 +39,11 @@ inline constexpr char kPlain[] = "plain";
 inline constexpr char kLogBeside[] = "logBeside";
 inline constexpr char kHistory[] = "history";
 inline constexpr char kCalls[] = "calls";
+inline constexpr char kPages[] = "pages";
+inline constexpr char kFoot[] = "foot";
+inline constexpr char kPrimary[] = "primary";
+inline constexpr char kChoices[] = "choices";
+inline constexpr char kCover[] = "cover";
 }  // namespace role
 
 // Gives a control its role and redraws it so.
