@@ -22,6 +22,7 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/logic/number_classifier.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
 
@@ -158,6 +159,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
 
   Stage stage_ = Stage::kBuilt;
   std::unique_ptr<DatabaseConnection> areaCodes_;
+  NumberClassifier classifier_;
   bool speedDialSelectable_ = false;
   // The folder of the user whose calls the history shows.
   std::string shownJournal_;
