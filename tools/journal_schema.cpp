@@ -8,8 +8,7 @@ namespace orvane {
 
 namespace {
 
-// The rows lie in the order of falling IDs: a query that takes the first n rows without an order of
-// its own gets the newest calls. `Zeit` counts days since 1899-12-30.
+// The newest calls lie first. `Zeit` counts days since 1899-12-30.
 constexpr const char* kColumns =
     " (ID INTEGER NOT NULL CHECK (ID BETWEEN -2147483648 AND 2147483647),"
     " Ext INTEGER, Zeit REAL, Firma TEXT, Ort TEXT, Person TEXT, Nr TEXT,"

@@ -53,9 +53,10 @@ std::vector<Party> Parties(const SampleContacts& contacts) {
   return parties;
 }
 
-// `age` parts of the way back, from 0 to 1; in the office's hours, from Monday to Friday.
-double CallTime(double now, double age) {
-  const double moment = now - age * kDays;
+// In the office's hours, from Monday to Friday. `part` of the calls, from 0 to 1, are newer; there
+// are more of them the newer they are.
+double CallTime(double now, double part) {
+  const double moment = now - part * part * kDays;
   double day = std::floor(moment);
   const double inOffice = day + kOfficeOpens + (moment - day) * kOfficeHours;
   if (day >= std::floor(now)) return std::min(moment, inOffice);

@@ -84,10 +84,10 @@ TEST_P(DatabaseContract, KeepsAndFindsCalls) {
 
 TEST_P(DatabaseContract, RefusesAStatementWhole) {
   const auto journal = Opened();
-  journal->Execute("INSERT INTO o (ID,Firma) VALUES (1,'A')");
-  journal->Execute("INSERT INTO o (ID,Firma) VALUES (5,'B')");
-  const auto newest = journal->Execute("SELECT DISTINCT TOP 1 Zeit,Ext,Nr,Firma,ID FROM o");
-  EXPECT_EQ(newest->Field("ID"), Whole(5));
+  journal->Execute("INSERT INTO o (ID,Firma,Zeit) VALUES (1,'A',#04/03/2024#)");
+  journal->Execute("INSERT INTO o (ID,Firma,Zeit) VALUES (5,'B',#04/04/2024#)");
+  const auto newest = journal->Execute("SELECT DISTINCT TOP 1 Zeit,Ext,Nr,Firma,Ort,Person FROM o");
+  EXPECT_EQ(newest->Field("Firma"), DbValue("B"));
   constexpr std::pair<const char*, std::int32_t> kCases[] = {
       {"INSERT INTO o (ID,Firma) VALUES (2,'O'Brien')", kDbErrorSyntax},
       {"INSERT INTO o (ID,Firma) VALUES (2,'A','B')", kDbErrorSyntax},

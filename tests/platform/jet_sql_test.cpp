@@ -15,8 +15,9 @@ TEST(JetSql, TranslatesTheDialect) {
   } kCases[] = {
       {"SELECT DISTINCT TOP 300 Zeit,Max(Nr) FROM i WHERE Ext=-1 AND NOT Nr IS NULL;",
        "SELECT DISTINCT [Zeit] , Max ( [Nr] ) FROM [i] WHERE [Ext] = - 1 AND NOT [Nr] IS NULL "
-       "LIMIT 300"},
-      {"select top 5 * from o", "select * from [o] LIMIT 5"},
+       "ORDER BY 1 DESC LIMIT 300"},
+      {"select top 5 * from o", "select * from [o] ORDER BY 1 DESC LIMIT 5"},
+      {"SELECT TOP 5 a FROM o ORDER BY b", "SELECT [a] FROM [o] ORDER BY [b] LIMIT 5"},
       {"SELECT Zeit FROM o WHERE FIX(CDBL(Zeit))>=45385 AND Ort IN('18','187')",
        "SELECT [Zeit] FROM [o] WHERE FIX ( CDBL ( [Zeit] ) ) >= 45385 AND [Ort] IN ( '18' , '187' "
        ")"},

@@ -177,6 +177,11 @@ class InsertCheck {
   std::size_t at_ = 0;
 };
 
+bool HasOrder(const Tokens& tokens) {
+  return std::any_of(tokens.begin(), tokens.end(),
+                     [](const JetToken& token) { return token.Is("ORDER"); });
+}
+
 void CheckUpdate(const Tokens& tokens) {
   const bool joined = std::any_of(tokens.begin(), tokens.end(),
                                   [](const JetToken& token) { return token.Is("FROM"); });
@@ -260,7 +265,10 @@ TranslatedStatement TranslateJetSql(std::string_view sql) {
   CheckOperators(tokens);
   CheckTexts(tokens);
   TranslatedStatement result = Emit(tokens);
-  if (top > 0) result.sql += " LIMIT " + std::to_string(top);
+  if (top > 0) {
+    if (!HasOrder(tokens)) result.sql += " ORDER BY 1 DESC";
+    result.sql += " LIMIT " + std::to_string(top);
+  }
   return result;
 }
 

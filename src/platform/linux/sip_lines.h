@@ -8,7 +8,7 @@
 #include "platform/event_loop.h"
 #include "platform/line_service_provider.h"
 #include "platform/linux/baresip_control.h"
-#include "platform/linux/line_event_queue.h"
+#include "platform/line_event_queue.h"
 
 namespace orvane {
 

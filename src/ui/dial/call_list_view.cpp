@@ -130,7 +130,7 @@ void CallListView::SetColumns(const CallColumns& columns) {
 // the next call each time.
 void CallListView::keyboardSearch(const QString& typed) {
   const bool goesOn =
-      sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
+      !typed_.isEmpty() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
   sinceTyped_.start();
   typed_ = goesOn ? typed_ + typed : typed;
   const bool same = typed_.count(typed_.front()) == typed_.size();
@@ -170,6 +170,8 @@ void CallListView::CopyNumber() {
 }
 
 void CallListView::keyPressEvent(QKeyEvent* event) {
+  // Moving about ends what was being typed.
+  if (event->text().isEmpty()) typed_.clear();
   if (event->matches(QKeySequence::Copy)) {
     CopyNumber();
   } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {

@@ -14,8 +14,9 @@ namespace orvane {
 namespace {
 
 constexpr int kTabWidth = 690;
-constexpr int kTabHeight = 32;
 constexpr int kFieldHeight = 30;
+// Padding and arrow of a drop-down list.
+constexpr int kDropDownRoom = 48;
 
 constexpr std::array<const char*, kCallPeriods> kPeriods = {"Die letzten 600 Telefonate",
                                                             "Die letzten 300 Telefonate",
@@ -39,10 +40,9 @@ QFrame* BuildTabs(DialControls& c) {
   c.tabTab->setExpanding(false);
   c.tabTab->addTab(QStringLiteral("Eingehende Telefonate"));
   c.tabTab->addTab(QStringLiteral("Ausgehende Telefonate"));
-  AtLeastHigh(*c.tabTab, kTabHeight);
   auto* row = new QHBoxLayout(strip);
   row->setContentsMargins(kBodyMargin, 6, kBodyMargin, 0);
-  row->addWidget(c.tabTab);
+  row->addWidget(c.tabTab, 0, Qt::AlignBottom);
   return strip;
 }
 
@@ -52,8 +52,11 @@ QHBoxLayout* BuildChoices(DialControls& c) {
   Describe(*c.cboFilter, "Zeitraum der Anrufliste");
   for (const char* period : kPeriods) c.cboFilter->addItem(QString::fromUtf8(period));
   AtLeastHigh(*c.cboFilter, kFieldHeight);
+  c.cboFilter->setMinimumWidth(
+      c.cboFilter->fontMetrics().horizontalAdvance(QString::fromUtf8(kPeriods.front())) +
+      kDropDownRoom);
   auto* row = new QHBoxLayout;
-  row->setSpacing(8);
+  row->setSpacing(5);
   row->addWidget(c.cboFilter);
   for (std::size_t kind = 0; kind < kKinds.size(); ++kind) {
     auto* box = new CheckBox(QString::fromUtf8(kKinds[kind]), c.grpFilter);
@@ -113,7 +116,7 @@ void BuildList(DialControls& c) {
 QFrame* BuildHistory(DialControls& c) {
   c.history = NewPanel(*c.infBase, nullptr, role::kHistory);
   auto* column = new QVBoxLayout(c.history);
-  column->setContentsMargins(kHistoryEdge, 0, 0, 0);
+  column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(BuildTabs(c));
   BuildFilters(c);

@@ -108,15 +108,17 @@ QListView[role="log"]::item { color: @onLog; }
 QFrame[role="history"] { background: @field; border: none; border-left: 1px solid @border;
   border-bottom-right-radius: 9px; }
 QTabBar::tab { color: @mutedText; background: transparent; border: 2px solid transparent;
-  border-top-left-radius: 6px; border-top-right-radius: 6px; padding: 4px 12px; }
+  border-top-left-radius: 6px; border-top-right-radius: 6px; border-bottom: none;
+  padding: 6px 12px 7px 12px; }
 QTabBar::tab:hover { color: @text; background: @fieldHover; }
 QTabBar::tab:selected { color: @heading; background: @field; font-weight: bold; }
 QTabBar::tab:selected:focus { border-color: @focus; }
-QTreeView[role="calls"] { background: transparent; border: 1px solid transparent; }
+QTreeView[role="calls"] { background: transparent; border: 1px solid transparent;
+  border-bottom-right-radius: 9px; }
 QTreeView[role="calls"]:focus { border: 1px solid @focus; }
 QHeaderView { background: transparent; border: none; }
 QHeaderView::section { color: @mutedText; background: @ground; border: none;
-  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 5px 7px;
+  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px;
   font-size: @smallPx; font-weight: bold; }
 QHeaderView::section:hover { background: @fieldHover; }
 

@@ -7,6 +7,7 @@
 #include "platform/windows/system_ini_file.h"
 #include "platform/windows/system_registry.h"
 #include "registry_sandbox.h"
+#include "scripted_tapi_lab.h"
 
 namespace orvane {
 namespace {
@@ -49,8 +50,12 @@ InstanceFactory MakeSystemInstances() {
   return [name] { return std::make_unique<MutexInstance>(name); };
 }
 
+// The lines of a driver that does all by the book, and of one that does nothing so.
 std::vector<LineImplementation> SystemLines() {
-  return {};
+  return {{"Tapi", [] { return std::make_unique<ScriptedTapiLab>(); }},
+          {"OddTapi", [] {
+             return std::make_unique<ScriptedTapiLab>(ScriptedTapi::Manner{true, true, true});
+           }}};
 }
 
 }  // namespace orvane

@@ -1,0 +1,87 @@
+#include "journal/journal_calls.h"
+
+#include "fakes/program_fixture.h"
+#include "journal/tel_list.h"
+#include "platform/sqlite_test_support.h"
+
+namespace orvane {
+namespace {
+
+constexpr const char* kQuery = "SELECT DISTINCT Zeit,Ext,Nr,Firma,Ort,Person FROM o";
+
+class JournalCallsTest : public JournalFixture {
+ protected:
+  std::string Calls(const std::string& query = kQuery) {
+    std::string text;
+    for (const JournalCall& c : ReadJournalCalls(services, state, query)) {
+      text += (c.time ? std::to_string(*c.time) : "-") + (c.external ? "|ext|" : "|int|") +
+              c.number + "|" + c.company + "|" + c.place + "|" + c.person + "\n";
+    }
+    EXPECT_FALSE(state.databases.journal->IsOpen());
+    return text;
+  }
+  std::string Insert() {
+    std::string kind = "1", company = "A", place = "B", person = "C";
+    TelList(services, state, kind, "04/03/2024 09:00:00", "0", "", "1", company, place, person, 0,
+            0);
+    return RawSqlite(UserFile("TelList.fdb")).Run("SELECT count(*) FROM o");
+  }
+};
+
+TEST_F(JournalCallsTest, ReadsRowsWhateverTheyHold) {
+  RawSqlite(UserFile("TelList.fdb"))
+      .Run(
+          "INSERT INTO o (ID,Ext,Zeit,Firma,Ort,Person,Nr) VALUES"
+          " (5,-1,45385.3750000001,'Groß & Söhne','Köln','Meier','0301'),"
+          " (4,0,45384.5,'','',NULL,'217'), (3,NULL,NULL,NULL,NULL,NULL,NULL),"
+          " (2,9,1e300,NULL,NULL,NULL,NULL), (1,-1,-1e9,'x','x','x','x')");
+  EXPECT_EQ(Calls("SELECT Zeit,Ext,Nr,Firma,Ort,Person FROM o ORDER BY ID DESC"),
+            "45385.375000|ext|0301|Groß & Söhne|Köln|Meier\n45384.500000|int|217|||\n"
+            "-|int||||\n-|ext||||\n-|ext|x|x|x|x\n");
+  EXPECT_EQ(Calls("SELECT DISTINCT TOP 1 Zeit,Ext,Nr,Firma,Ort,Person FROM o WHERE Ext<>9"),
+            "45385.375000|ext|0301|Groß & Söhne|Köln|Meier\n")
+      << "the newest";
+  EXPECT_EQ(Calls("SELECT Zeit,Ext,Nr,Firma,Ort FROM o"), "") << "a missing field ends the list";
+  EXPECT_EQ(Calls("SELECT nonsense"), "");
+  EXPECT_TRUE(prompts.boxes.empty());
+}
+
+TEST_F(JournalCallsTest, ReadsWhileAnotherProgramWrites) {
+  Insert();
+  const std::string calls = Calls();
+  const std::string writable = state.databases.journalConnectionString;
+  RawSqlite other(UserFile("TelList.fdb"));
+  other.Run("BEGIN IMMEDIATE");
+  state.databases.journalConnectionString.clear();
+  EXPECT_EQ(Calls(), calls);
+  EXPECT_TRUE(prompts.boxes.empty());
+  other.Run("ROLLBACK");
+  // The next call must not find the journal open for reading only.
+  EXPECT_EQ(Insert(), "2 ");
+  EXPECT_EQ(state.databases.journalConnectionString, writable);
+}
+
+TEST_F(JournalCallsTest, TellsWhyThereIsNothingToRead) {
+  const auto file = UserFile("TelList.fdb");
+  auto other = std::make_unique<RawSqlite>(file);
+  other->Run("BEGIN EXCLUSIVE");
+  const std::pair<std::function<void()>, const char*> kCases[] = {
+      {[] {}, "wird bereits von einem anderen Programm verwendet"},
+      {[&] {
+         other.reset();
+         WriteFile(file, std::string(4096, 'x'));
+       },
+       "Nicht erkennbares Datenbankformat"},
+      {[&] { std::filesystem::remove(file); }, "konnte nicht gefunden werden"}};
+  for (const auto& [spoil, text] : kCases) {
+    prompts.boxes.clear();
+    spoil();
+    EXPECT_EQ(Calls(), "");
+    ASSERT_EQ(prompts.boxes.size(), 1U) << text;
+    EXPECT_TRUE(Contains(prompts.boxes[0].text, text)) << prompts.boxes[0].text;
+    EXPECT_EQ(prompts.boxes[0].title, "(-2147467259) Fehler bei Anmeldung!");
+  }
+}
+
+}  // namespace
+}  // namespace orvane
