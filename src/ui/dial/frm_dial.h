@@ -22,6 +22,7 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/logic/number_classifier.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
 #include "ui/logic/view_toggle.h"
@@ -188,6 +189,7 @@ class frmDial final : public QWidget,
   // Where the full view was when the compact one replaced it.
   TwipPoint fullView_;
   std::unique_ptr<DatabaseConnection> areaCodes_;
+  NumberClassifier classifier_;
   bool speedDialSelectable_ = false;
   // The folder of the user whose calls the history shows.
   std::string shownJournal_;

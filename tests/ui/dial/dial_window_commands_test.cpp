@@ -1,5 +1,6 @@
 #include <QComboBox>
 
+#include "area_codes/area_code_file.h"
 #include "dial_window_fixture.h"
 
 namespace orvane {
@@ -17,11 +18,22 @@ class DialWindowCommands : public DialWindowFixture {
 };
 
 TEST_F(DialWindowCommands, NumberFieldKeepsNumbersAndTellsWhereTheyLead) {
+  std::filesystem::create_directories(folder / "res");
+  CreateAreaCodeFile(folder / "res/VPB.rgt",
+                     {{"0211", "Düsseldorf"}, {"43", "Österreich"}, {"352", "Luxemburg"}});
   for (const auto& [typed, kept, head] : {std::tuple{"030 / 12 34-56", "030 / 12 34-56", "Berlin"},
                                           {"O30x1y2", "3012", "<Inland>"},
                                           {"+49 (89) 5", "+49 (89) 5", "München"},
-                                          {"0043 1", "0043 1", "<Ausland>"},
-                                          {"+43 1", "+43 1", "<Ausland>"},
+                                          {"0211", "0211", "Düsseldorf"},
+                                          {"+49 (211) 1", "+49 (211) 1", "Düsseldorf"},
+                                          {"(02!11) 1", "(02!11) 1", "Düsseldorf"},
+                                          {"02", "02", "<Inland>"},
+                                          {"0043 1", "0043 1", "Österreich"},
+                                          {"+352 1", "+352 1", "Luxemburg"},
+                                          {"+43 1", "+43 1", "Österreich"},
+                                          {"0044", "0044", "<Ausland>"},
+                                          {"43", "43", "<Inland>"},
+                                          {"*43#", "*43#", "<Inland>"},
                                           {"*31#!", "*31#!", "<Inland>"},
                                           {"*#00", "*#00", "Bereit..."},
                                           {"äöü€", "", "Bereit..."}}) {
