@@ -30,6 +30,12 @@ void Script::Reset() {
   for (const DWORD version : kVersions) devices_.push_back({version});
 }
 
+int Script::LeftOver() const {
+  return static_cast<int>(std::count_if(calls_.begin(), calls_.end(), [](const Call& call) {
+    return call.state == LINECALLSTATE_DISCONNECTED || call.state == LINECALLSTATE_IDLE;
+  }));
+}
+
 void Script::Start(LINECALLBACK callback) {
   callback_ = callback;
   window_ =
