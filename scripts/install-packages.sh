@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian 12 packages that this project needs, and only those that are missing.
 #
-#   scripts/install-packages.sh [build] [run] [lint] [bench]
+#   scripts/install-packages.sh [build] [run] [lint] [bench] [windows] [windows-i686] [wine]
 #
 # Without arguments: build and run. Says nothing when there is nothing to do.
 set -euo pipefail
 
 packages_build=(cmake ninja-build g++ ccache pkg-config qt6-base-dev qt6-serialport-dev
-  libsqlite3-dev libgtest-dev)
+  libsqlite3-dev libgtest-dev libxcb1-dev)
 # A display without a screen, a window manager, real clicks, screenshots, and the accessibility tree
 # by which the scripted call finds the dial window's controls. A telephone and a far end for real
 # calls.
@@ -16,6 +16,10 @@ packages_run=(xvfb openbox xdotool imagemagick x11-utils fonts-noto-core qt6-tra
 packages_lint=(clang-format clang-tidy)
 # Reads pixels of the display while it measures.
 packages_bench=(python3-xlib)
+# The cross compiler, and what turns Debian's source packages of the libraries into libraries.
+packages_windows=(g++-mingw-w64-x86-64-posix qt6-base-dev-tools dpkg-dev xz-utils googletest)
+packages_windows_i686=(g++-mingw-w64-i686-posix)
+packages_wine=(wine wine64)
 
 wanted=()
 for group in "${@:-build run}"; do
@@ -25,7 +29,10 @@ for group in "${@:-build run}"; do
       run) wanted+=("${packages_run[@]}") ;;
       lint) wanted+=("${packages_lint[@]}") ;;
       bench) wanted+=("${packages_bench[@]}") ;;
-      *) echo "install-packages.sh: unknown group '$name' (build, run, lint, bench)" >&2; exit 2 ;;
+      windows) wanted+=("${packages_windows[@]}") ;;
+      windows-i686) wanted+=("${packages_windows_i686[@]}") ;;
+      wine) wanted+=("${packages_wine[@]}") ;;
+      *) echo "install-packages.sh: unknown group '$name'" >&2; exit 2 ;;
     esac
   done
 done

@@ -3,7 +3,6 @@
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QTranslator>
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,45 +16,31 @@
 #include "platform/common/qt_event_loop.h"
 #include "platform/common/qt_locale_format.h"
 #include "platform/common/qt_prompts.h"
-#include "platform/common/qt_window_chrome.h"
 #include "platform/common/simulated_lines.h"
 #include "platform/common/sqlite_services.h"
 #include "platform/common/system_clock.h"
 #include "platform/common/tapi_lines.h"
-#include "platform/linux/lock_file_instance.h"
-#include "platform/linux/profile_ini_file.h"
-#include "platform/linux/qt_serial_control.h"
-#include "platform/linux/settings_registry.h"
-#include "platform/linux/sip_lines.h"
-#include "platform/linux/socket_host_channel.h"
 #include "remote/senders.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/style/application_style.h"
 
+#ifdef _WIN32
+#include "platform/windows/native.h"
+#else
+#include "platform/linux/native.h"
+#endif
+
 namespace {
 
-// The compositor of a Wayland desktop places windows as it likes; the dial window has a place.
-void ChoosePlatform() {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-  }
-}
-
-// The simulated lines are for demonstrations: whoever wants them says so before the start.
+// The simulated lines are for demonstrations: whoever wants them says so before the start. The
+// machine's come last, because there may be more of them later.
 std::vector<std::unique_ptr<orvane::LineServiceProvider>> LineProviders(
     orvane::EventLoop& loop, orvane::CallHandles& handles) {
-  std::vector<std::unique_ptr<orvane::LineServiceProvider>> providers;
+  auto providers = orvane::native::LineProviders(loop, handles);
   if (qEnvironmentVariableIntValue("ORVANE_SIMULATED_LINES") > 0) {
-    providers.push_back(
-        std::make_unique<orvane::SimulatedLines>(loop, handles, orvane::SimulatedLines::Times{}));
+    providers.insert(providers.begin(), std::make_unique<orvane::SimulatedLines>(
+                                            loop, handles, orvane::SimulatedLines::Times{}));
   }
-  // The last one, because it may find more lines later.
-  orvane::BaresipControl::Settings baresip;
-  const int port = qEnvironmentVariableIntValue("ORVANE_BARESIP_PORT");
-  if (port > 0 && port <= std::numeric_limits<std::uint16_t>::max()) {
-    baresip.port = static_cast<std::uint16_t>(port);
-  }
-  providers.push_back(std::make_unique<orvane::SipLines>(loop, handles, baresip));
   return providers;
 }
 
@@ -72,17 +57,17 @@ int Run(const std::string& commandLine) {
   QtPrompts screen;
   HostHelper messages(screen);
   HostHelper dialogMessages(screen);
-  ProfileIniFile ini;
+  native::Ini ini;
   SqliteServices databases;
-  QtSerialControl serial;
-  SocketHostChannel channel;
-  LockFileInstance instance;
+  native::Serial serial;
+  native::Channel channel;
+  native::Instance instance;
   QtEventLoop loop;
   CallHandles callHandles;
   TapiLines tapi{LineProviders(loop, callHandles)};
   SystemClock clock;
   QtLocaleFormat locale;
-  Services services{[] { return std::make_unique<SettingsRegistry>(); },
+  Services services{[] { return std::make_unique<native::Registry>(); },
                     ini,
                     databases,
                     serial,
@@ -96,8 +81,7 @@ int Run(const std::string& commandLine) {
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
-  frmDial window(services, state, call, queue,
-                 [](QWidget& widget) { return std::make_unique<QtWindowChrome>(widget); });
+  frmDial window(services, state, call, queue, native::MakeChrome);
 
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {
@@ -115,8 +99,8 @@ int Run(const std::string& commandLine) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  ChoosePlatform();
-  const std::vector<std::string> words(argv + 1, argv + argc);
+  orvane::native::PrepareToolkit();
+  const auto words = orvane::native::CommandLineWords(argc, argv);
   // The command line is the host's; the toolkit must not take words out of it.
   int ownName = 1;
   QApplication application(ownName, argv);

@@ -18,7 +18,9 @@ using Statement = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
 
 Database OpenExisting(const std::filesystem::path& file) {
   sqlite3* handle = nullptr;
-  const int result = sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr);
+  const std::u8string utf8 = file.u8string();
+  const int result = sqlite3_open_v2(reinterpret_cast<const char*>(utf8.c_str()), &handle,
+                                     SQLITE_OPEN_READWRITE, nullptr);
   Database database(handle, &sqlite3_close);
   if (result != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(handle));
   return database;

@@ -22,6 +22,7 @@ inline constexpr auto kLineErrorCallUnavailable = static_cast<std::int32_t>(0x80
 inline constexpr auto kLineErrorInvalidCall = static_cast<std::int32_t>(0x80000018U);
 inline constexpr auto kLineErrorInvalidLine = static_cast<std::int32_t>(0x8000002BU);
 inline constexpr auto kLineErrorOperationFailed = static_cast<std::int32_t>(0x80000048U);
+inline constexpr auto kLineErrorOperationUnavailable = static_cast<std::int32_t>(0x80000049U);
 
 // Numbers for calls, unlike in the whole process; never 0.
 class CallHandles {
@@ -49,6 +50,9 @@ class LineServiceProvider {
 
   virtual int LineCount() const = 0;
   virtual std::string LineName(int line) const = 0;
+  virtual LineInfo Info(int line) const = 0;
+  // Lines without dialogs refuse; see TapiControl.
+  virtual void ShowDialog(int line, LineDialog dialog, std::uintptr_t owner);
 
   // Opening an open line and closing a closed one does nothing. Closing ends the line's call.
   virtual void OpenLine(int line) = 0;

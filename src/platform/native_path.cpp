@@ -6,6 +6,15 @@
 #include <system_error>
 
 namespace orvane {
+#ifdef _WIN32
+
+std::filesystem::path NativePath(std::string_view path) {
+  const auto* first = reinterpret_cast<const char8_t*>(path.data());
+  return std::filesystem::path(first, first + path.size()).make_preferred();
+}
+
+#else
+
 namespace {
 
 // Lower case of ASCII and of the Latin letters that German and its neighbours use in file names.
@@ -45,10 +54,6 @@ bool IsSeparator(char c) {
 }  // namespace
 
 std::filesystem::path NativePath(std::string_view path) {
-#ifdef _WIN32
-  const auto* first = reinterpret_cast<const char8_t*>(path.data());
-  return std::filesystem::path(first, first + path.size()).make_preferred();
-#else
   std::filesystem::path native;
   if (!path.empty() && IsSeparator(path.front())) native = "/";
   bool exists = true;
@@ -69,7 +74,8 @@ std::filesystem::path NativePath(std::string_view path) {
   }
   if (!path.empty() && IsSeparator(path.back())) native /= "";
   return native;
-#endif
 }
+
+#endif
 
 }  // namespace orvane

@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "platform/line_info.h"
+
 namespace orvane {
 
 inline constexpr std::int32_t kNoTapiLine = -1;
@@ -29,6 +31,12 @@ class TapiControl {
   virtual void Initialise() = 0;
   virtual int LineCount() = 0;
   virtual std::string LineName(int line) = 0;
+  // The line need not be open.
+  virtual LineInfo Info(int line) = 0;
+  // Shows the dialog and returns when the user has closed it. `owner` is the window it stands
+  // before, by the system's number, 0 for none. Where the line has no such dialog:
+  // kLineErrorOperationUnavailable.
+  virtual void ShowDialog(int line, LineDialog dialog, std::uintptr_t owner) = 0;
   // The three constants are the line control's own: 4, 6 and 9.
   virtual void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
                         std::int16_t options) = 0;

@@ -1,57 +1,68 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
+#include <set>
 
 #include "contract/event_wait.h"
+#include "contract/system_implementations.h"
 #include "fakes/fake_channel.h"
-#include "platform/linux/socket_host_channel.h"
 
 namespace orvane {
 namespace {
 
-// Makes channels of one desktop.
-using ChannelFactory = std::function<std::unique_ptr<HostChannel>()>;
-
-ChannelFactory MakeSocketDesktop() {
-  const auto folder = std::make_shared<QTemporaryDir>();
-  const auto session = std::make_shared<SocketSession>();
-  session->folder = folder->path().toStdString() + "/session";
-  session->answerWait = std::chrono::milliseconds(200);
-  return [folder, session] { return std::make_unique<SocketHostChannel>(session); };
-}
-
-ChannelFactory MakeFakeDesktop() {
-  const auto desktop = std::make_shared<FakeDesktop>();
-  return [desktop] { return std::make_unique<FakeChannel>(desktop); };
-}
-
-class HostChannelContract : public testing::TestWithParam<ChannelFactory (*)()> {
- protected:
-  using Channel = std::unique_ptr<HostChannel>;
-  Channel Hooked(const std::string& caption, HostChannel::CopyDataHandler handler = {}) {
-    auto channel = new_();
-    channel->Hook(1, caption, std::move(handler), [this, caption] { front_ += caption; });
-    return channel;
+class FakeChannelDesktop : public ChannelDesktop {
+ public:
+  std::unique_ptr<HostChannel> NewChannel() override {
+    return std::make_unique<FakeChannel>(desktop_);
   }
+
+ private:
+  std::shared_ptr<FakeDesktop> desktop_ = std::make_shared<FakeDesktop>();
+};
+
+std::unique_ptr<ChannelDesktop> MakeFakeDesktop() {
+  return std::make_unique<FakeChannelDesktop>();
+}
+
+// A window that receives; unhooked and closed when the object dies.
+struct Receiver {
+  std::unique_ptr<TestWindow> window;
+  std::unique_ptr<HostChannel> channel;
+};
+
+class HostChannelContract : public testing::TestWithParam<std::unique_ptr<ChannelDesktop> (*)()> {
+ protected:
+  std::unique_ptr<Receiver> Hooked(const std::string& caption,
+                                   HostChannel::CopyDataHandler handler = {}) {
+    captions_.insert(caption);
+    auto made = std::make_unique<Receiver>();
+    made->window = desktop_->NewWindow(caption);
+    made->channel = desktop_->NewChannel();
+    made->channel->Hook(made->window->Handle(), caption, std::move(handler),
+                        [this, caption] { front_ += caption; });
+    return made;
+  }
+  // Those of this test's windows; the desktop may hold others.
   std::vector<std::string> Captions() {
     std::vector<std::string> captions;
-    for (const PeerWindow& window : new_()->Windows()) {
+    for (const PeerWindow& window : desktop_->NewChannel()->Windows()) {
+      if (captions_.count(window.caption) == 0) continue;
       EXPECT_FALSE(window.hasParent);
       captions.push_back(window.caption);
     }
     return captions;
   }
   bool Send(const std::string& caption, const CopyData& data = {3, 0, ""}) {
-    return new_()->SendCopyData(Peer(caption), data);
+    return desktop_->NewChannel()->SendCopyData(Peer(caption), data);
   }
   PeerWindow Peer(const std::string& caption) {
-    for (const PeerWindow& window : new_()->Windows()) {
+    for (const PeerWindow& window : desktop_->NewChannel()->Windows()) {
       if (window.caption == caption) return window;
     }
     return {};
   }
 
-  ChannelFactory new_ = GetParam()();
+  std::unique_ptr<ChannelDesktop> desktop_ = GetParam()();
+  std::set<std::string> captions_;
   std::string front_;
 };
 
@@ -63,13 +74,31 @@ TEST_P(HostChannelContract, ListsTheNewestWindowFirst) {
   const auto host = Hooked("TALMIX_TRAY18 Demo");
   auto dialer = Hooked("TALMIX_BRISKO Wähler");
   EXPECT_EQ(Captions(), (Strings{"TALMIX_BRISKO Wähler", "TALMIX_TRAY18 Demo"}));
-  dialer->Unhook();
-  EXPECT_EQ(Captions(), Strings{"TALMIX_TRAY18 Demo"});
-  dialer->Hook(1, "again", {}, {});
-  dialer->Hook(2, "second call", {}, {});
-  EXPECT_EQ(Captions(), (Strings{"again", "TALMIX_TRAY18 Demo"}));
   dialer.reset();
   EXPECT_EQ(Captions(), Strings{"TALMIX_TRAY18 Demo"});
+  dialer = Hooked("again");
+  EXPECT_EQ(Captions(), (Strings{"again", "TALMIX_TRAY18 Demo"}));
+}
+
+TEST_P(HostChannelContract, HooksOnceUntilItIsUnhooked) {
+  std::string log;
+  const auto logging = [&log](char name) {
+    return [&log, name](const CopyData&, const Handled& handled) {
+      log += name;
+      handled();
+    };
+  };
+  const auto receiver = Hooked("receiver", logging('a'));
+  const auto hook = [&](char name) {
+    receiver->channel->Hook(receiver->window->Handle(), "receiver", logging(name), {});
+  };
+  hook('b');
+  EXPECT_TRUE(Send("receiver"));
+  receiver->channel->Unhook();
+  Send("receiver");
+  hook('c');
+  EXPECT_TRUE(Send("receiver"));
+  EXPECT_EQ(log, "ac");
 }
 
 TEST_P(HostChannelContract, DeliversRecordsAsTheyAre) {
@@ -78,10 +107,15 @@ TEST_P(HostChannelContract, DeliversRecordsAsTheyAre) {
     received = data;
     handled();
   });
-  for (const CopyData& record :
-       {CopyData{3, 6, std::string("TX:17\0", 6)}, CopyData{0xFFFFFFFF, 0, ""},
-        CopyData{3, 0x80000000U, "TX:kein Ende"}, CopyData{3, 2, "\xFF\xFE\n"},
-        CopyData{3, 256, std::string(256, 'x')}, CopyData{3, 1, std::string(1 << 20, 'x')}}) {
+  std::vector<CopyData> records = {{3, 6, std::string("TX:17\0", 6)},
+                                   {0xFFFFFFFF, 0, ""},
+                                   {3, 3, "\xFF\xFE\n"},
+                                   {3, 256, std::string(256, 'x')},
+                                   {3, 1 << 20, std::string(1 << 20, 'x')}};
+  if (desktop_->HasOwnMessages()) {
+    records.insert(records.end(), {{3, 0x80000000U, "TX:kein Ende"}, {3, 1, "TX:17"}});
+  }
+  for (const CopyData& record : records) {
     SCOPED_TRACE(record.bytes.size());
     EXPECT_TRUE(Send("receiver", record));
     EXPECT_EQ(received.tag, record.tag);
@@ -93,30 +127,31 @@ TEST_P(HostChannelContract, DeliversRecordsAsTheyAre) {
 TEST_P(HostChannelContract, TellsWhenNobodyHandledIt) {
   auto silent = Hooked("silent", [](const CopyData&, const Handled&) {});
   const PeerWindow peer = Peer("silent");
-  EXPECT_FALSE(Send("silent"));
+  EXPECT_EQ(Send("silent"), !desktop_->HasOwnMessages());
   EXPECT_FALSE(Send("nobody"));
   silent.reset();
-  EXPECT_FALSE(new_()->SendCopyData(peer, {3, 0, ""}));
-  new_()->BringToFront(peer);
+  const auto channel = desktop_->NewChannel();
+  EXPECT_FALSE(channel->SendCopyData(peer, {3, 0, ""}));
+  channel->BringToFront(peer);
 }
 
 TEST_P(HostChannelContract, HandlesWhatArrivesWhileItWaits) {
   std::string log;
-  const Channel b = Hooked("b", [&](const CopyData&, const Handled& handled) {
+  const auto b = Hooked("b", [&](const CopyData&, const Handled& handled) {
     log += "b(";
     log += Send("a") ? ")" : "lost";
     handled();
   });
-  const Channel a = Hooked("a", [&](const CopyData&, const Handled& handled) {
+  const auto a = Hooked("a", [&](const CopyData&, const Handled& handled) {
     log += "a";
     handled();
   });
-  EXPECT_TRUE(a->SendCopyData(Peer("b"), {3, 0, ""}));
+  EXPECT_TRUE(a->channel->SendCopyData(Peer("b"), {3, 0, ""}));
   EXPECT_EQ(log, "b(a)");
 }
 
 TEST_P(HostChannelContract, AHandlerMayEndItsWindow) {
-  Channel receiver;
+  std::unique_ptr<Receiver> receiver;
   receiver = Hooked("receiver", [&](const CopyData&, const Handled& handled) {
     receiver.reset();
     EXPECT_EQ(Captions(), Strings());
@@ -127,11 +162,11 @@ TEST_P(HostChannelContract, AHandlerMayEndItsWindow) {
 
 TEST_P(HostChannelContract, BringsAPeerToTheFront) {
   const auto one = Hooked("one"), two = Hooked("two");
-  two->BringToFront(Peer("one"));
-  EXPECT_TRUE(RunUntil([&] { return front_ == "one"; }));
+  two->channel->BringToFront(Peer("one"));
+  EXPECT_TRUE(RunUntil([&] { return front_ == "one" || one->window->InFront(); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(Socket, HostChannelContract, testing::Values(&MakeSocketDesktop));
+INSTANTIATE_TEST_SUITE_P(System, HostChannelContract, testing::Values(&MakeSystemDesktop));
 INSTANTIATE_TEST_SUITE_P(Fake, HostChannelContract, testing::Values(&MakeFakeDesktop));
 
 }  // namespace

@@ -27,4 +27,9 @@ class LineLab {
 
 using LineLabFactory = std::function<std::unique_ptr<LineLab>()>;
 
+struct LineImplementation {
+  const char* name;
+  LineLabFactory make;
+};
+
 }  // namespace orvane

@@ -11,11 +11,6 @@
 
 namespace orvane {
 
-struct LineImplementation {
-  const char* name;
-  LineLabFactory make;
-};
-
 class LineProviderContract : public testing::TestWithParam<LineImplementation> {
  protected:
   LineProviderContract() {
@@ -102,6 +97,17 @@ TEST_P(LineProviderContract, RefusesWhatALineCannotDo) {
   ExpectEnded();
   lines.CloseLine(0);
   EXPECT_THROW(lines.MakeCall(0, lab->answered), TapiError);
+}
+
+TEST_P(LineProviderContract, TellsAboutALine) {
+  const LineInfo info = lines.Info(0);
+  EXPECT_NE(info.callStates & static_cast<std::uint32_t>(kLineCallConnected), 0U);
+  EXPECT_NE(info.mediaModes, 0U);
+  EXPECT_FALSE(info.addresses.empty());
+  EXPECT_FALSE(info.providerInfo.empty());
+  EXPECT_GE(info.version, 0x00010003U);
+  EXPECT_THROW(lines.Info(lines.LineCount()), TapiError);
+  EXPECT_THROW(lines.ShowDialog(lines.LineCount(), LineDialog::kDevice, 0), TapiError);
 }
 
 TEST_P(LineProviderContract, NothingIsHeardAfterShutDown) {

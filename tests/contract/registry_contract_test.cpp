@@ -1,19 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
+#include "contract/system_implementations.h"
 #include "fakes/fake_registry.h"
-#include "platform/linux/settings_registry.h"
 
 namespace orvane {
 namespace {
-
-RegistryFactory MakeSettingsRegistries() {
-  const auto folder = std::make_shared<QTemporaryDir>();
-  return [folder] {
-    return std::make_unique<SettingsRegistry>(folder->filePath(QStringLiteral("a/registry.ini")));
-  };
-}
 
 RegistryFactory MakeFakeRegistries() {
   return FakeRegistryFactory(std::make_shared<FakeRegistryStore>());
@@ -56,7 +47,7 @@ TEST_P(RegistryContract, NamesIgnoreTheLetterCaseAndKeysAreApart) {
   EXPECT_EQ(Bound("SOFTWARE\\Other")->Read("", "ComPort", ""), "elsewhere");
 }
 
-INSTANTIATE_TEST_SUITE_P(Settings, RegistryContract, testing::Values(&MakeSettingsRegistries));
+INSTANTIATE_TEST_SUITE_P(System, RegistryContract, testing::Values(&MakeSystemRegistries));
 INSTANTIATE_TEST_SUITE_P(Fake, RegistryContract, testing::Values(&MakeFakeRegistries));
 
 }  // namespace

@@ -17,6 +17,16 @@ class FakeTapi : public TapiControl {
   }
   int LineCount() override { return static_cast<int>(lineNames.size()); }
   std::string LineName(int line) override { return lineNames.at(static_cast<std::size_t>(line)); }
+  LineInfo Info(int line) override {
+    LineInfo known = info;
+    known.addresses.push_back(LineName(line));
+    return known;
+  }
+  void ShowDialog(int line, LineDialog dialog, std::uintptr_t /*owner*/) override {
+    log.push_back((dialog == LineDialog::kDialling ? "dialling " : "device ") +
+                  std::to_string(line));
+    if (failing) throw TapiError(-2147483575, "Kein Dialog");
+  }
   void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
                 std::int16_t options) override {
     log.push_back("open " + std::to_string(line) + " " + std::to_string(privileges) + " " +
@@ -39,7 +49,9 @@ class FakeTapi : public TapiControl {
 
   std::vector<std::string> lineNames;
   std::vector<std::string> log;
-  // Placing and dropping calls fails.
+  // What every line tells about itself, before its address.
+  LineInfo info;
+  // Placing and dropping calls and showing dialogs fails.
   bool failing = false;
 
  private:

@@ -24,7 +24,7 @@ class QtWindowChromeTest : public testing::Test {
   }
 
   QWidget window;
-  QtWindowChrome chrome{window};
+  QtWindowChrome chrome{window, [] { return false; }};
 };
 
 TEST_F(QtWindowChromeTest, StaysOnTopWithoutHidingAWindowThatIsShown) {

@@ -20,7 +20,7 @@ class RawSqlite {
  public:
   explicit RawSqlite(const std::filesystem::path& file) {
     sqlite3* opened = nullptr;
-    const int code = sqlite3_open(file.c_str(), &opened);
+    const int code = sqlite3_open(file.string().c_str(), &opened);
     database_.reset(opened);
     if (code != SQLITE_OK) throw std::runtime_error("cannot open " + file.string());
   }

@@ -9,6 +9,10 @@
 
 namespace orvane {
 
+// How the host's settings name a way to call.
+inline constexpr int kDialByModem = 1;
+inline constexpr int kDialByLine = 2;
+
 // What the demo's dialer calls through, and what can be heard at its other end.
 class DemoLine {
  public:
@@ -23,9 +27,9 @@ class DemoLine {
   virtual void Listen(Listener listener) = 0;
 };
 
-// By name: "simulated", "modem" or "sip". Files go into `folder`. What the dialer has to know
-// beside the installation goes into this process's environment, which the dialer inherits. Throws
-// std::runtime_error for another name and for a line that cannot be had.
+// By name: "simulated", or one that this system offers beside it. Files go into `folder`. What the
+// dialer has to know beside the installation goes into this process's environment, which the dialer
+// inherits. Throws std::runtime_error for another name and for a line that cannot be had.
 std::unique_ptr<DemoLine> MakeDemoLine(const std::string& name,
                                        const std::filesystem::path& folder);
 

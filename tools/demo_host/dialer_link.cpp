@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "demo_host/demo_system.h"
 #include "remote/command_channel.h"
 #include "remote/copy_data_text.h"
 
@@ -38,7 +39,10 @@ DialerLink::~DialerLink() {
 }
 
 void DialerLink::Start(const std::string& commandLine) {
-  if (!IsRunning()) process_.start(program_, {QString::fromStdString(commandLine)});
+  if (IsRunning()) return;
+  process_.setProgram(program_);
+  SetCommandLine(process_, QString::fromStdString(commandLine));
+  process_.start();
 }
 
 bool DialerLink::IsRunning() const {

@@ -11,13 +11,11 @@
 #include <string>
 
 #include "demo_host/demo_line.h"
-#include "demo_host/demo_session.h"
+#include "demo_host/demo_system.h"
 #include "demo_host/demo_window.h"
 #include "demo_host/dial_message.h"
 #include "demo_host/dialer_link.h"
 #include "host_installation.h"
-#include "platform/linux/settings_registry.h"
-#include "platform/linux/socket_host_channel.h"
 #include "remote/copy_data_text.h"
 #include "ui/style/application_style.h"
 
@@ -51,8 +49,9 @@ Arguments ReadArguments(const QApplication& application) {
   parser.addHelpOption();
   parser.addOptions({root, dialer, line, installOnly, history});
   parser.process(application);
-  return {parser.value(root).toStdString(), parser.value(dialer), parser.value(line).toStdString(),
-          parser.isSet(installOnly), parser.value(history).toInt()};
+  return {parser.value(root).toStdU16String(), parser.value(dialer),
+          parser.value(line).toStdString(), parser.isSet(installOnly),
+          parser.value(history).toInt()};
 }
 
 // Everything that is heard on the line, in the window and in a file.
@@ -82,8 +81,8 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, 
   LineLog log(folders.lineLog, window);
   line.Listen([&log](const QString& text) { log.Add(text); });
 
-  SocketHostChannel channel;
-  channel.Hook(
+  const auto channel = NewHostChannel();
+  channel->Hook(
       window.winId(), window.windowTitle().toStdString(),
       [&window](const CopyData& data, const HostChannel::Handled& handled) {
         if (const auto text = CopyDataText(data)) {
@@ -93,7 +92,7 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, 
       },
       [&window] { window.raise(); });
 
-  DialerLink dialer(channel, program);
+  DialerLink dialer(*channel, program);
   const std::string start = "TX:" + std::to_string(options.userNumber);
   bool endedWell = true;
   QObject::connect(&dialer, &DialerLink::StateChanged, &window, &DemoWindow::SetDialerState);
@@ -112,7 +111,7 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, 
   window.show();
   dialer.Start(start);
   const int code = QApplication::exec();
-  channel.Unhook();
+  channel->Unhook();
   return endedWell ? code : 1;
 }
 
@@ -122,8 +121,7 @@ int Run(const Arguments& arguments) {
   HostInstallationOptions options;
   options.journalCalls = arguments.history;
   line->Configure(options);
-  SettingsRegistry registry;
-  BuildHostInstallation(folders.host, registry, options);
+  BuildHostInstallation(folders.host, *NewHostRegistry(), options);
   return arguments.installOnly ? 0 : RunDemo(folders, options, *line, arguments.dialer);
 }
 

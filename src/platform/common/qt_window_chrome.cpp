@@ -16,7 +16,14 @@ constexpr int kNotTopmost = 0;
 
 }  // namespace
 
-QtWindowChrome::QtWindowChrome(QWidget& window) : window_(window) {}
+QtWindowChrome::QtWindowChrome(QWidget& window, std::function<bool()> composes)
+    : window_(window), composes_(std::move(composes)) {
+  // A window cannot become translucent later on.
+  if (composes_()) {
+    window_.setAttribute(Qt::WA_TranslucentBackground);
+    corners_.emplace(window_);
+  }
+}
 
 bool QtWindowChrome::SetTopmost(int flag, bool noActivate) {
   if (flag == kTopmost || flag == kNotTopmost) {
@@ -34,6 +41,12 @@ bool QtWindowChrome::SetTopmost(int flag, bool noActivate) {
 }
 
 void QtWindowChrome::SetRoundedRegion(int width, int height, int ellipse) {
+  if (corners_ && composes_()) {
+    window_.clearMask();
+    corners_->Place(width, height, ellipse / 2, window_.palette().color(QPalette::Shadow));
+    return;
+  }
+  if (corners_) corners_->Hide();
   QPainterPath outline;
   outline.addRoundedRect(QRectF(0, 0, width, height), ellipse / 2.0, ellipse / 2.0);
   window_.setMask(QRegion(outline.toFillPolygon().toPolygon()));

@@ -3,7 +3,9 @@
 #include <QObject>
 #include <QPoint>
 #include <functional>
+#include <optional>
 
+#include "platform/common/rounded_corners.h"
 #include "platform/window_chrome.h"
 
 class QWidget;
@@ -13,8 +15,9 @@ namespace orvane {
 // WindowChrome for a frameless top-level widget, with what Qt offers on every system.
 class QtWindowChrome : public QObject, public WindowChrome {
  public:
-  // The widget outlives the chrome.
-  explicit QtWindowChrome(QWidget& window);
+  // The widget outlives the chrome and has not been shown yet. `composes` tells whether the desktop
+  // blends windows; it is asked each time the window changes its shape.
+  QtWindowChrome(QWidget& window, std::function<bool()> composes);
 
   bool SetTopmost(int flag, bool noActivate) override;
 
@@ -22,6 +25,7 @@ class QtWindowChrome : public QObject, public WindowChrome {
   // every top-level window by itself, so nothing is left to do here.
   void AddDropShadow() override {}
 
+  // Smooth where the desktop blends windows, by region elsewhere.
   void SetRoundedRegion(int width, int height, int ellipse) override;
   void Drag(std::function<void()> finished) override;
 
@@ -32,6 +36,8 @@ class QtWindowChrome : public QObject, public WindowChrome {
   void FinishDrag();
 
   QWidget& window_;
+  std::function<bool()> composes_;
+  std::optional<RoundedCorners> corners_;
   bool dragging_ = false;
   QPoint grip_;
   std::function<void()> finished_;

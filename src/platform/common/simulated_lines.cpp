@@ -21,6 +21,10 @@ std::string SimulatedLines::LineName(int line) const {
   return "Simulierte Leitung " + std::to_string(line + 1);
 }
 
+LineInfo SimulatedLines::Info(int line) const {
+  return VoiceLineInfo(LineName(line), "Simulation", "Simulierte Leitungen");
+}
+
 void SimulatedLines::OpenLine(int line) {
   At(line).open = true;
 }

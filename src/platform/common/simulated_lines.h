@@ -30,6 +30,7 @@ class SimulatedLines : public LineServiceProvider {
   void ShutDown() override;
   int LineCount() const override { return initialised_ ? kLineCount : 0; }
   std::string LineName(int line) const override;
+  LineInfo Info(int line) const override;
   void OpenLine(int line) override;
   void CloseLine(int line) override;
   void MakeCall(int line, const std::string& number) override;

@@ -24,6 +24,16 @@ std::string TapiLines::LineName(int line) {
   return place.provider.LineName(place.line);
 }
 
+LineInfo TapiLines::Info(int line) {
+  const Place place = Find(line);
+  return place.provider.Info(place.line);
+}
+
+void TapiLines::ShowDialog(int line, LineDialog dialog, std::uintptr_t owner) {
+  const Place place = Find(line);
+  place.provider.ShowDialog(place.line, dialog, owner);
+}
+
 void TapiLines::OpenLine(std::int32_t& line, std::int32_t /*privileges*/,
                          std::int32_t /*mediaModes*/, std::int16_t /*options*/) {
   const Place place = Find(line);

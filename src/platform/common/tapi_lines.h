@@ -17,6 +17,8 @@ class TapiLines : public TapiControl {
   void Initialise() override;
   int LineCount() override;
   std::string LineName(int line) override;
+  LineInfo Info(int line) override;
+  void ShowDialog(int line, LineDialog dialog, std::uintptr_t owner) override;
   void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
                 std::int16_t options) override;
   void CloseLine(std::int32_t line) override;

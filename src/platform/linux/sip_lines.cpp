@@ -69,6 +69,10 @@ std::string SipLines::LineName(int line) const {
   return lines_[IndexOf(line)].account;
 }
 
+LineInfo SipLines::Info(int line) const {
+  return VoiceLineInfo(LineName(line), "SIP", "SIP-Telefon (baresip)");
+}
+
 void SipLines::OpenLine(int line) {
   lines_[IndexOf(line)].open = true;
 }

@@ -8,7 +8,7 @@
 #include "platform/event_loop.h"
 #include "platform/line_service_provider.h"
 #include "platform/linux/baresip_control.h"
-#include "platform/linux/line_event_queue.h"
+#include "platform/line_event_queue.h"
 
 namespace orvane {
 
@@ -28,6 +28,7 @@ class SipLines : public LineServiceProvider, private BaresipControl::Listener {
 
   int LineCount() const override { return static_cast<int>(lines_.size()); }
   std::string LineName(int line) const override;
+  LineInfo Info(int line) const override;
   void OpenLine(int line) override;
   void CloseLine(int line) override;
   void MakeCall(int line, const std::string& number) override;

@@ -107,6 +107,10 @@ void frmDial::paintEvent(QPaintEvent*) {
 }
 
 void frmDial::ApplyWindowShape() {
+  // The line along the round corners continues the frame.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Shadow, CurrentPalette().frame);
+  setPalette(colours);
   chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
 }
 
@@ -120,7 +124,7 @@ bool frmDial::DragWindow(Qt::MouseButton button) {
 void frmDial::KeepCompactViewOnScreen() {
   WidgetPlacement window(*this);
   if (window.Size().height >= kCompactHeightLimitTwips) return;
-  window.MoveTo(KeepOnScreen(window.Position(), window.Size(), window.ScreenSize()));
+  window.MoveTo(KeepOnScreen(window.Position(), window.Size(), ScreenOf(window)));
 }
 
 }  // namespace orvane

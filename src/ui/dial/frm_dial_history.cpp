@@ -161,11 +161,13 @@ void frmDial::ToggleHistory() {
   } else {
     SaveCallColumns();
   }
+  WidgetPlacement window(*this);
+  // Widened, the window could show more on the next screen than on its own.
+  const TwipScreen screen = ScreenOf(window);
   ShowHistoryPanel(show);
   ApplyWindowShape();
   if (!show) return;
-  WidgetPlacement window(*this);
-  const TwipPoint place = FitWidened(window.Position(), window.Size(), window.ScreenSize());
+  const TwipPoint place = FitWidened(window.Position(), window.Size(), screen);
   if (place != window.Position()) window.MoveTo(place);
 }
 

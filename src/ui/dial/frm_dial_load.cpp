@@ -53,7 +53,7 @@ void frmDial::PlaceWindow() {
   WidgetPlacement window(*this);
   bool restored = false;
   Attempt([&] { restored = RestoreWindowPos(window, Registry(), kDialSection); });
-  if (!restored) window.MoveTo(FallbackPosition(window.Size(), window.ScreenSize()));
+  if (!restored) window.MoveTo(FallbackPosition(window.Size(), window.Screens().front()));
 }
 
 // Opened where it is used.

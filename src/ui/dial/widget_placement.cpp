@@ -6,8 +6,8 @@
 namespace orvane {
 namespace {
 
-QRect PrimaryScreen() {
-  return QGuiApplication::primaryScreen()->geometry();
+TwipPoint InTwips(QPoint pixels) {
+  return {pixels.x() * kTwipsPerPixel, pixels.y() * kTwipsPerPixel};
 }
 
 TwipSize InTwips(QSize pixels) {
@@ -37,21 +37,23 @@ void WidgetPlacement::SetState(WindowState state) {
 }
 
 TwipPoint WidgetPlacement::Position() const {
-  const QPoint pixels = widget_.pos() - PrimaryScreen().topLeft();
-  return {pixels.x() * kTwipsPerPixel, pixels.y() * kTwipsPerPixel};
+  return InTwips(widget_.pos());
 }
 
 void WidgetPlacement::MoveTo(TwipPoint position) {
-  widget_.move(PrimaryScreen().topLeft() +
-               QPoint(position.left / kTwipsPerPixel, position.top / kTwipsPerPixel));
+  widget_.move(position.left / kTwipsPerPixel, position.top / kTwipsPerPixel);
 }
 
 TwipSize WidgetPlacement::Size() const {
   return InTwips(widget_.size());
 }
 
-TwipSize WidgetPlacement::ScreenSize() const {
-  return InTwips(PrimaryScreen().size());
+std::vector<TwipScreen> WidgetPlacement::Screens() const {
+  std::vector<TwipScreen> screens;
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    screens.push_back({InTwips(screen->geometry().topLeft()), InTwips(screen->geometry().size())});
+  }
+  return screens;
 }
 
 }  // namespace orvane

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "ui/logic/window_settings.h"
 
 namespace orvane {
 
-// A top-level widget in twips of the primary screen.
+// A top-level widget in twips of the desktop.
 class WidgetPlacement : public PlacedWindow {
  public:
   explicit WidgetPlacement(QWidget& widget) : widget_(widget) {}
@@ -16,7 +17,7 @@ class WidgetPlacement : public PlacedWindow {
   TwipPoint Position() const override;
   void MoveTo(TwipPoint position) override;
   TwipSize Size() const override;
-  TwipSize ScreenSize() const override;
+  std::vector<TwipScreen> Screens() const override;
 
  private:
   QWidget& widget_;

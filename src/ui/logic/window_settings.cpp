@@ -40,6 +40,12 @@ std::optional<WindowState> ReadState(HostRegistry& registry, std::string_view se
 
 }  // namespace
 
+TwipScreen ScreenOf(const PlacedWindow& window) {
+  const std::vector<TwipScreen> screens = window.Screens();
+  const TwipScreen* shown = ScreenShowing(window.Position(), window.Size(), screens);
+  return shown != nullptr ? *shown : screens.front();
+}
+
 void SaveWindowPos(const PlacedWindow& window, HostRegistry& registry, std::string_view section) {
   if (window.State() != WindowState::kNormal) return;
   const auto [left, top] = window.Position();
@@ -58,7 +64,9 @@ bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry, std::string_
   if (left == kNothingSaved || !top) return false;
   const TwipPoint saved = {left, *top};
   window.MoveTo(saved);
-  return IsReachable(saved, window.Size(), window.ScreenSize());
+  const std::vector<TwipScreen> screens = window.Screens();
+  const TwipScreen* screen = ScreenShowing(saved, window.Size(), screens);
+  return screen != nullptr && IsReachable(saved, window.Size(), *screen);
 }
 
 }  // namespace orvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "platform/host_registry.h"
 #include "ui/logic/window_geometry.h"
@@ -22,8 +23,12 @@ class PlacedWindow {
   virtual TwipPoint Position() const = 0;
   virtual void MoveTo(TwipPoint position) = 0;
   virtual TwipSize Size() const = 0;
-  virtual TwipSize ScreenSize() const = 0;
+  // At least one, the main screen first.
+  virtual std::vector<TwipScreen> Screens() const = 0;
 };
+
+// The screen the window is on; the main one when it is on none.
+TwipScreen ScreenOf(const PlacedWindow& window);
 
 // Writes position and size of a window in the normal state into the section; a window that is
 // minimised or maximised leaves what is stored. Throws RegistryError.

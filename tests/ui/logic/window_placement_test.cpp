@@ -1,26 +1,46 @@
 #include <gtest/gtest.h>
 
 #include "fakes/fake_registry.h"
+#include "ui/logic/view_toggle.h"
 #include "ui/logic/window_geometry.h"
 #include "ui/logic/window_settings.h"
 
 namespace orvane {
 namespace {
 
-constexpr TwipSize kScreen{19200, 12000};
+constexpr TwipScreen kScreen{{0, 0}, {19200, 12000}};
+// Stands to the right of the main screen and a little lower.
+constexpr TwipScreen kSecondScreen{{19200, 3000}, {15000, 9000}};
 constexpr TwipSize kWindow{4770, 8115};
+constexpr TwipSize kCompact{4770, 990};
 
-class FakeWindow : public PlacedWindow {
+class FakeWindow : public TwoViewWindow {
  public:
   WindowState State() const override { return state; }
   void SetState(WindowState value) override { state = value; }
   TwipPoint Position() const override { return position; }
   void MoveTo(TwipPoint value) override { position = value; }
-  TwipSize Size() const override { return kWindow; }
-  TwipSize ScreenSize() const override { return kScreen; }
+  TwipSize Size() const override { return size; }
+  std::vector<TwipScreen> Screens() const override { return screens; }
+  void ShowListControls(bool shown) override { Step("list", shown); }
+  void ShowCommandButtons(bool shown) override { Step("commands", shown); }
+  void ArrangePanel(DialView view) override {
+    size = view == DialView::kFull ? kWindow : kCompact;
+    Step("panel", view == DialView::kFull);
+  }
+  void ApplyWindowShape() override { Step("shape", true); }
+  void SetTopmost(bool topmost) override { Step("topmost", topmost); }
+
+  void Step(const char* what, bool on) {
+    const bool hidden = position.top < -500;
+    steps += std::string(hidden ? "(" : "") + what + (on ? "+" : "-") + (hidden ? ") " : " ");
+  }
 
   WindowState state = WindowState::kNormal;
   TwipPoint position{1, 2};
+  TwipSize size = kWindow;
+  std::vector<TwipScreen> screens = std::vector<TwipScreen>(1, kScreen);
+  std::string steps;
 };
 
 TEST(WindowGeometry, SnapsBackWhatLeftTheScreen) {
@@ -31,6 +51,50 @@ TEST(WindowGeometry, SnapsBackWhatLeftTheScreen) {
   for (const auto& [dropped, kept] : kCases) {
     EXPECT_EQ(KeepOnScreen(dropped, kWindow, kScreen), kept) << dropped.left << "," << dropped.top;
   }
+}
+
+TEST(WindowGeometry, ReckonsFromTheScreenThatTheWindowIsOn) {
+  const TwipScreen screens[] = {kScreen, kSecondScreen};
+  const std::pair<TwipPoint, const TwipScreen*> kCases[] = {
+      {{0, 0}, &screens[0]},         {{16000, 3000}, &screens[0]},  {{17000, 3000}, &screens[1]},
+      {{16815, 3000}, &screens[0]},  {{34199, 11999}, &screens[1]}, {{34200, 3000}, nullptr},
+      {{2147483647, 3000}, nullptr}, {{-4770, 0}, nullptr}};
+  for (const auto& [place, screen] : kCases) {
+    EXPECT_EQ(ScreenShowing(place, kWindow, screens), screen) << place.left << "," << place.top;
+  }
+  EXPECT_EQ(KeepOnScreen({19100, 2900}, kWindow, kSecondScreen), (TwipPoint{19200, 2985}));
+  EXPECT_EQ(KeepOnScreen({33000, 9000}, kWindow, kSecondScreen), (TwipPoint{29450, 3905}));
+  EXPECT_TRUE(IsReachable({19000, 3000}, kWindow, kSecondScreen));
+  EXPECT_FALSE(IsReachable({19000, 11400}, kWindow, kSecondScreen));
+  EXPECT_EQ(FallbackPosition(kWindow, kSecondScreen), (TwipPoint{28530, 3900}));
+}
+
+TEST(ViewToggle, DocksTheCompactViewAndBringsTheFullOneBack) {
+  struct Case {
+    std::vector<TwipScreen> screens;
+    TwipPoint full, docked, back;
+  };
+  const Case kCases[] = {
+      {{kScreen}, {300, 400}, {7215, -15}, {300, 400}},
+      {{kScreen}, {-4000, 11000}, {7215, -15}, {0, 3905}},
+      {{kScreen, kSecondScreen}, {20000, 3500}, {24315, 2985}, {20000, 3500}},
+  };
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(c.full.left);
+    FakeWindow window;
+    window.screens = c.screens;
+    window.position = c.full;
+    TwipPoint remembered;
+    SwitchView(window, DialView::kCompact, remembered);
+    EXPECT_EQ(window.position, c.docked);
+    EXPECT_EQ(window.steps, "(list-) (panel-) (shape+) (commands-) (topmost+) ");
+    window.position = {500, 500};
+    window.steps.clear();
+    SwitchView(window, DialView::kFull, remembered);
+    EXPECT_EQ(window.position, c.back);
+    EXPECT_EQ(window.steps, "(list+) (panel+) shape+ commands+ topmost- ");
+  }
+  EXPECT_EQ(CompactPanelHeight(60, 480), 555);
 }
 
 TEST(WindowGeometry, TellsWhetherTheUserCanReachTheWindow) {
@@ -78,6 +142,17 @@ TEST(SavedWindowPosition, ComesBackWhereItIsUsable) {
   denied->denyReads = true;
   FakeRegistry registry(denied);
   FakeWindow window;
+  EXPECT_FALSE(RestoreWindowPos(window, registry, kDialSection));
+}
+
+TEST(SavedWindowPosition, OfAScreenThatIsGoneIsNotUsed) {
+  FakeRegistry registry(std::make_shared<FakeRegistryStore>());
+  registry.Write(kDialSection, "L", "22000");
+  registry.Write(kDialSection, "T", "4000");
+  FakeWindow window;
+  window.screens = {kScreen, kSecondScreen};
+  EXPECT_TRUE(RestoreWindowPos(window, registry, kDialSection));
+  window.screens = {kScreen};
   EXPECT_FALSE(RestoreWindowPos(window, registry, kDialSection));
 }
 

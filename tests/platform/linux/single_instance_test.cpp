@@ -20,15 +20,6 @@ class SingleInstanceTest : public testing::Test {
   fs::path path_ = folder_ / "orvane/session-1";
 };
 
-TEST_F(SingleInstanceTest, OneAtATime) {
-  auto first = New();
-  EXPECT_TRUE(first->Claim());
-  EXPECT_TRUE(first->Claim());
-  EXPECT_FALSE(New()->Claim());
-  first.reset();
-  EXPECT_TRUE(New()->Claim());
-}
-
 TEST_F(SingleInstanceTest, AProcessThatWasKilledHoldsNothing) {
   ChildProcess other([&](const ChildProcess::Say& say) {
     const auto instance = New();

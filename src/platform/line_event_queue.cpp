@@ -1,4 +1,4 @@
-#include "platform/linux/line_event_queue.h"
+#include "platform/line_event_queue.h"
 
 #include <chrono>
 #include <utility>

@@ -4,7 +4,7 @@
 #include <sys/resource.h>
 
 #include "fakes/child_process.h"
-#include "sqlite_test_support.h"
+#include "platform/sqlite_test_support.h"
 
 namespace orvane {
 namespace {

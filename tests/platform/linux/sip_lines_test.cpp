@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "contract/fake_sip_line_lab.h"
 #include "platform/errors.h"
+#include "platform/linux/fake_sip_line_lab.h"
 
 namespace orvane {
 namespace {

@@ -1,0 +1,40 @@
+#include "platform/linux/native.h"
+
+#include <QtGlobal>
+#include <cstdint>
+#include <limits>
+
+#include "platform/common/qt_window_chrome.h"
+#include "platform/linux/compositor.h"
+#include "platform/linux/sip_lines.h"
+
+namespace orvane::native {
+
+// The compositor of a Wayland desktop places windows as it likes; the dial window has a place.
+void PrepareToolkit() {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+  }
+}
+
+std::vector<std::string> CommandLineWords(int argc, const char* const* argv) {
+  return {argv + 1, argv + argc};
+}
+
+std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {
+  return std::make_unique<QtWindowChrome>(window, DesktopComposes);
+}
+
+std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
+                                                                CallHandles& handles) {
+  BaresipControl::Settings baresip;
+  const int port = qEnvironmentVariableIntValue("ORVANE_BARESIP_PORT");
+  if (port > 0 && port <= std::numeric_limits<std::uint16_t>::max()) {
+    baresip.port = static_cast<std::uint16_t>(port);
+  }
+  std::vector<std::unique_ptr<LineServiceProvider>> providers;
+  providers.push_back(std::make_unique<SipLines>(loop, handles, baresip));
+  return providers;
+}
+
+}  // namespace orvane::native

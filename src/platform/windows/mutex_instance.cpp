@@ -1,0 +1,18 @@
+#include "platform/windows/mutex_instance.h"
+
+#include "platform/windows/wide_text.h"
+
+namespace orvane {
+
+MutexInstance::MutexInstance(const std::string& name) : name_(L"Local\\" + ToWide(name)) {}
+
+bool MutexInstance::Claim() {
+  if (mutex_.Valid()) return true;
+  // Whoever creates it first holds the session; nobody ever waits for it.
+  SystemHandle mutex(CreateMutexW(nullptr, FALSE, name_.c_str()));
+  if (mutex.Valid() && GetLastError() == ERROR_ALREADY_EXISTS) return false;
+  mutex_ = std::move(mutex);
+  return true;
+}
+
+}  // namespace orvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "platform/single_instance.h"
+#include "platform/windows/system_handle.h"
+
+namespace orvane {
+
+// Holds a named mutex of the desktop session; the system takes it back when the process dies.
+class MutexInstance : public SingleInstance {
+ public:
+  // UTF-8, without a "\".
+  explicit MutexInstance(const std::string& name = "Orvane.SingleInstance");
+
+  // True as well when the name belongs to another user's program in this session.
+  bool Claim() override;
+
+ private:
+  std::wstring name_;
+  SystemHandle mutex_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,73 @@
+#include "platform/windows/system_window_chrome.h"
+
+#include <windows.h>
+
+#include <QScreen>
+#include <QWindow>
+#include <memory>
+
+namespace orvane {
+namespace {
+
+constexpr int kTopmost = -1;
+constexpr int kNotTopmost = 0;
+
+struct RegionDeleter {
+  void operator()(HRGN region) const { DeleteObject(region); }
+};
+using Region = std::unique_ptr<std::remove_pointer_t<HRGN>, RegionDeleter>;
+
+HWND NativeWindow(const QWidget& widget) {
+  return reinterpret_cast<HWND>(widget.winId());
+}
+
+HWND PlaceBehind(int flag) {
+  if (flag == kTopmost) return HWND_TOPMOST;
+  return flag == kNotTopmost ? HWND_NOTOPMOST : HWND_TOP;
+}
+
+void CutToRoundedRectangle(const QWidget& widget, int width, int height, int ellipse) {
+  const auto scaled = [ratio = widget.devicePixelRatioF()](int pixels) {
+    return qRound(pixels * ratio);
+  };
+  Region region(
+      CreateRoundRectRgn(0, 0, scaled(width), scaled(height), scaled(ellipse), scaled(ellipse)));
+  // The system keeps a region that it takes.
+  if (SetWindowRgn(NativeWindow(widget), region.get(), TRUE) != 0) (void)region.release();
+}
+
+}  // namespace
+
+SystemWindowChrome::~SystemWindowChrome() {
+  QObject::disconnect(screenChanged_);
+}
+
+bool SystemWindowChrome::SetTopmost(int flag, bool noActivate) {
+  const UINT flags = SWP_NOMOVE | SWP_NOSIZE | (noActivate ? SWP_NOACTIVATE : 0U);
+  return SetWindowPos(NativeWindow(*window_), PlaceBehind(flag), 0, 0, 0, 0, flags) != 0;
+}
+
+void SystemWindowChrome::AddDropShadow() {
+  const HWND window = NativeWindow(*window_);
+  SetClassLongPtrW(window, GCL_STYLE,
+                   static_cast<LONG_PTR>(GetClassLongPtrW(window, GCL_STYLE) | CS_DROPSHADOW));
+}
+
+void SystemWindowChrome::SetRoundedRegion(int width, int height, int ellipse) {
+  CutToRoundedRectangle(*window_, width, height, ellipse);
+  // A screen of another scale makes the window larger or smaller.
+  QObject::disconnect(screenChanged_);
+  screenChanged_ = QObject::connect(
+      window_->windowHandle(), &QWindow::screenChanged, window_.get(),
+      [this, width, height, ellipse] { CutToRoundedRectangle(*window_, width, height, ellipse); });
+}
+
+void SystemWindowChrome::Drag(std::function<void()> finished) {
+  // While the system moves the window everything can happen, the end of this object too.
+  const QPointer<QWidget> window = window_;
+  ReleaseCapture();
+  SendMessageW(NativeWindow(*window), WM_NCLBUTTONDOWN, HTCAPTION, 0);
+  if (window && finished) finished();
+}
+
+}  // namespace orvane

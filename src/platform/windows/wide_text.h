@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+// UTF-8 to the system's UTF-16 and back. What is not valid becomes the replacement character; zero
+// characters are kept.
+std::wstring ToWide(std::string_view utf8);
+std::string ToUtf8(std::wstring_view wide);
+
+}  // namespace orvane

@@ -1,0 +1,107 @@
+#include "platform/windows/system_window_chrome.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <QTimer>
+
+#include "contract/event_wait.h"
+
+namespace orvane {
+namespace {
+
+class SystemWindowChromeTest : public testing::Test {
+ protected:
+  SystemWindowChromeTest() {
+    window.setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    window.setWindowTitle(QStringLiteral("TALMIX_BRISKO"));
+    window.setGeometry(200, 200, 300, 200);
+  }
+  HWND Native() const { return reinterpret_cast<HWND>(window.winId()); }
+  bool IsTopmost() const { return (GetWindowLongPtrW(Native(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }
+  // The window's own measure of a length in pixels of the design.
+  int Scaled(int pixels) const { return qRound(pixels * window.devicePixelRatioF()); }
+
+  QWidget window;
+  SystemWindowChrome chrome{window};
+};
+
+TEST_F(SystemWindowChromeTest, StaysOnTop) {
+  for (const bool shown : {false, true}) {
+    window.setVisible(shown);
+    EXPECT_TRUE(chrome.SetTopmost(-1, true));
+    EXPECT_TRUE(IsTopmost());
+    EXPECT_TRUE(chrome.SetTopmost(7, true)) << "the top of its kind";
+    EXPECT_TRUE(IsTopmost());
+    EXPECT_TRUE(chrome.SetTopmost(0, true));
+    EXPECT_FALSE(IsTopmost());
+  }
+  chrome.SetTopmost(-1, true);
+  window.hide();
+  window.show();
+  EXPECT_TRUE(IsTopmost()) << "still after it was hidden";
+}
+
+TEST_F(SystemWindowChromeTest, CutsTheCorners) {
+  window.show();
+  chrome.SetRoundedRegion(window.width(), window.height(), 20);
+  HRGN region = CreateRectRgn(0, 0, 0, 0);
+  ASSERT_EQ(GetWindowRgn(Native(), region), COMPLEXREGION);
+  const int right = Scaled(window.width()), bottom = Scaled(window.height());
+  const int middle = Scaled(100), corner = Scaled(2), inside = Scaled(4);
+  for (const auto& [x, y, in] : {std::tuple{corner, 0, FALSE},
+                                 {right - 1 - corner, 0, FALSE},
+                                 {corner, bottom - 2, FALSE},
+                                 {right - 1 - corner, bottom - 2, FALSE},
+                                 {inside, inside, TRUE},
+                                 {right - 2 - inside, bottom - 2 - inside, TRUE},
+                                 {middle, 0, TRUE},
+                                 {0, middle, TRUE},
+                                 {right - 2, middle, TRUE},
+                                 {middle, bottom - 2, TRUE},
+                                 {right, middle, FALSE},
+                                 {middle, bottom, FALSE}}) {
+    EXPECT_EQ(PtInRegion(region, x, y), in) << x << "," << y;
+  }
+  window.resize(100, 60);
+  chrome.SetRoundedRegion(100, 60, 20);
+  RECT box{};
+  GetWindowRgnBox(Native(), &box);
+  EXPECT_NEAR(box.right, Scaled(100), 1);
+  EXPECT_NEAR(box.bottom, Scaled(60), 1);
+  DeleteObject(region);
+}
+
+TEST_F(SystemWindowChromeTest, AsksForAShadow) {
+  const auto style = [this] { return GetClassLongPtrW(Native(), GCL_STYLE); };
+  const auto before = style() & ~ULONG_PTR{CS_DROPSHADOW};
+  chrome.AddDropShadow();
+  EXPECT_EQ(style(), before | CS_DROPSHADOW);
+}
+
+// The system's own move, driven with the keyboard: two steps to the right, then the end.
+TEST_F(SystemWindowChromeTest, DragsWithTheSystemsOwnMove) {
+  window.show();
+  RunPending();
+  const QPoint origin = window.pos();
+  int entered = 0;
+  QTimer keys;
+  QObject::connect(&keys, &QTimer::timeout, [&] {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetCurrentThreadId(), &info);
+    if ((info.flags & GUI_INMOVESIZE) == 0) return;
+    const WPARAM key = ++entered <= 2 ? VK_RIGHT : VK_RETURN;
+    PostMessageW(Native(), WM_KEYDOWN, key, 0);
+  });
+  keys.start(20);
+  int finished = 0;
+  chrome.Drag([&finished] { ++finished; });
+  EXPECT_EQ(finished, 1) << "Drag returns when the move is over";
+  EXPECT_GT(entered, 0);
+  RunPending();
+  EXPECT_GT(window.pos().x(), origin.x());
+}
+
+}  // namespace
+}  // namespace orvane

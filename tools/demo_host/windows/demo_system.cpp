@@ -1,0 +1,57 @@
+#include "demo_host/demo_system.h"
+
+#include <stdexcept>
+
+#include "app/host_paths.h"
+#include "demo_host/demo_line.h"
+#include "platform/native_path.h"
+#include "platform/windows/message_host_channel.h"
+#include "platform/windows/system_registry.h"
+
+namespace orvane {
+namespace {
+
+// There is one registry and one desktop: beside an installed host there is no place for the demo.
+void RefuseBesideAHost(const std::filesystem::path& demoHost) {
+  const auto registry = NewHostRegistry();
+  BindHostRegistry(*registry);
+  const std::string installed = registry->Read("", "TXPfad", "");
+  std::error_code error;
+  const auto folder = NativePath(installed);
+  if (!installed.empty() && std::filesystem::exists(folder, error) &&
+      !std::filesystem::equivalent(folder, demoHost, error)) {
+    throw std::runtime_error("Auf diesem Rechner ist schon ein Talmix eingerichtet: " + installed);
+  }
+}
+
+}  // namespace
+
+DemoFolders EnterDemoSession(const std::filesystem::path& root) {
+  const auto base = std::filesystem::absolute(root);
+  DemoFolders folders{base / "host", base / "line", base / "line.log"};
+  for (const auto& folder : {folders.host, folders.line}) {
+    std::filesystem::create_directories(folder);
+  }
+  RefuseBesideAHost(folders.host);
+  return folders;
+}
+
+std::unique_ptr<HostRegistry> NewHostRegistry() {
+  return std::make_unique<SystemRegistry>();
+}
+
+std::unique_ptr<HostChannel> NewHostChannel() {
+  return std::make_unique<MessageHostChannel>();
+}
+
+std::unique_ptr<DemoLine> MakeSystemDemoLine(const std::string& /*name*/,
+                                             const std::filesystem::path& /*folder*/) {
+  return nullptr;
+}
+
+// No quotes around it, whatever it holds.
+void SetCommandLine(QProcess& process, const QString& text) {
+  process.setNativeArguments(text);
+}
+
+}  // namespace orvane
