@@ -54,10 +54,11 @@ TEST(QtPrompts, ABoxMayGoAwayWithItsParentWindow) {
   auto window = std::make_unique<QWidget>();
   window->show();
   window->activateWindow();
-  ASSERT_TRUE(RunUntil([&] { return window->isActiveWindow(); }));
+  ASSERT_TRUE(RunUntil([&] { return QApplication::activeWindow() == window.get(); }));
   WithBox([&] { prompts.ShowMessage(PromptIcon::kNone, "Text", "Titel"); },
           [&](QMessageBox& box) {
             EXPECT_EQ(box.parentWidget(), window.get());
+            if (box.parentWidget() == nullptr) box.close();
             window.reset();
           });
 }

@@ -1,5 +1,8 @@
 #include "platform/windows/tapi32_lines.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/errors.h"
 #include "scripted_tapi_lab.h"
 
@@ -102,6 +105,23 @@ TEST_F(Tapi32LinesTest, DialogsBelongToTheDeviceOrAreRefused) {
   lines.ShowDialog(1, LineDialog::kDialling, 78);
   EXPECT_EQ(tapi.dialogs, (Log{"device 0 before 77", "dialling 2 before 78"}));
   EXPECT_EQ(FailureOf([&] { lines.ShowDialog(1, LineDialog::kDevice, 0); }), kUnavailable);
+}
+
+TEST_F(Tapi32LinesTest, EachStepOfACallIsReportedOnceWhateverTheDriversManner) {
+  const std::pair<std::string, Log> kCourses[] = {
+      {lab.farEndHangsUp, {"16", "32", "256", "connected"}},
+      {lab.busy, {"16", "64", "busy"}},
+      {lab.rejected, {"16", "32"}},
+      {lab.unknown, {"16"}}};
+  for (const ScriptedTapi::Manner manner :
+       {ScriptedTapi::Manner{}, {false, false, true}, {true, true, true}}) {
+    tapi.manner = manner;
+    for (const auto& [number, course] : kCourses) {
+      SCOPED_TRACE(number + (manner.abruptEnds ? " abrupt" : ""));
+      lines.MakeCall(0, number);
+      EXPECT_EQ(Settled(), course + kEnd);
+    }
+  }
 }
 
 TEST_F(Tapi32LinesTest, WhatTapiRefusesAtOnceIsThrownAndLeavesTheLineUsable) {

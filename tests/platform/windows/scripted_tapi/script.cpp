@@ -114,7 +114,9 @@ LONG Script::Drop(HCALL handle) {
   SendReply(request, results.dropReply, nullptr, 0);
   if (results.dropReply != 0) return request;
   if (!manner.abruptEnds && call->state != LINECALLSTATE_DISCONNECTED) {
-    SendState(*call, LINECALLSTATE_DISCONNECTED, LINEDISCONNECTMODE_NORMAL);
+    const bool isBusy = call->state == LINECALLSTATE_BUSY;
+    SendState(*call, LINECALLSTATE_DISCONNECTED,
+              isBusy ? LINEDISCONNECTMODE_BUSY : LINEDISCONNECTMODE_NORMAL);
   }
   SendState(*call, LINECALLSTATE_IDLE);
   return request;
