@@ -329,11 +329,27 @@ class Bench:
         self.display.command("click 1")
         modem.wait_for(b"ATH0")
 
+    def measure_classification(self):
+        table = self.root / "host" / "res" / "VPB.rgt"
+        output = subprocess.run([self.programs / "orvane-bench-classification", table], text=True,
+                                check=True, stdout=subprocess.PIPE).stdout
+        pairs = [line.split() for line in output.splitlines()]
+        dialer, engine = ([int(time_ns) / 1e9 for time_ns in times] for times in zip(*pairs))
+
+        def precise(value):
+            return f"{value * 1e3:.3f} ms"
+
+        self.row("classification of a key, table opened and closed", dialer, precise)
+        self.row("the same question to the plain engine", engine, precise)
+        ratio = percentile(dialer, 0.5) / percentile(engine, 0.5)
+        self.tell(f"| classification, dialer to plain engine | {ratio:.2f} | |")
+
     def run(self):
         self.running.append(start_window_manager())
         self.install()
         modem = Modem(self.com_link())
         self.tell("| Measured | p50 | p99 |\n|---|---|---|")
+        self.measure_classification()
         field, button = self.places()
         self.measure_start()
         dialer = self.start_dialer()
