@@ -131,7 +131,7 @@ QTreeView[role="calls"] { background: transparent; border: 1px solid transparent
 QTreeView[role="calls"]:focus { border: 1px solid @focus; }
 QHeaderView { background: transparent; border: none; }
 QHeaderView::section { color: @mutedText; background: @ground; border: none;
-  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px;
+  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px 3px 8px;
   font-size: @smallPx; font-weight: bold; }
 QHeaderView::section:hover { background: @fieldHover; }
 
