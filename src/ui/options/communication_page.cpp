@@ -6,13 +6,13 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QRadioButton>
 #include <QStackedWidget>
 
 #include "ui/options/options_controls.h"
 #include "ui/style/check_box.h"
 #include "ui/style/command_button.h"
 #include "ui/style/control_building.h"
+#include "ui/style/radio_button.h"
 
 namespace orvane {
 namespace {
@@ -35,7 +35,7 @@ QGroupBox* NewGroup(QWidget& parent, const char* caption) {
 
 QRadioButton* NewChoice(QWidget& parent, const char* name, std::size_t index,
                         const QString& caption, const QString& description) {
-  auto* choice = new QRadioButton(caption, &parent);
+  auto* choice = new RadioButton(caption, &parent);
   Name(*choice, name, index);
   choice->setToolTip(description);
   return choice;

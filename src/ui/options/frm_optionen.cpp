@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
@@ -23,6 +24,7 @@ namespace orvane {
 namespace {
 
 constexpr int kCornerPixels = 20;
+constexpr QSize kDesignedSize(640, 560);
 constexpr std::size_t kApply = 0;
 constexpr std::size_t kCancel = 1;
 
@@ -51,7 +53,14 @@ frmOptionen::frmOptionen(Services& services, ProgramState& state, CurrentCall& c
   setWindowTitle(c_.lblHead->text());
   setWindowModality(Qt::ApplicationModal);
   SetTestDialIdle(true);
+  FitSize();
   ConnectControls();
+}
+
+// As designed, or larger where the font needs it. Sizes are known only when the style is applied.
+void frmOptionen::FitSize() {
+  for (QWidget* control : findChildren<QWidget*>()) control->ensurePolished();
+  setFixedSize(layout()->minimumSize().expandedTo(kDesignedSize));
 }
 
 void frmOptionen::ConnectControls() {

@@ -57,6 +57,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void FitSize();
   void ConnectControls();
   // Runs the work when nothing else is in the middle of its own, unless the dialog is over by then.
   void Later(const std::function<void()>& work);

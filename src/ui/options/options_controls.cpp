@@ -16,7 +16,6 @@ constexpr int kFrameWidth = 1;
 constexpr int kLogoSide = 14;
 constexpr int kCommandWidth = 120;
 constexpr int kCommandHeight = 32;
-constexpr QSize kDesignedSize(640, 560);
 
 void BuildHead(QWidget& dialog, OptionsControls& c) {
   c.panHead = NewPanel(dialog, "panHead", role::kTitle);
@@ -37,6 +36,8 @@ void BuildPages(QWidget& dialog, OptionsControls& c) {
   SetRole(*c.tabTab, role::kPages);
   c.tabTab->setAttribute(Qt::WA_StyledBackground);
   c.tabTab->tabBar()->setDrawBase(false);
+  // The bar keeps the sizes that its tabs have when they are added.
+  c.tabTab->tabBar()->ensurePolished();
   c.tabTab->tabBar()->setAccessibleName(QStringLiteral("Seite der Optionen"));
   c.tabTab->addTab(BuildCommunicationPage(dialog, c),
                    QStringLiteral("&Kommunikationseinstellungen"));
@@ -91,7 +92,6 @@ OptionsControls BuildOptionsControls(QWidget& dialog) {
   column->addWidget(c.tabTab, 1);
   column->addWidget(commands);
   SetUpEnter(dialog, c);
-  dialog.setFixedSize(column->minimumSize().expandedTo(kDesignedSize));
   return c;
 }
 

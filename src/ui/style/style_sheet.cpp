@@ -103,9 +103,7 @@ QRadioButton:disabled { color: @disabledText; }
 QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid @mutedText;
   border-radius: 7px; background: @field; }
 QRadioButton::indicator:hover { border-color: @focus; }
-QRadioButton::indicator:checked { width: 5px; height: 5px; border: 5px solid @frame;
-  border-radius: 7px; background: @onFrame; }
-QRadioButton::indicator:checked:hover { border-color: @frameHover; }
+QRadioButton::indicator:checked { border-color: @focus; }
 QRadioButton::indicator:disabled { background: @disabledField; border-color: @border; }
 
 QFrame[role="log"] { background: @log; border-bottom-left-radius: 9px;
@@ -155,7 +153,7 @@ QGroupBox[role="cover"]::title { left: 9px; top: 8px; }
 QListView[role="choices"] { color: @text; background: @field; border: 1px solid @border;
   border-radius: 6px; padding: 2px; outline: none; }
 QListView[role="choices"]:focus { border: 2px solid @focus; padding: 1px; }
-QListView[role="choices"]::item { color: @text; padding: 2px 4px; }
+QListView[role="choices"]::item { min-height: 22px; }
 QListView[role="choices"]::item:selected { color: @text; background: @selection; }
 QPlainTextEdit { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
   padding: 1px; selection-color: @text; selection-background-color: @selection; }
