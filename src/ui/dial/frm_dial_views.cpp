@@ -1,4 +1,5 @@
 // The switch between the full view and the compact one at the top edge of the screen.
+#include <QLayout>
 #include <QPushButton>
 #include <QTabBar>
 #include <algorithm>
@@ -60,6 +61,8 @@ void frmDial::SwitchTo(DialView view) {
   WidgetPlacement placement(*this);
   Views views(*this);
   SwitchView(placement, views, view, fullView_);
+  // The number takes the room that the hidden commands left.
+  c_.numberStrip->layout()->activate();
   FitNumber();
   const bool full = view == DialView::kFull;
   c_.hovSizer->setIcon(GlyphIcon(full ? Glyph::kArrowUp : Glyph::kArrowDown, &Palette::onFrame));
