@@ -77,7 +77,8 @@ int Run(const std::string& commandLine) {
                     loop,
                     clock,
                     locale,
-                    messages};
+                    messages,
+                    SerialPortNames};
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;

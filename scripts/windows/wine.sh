@@ -11,8 +11,8 @@ export WINEPREFIX="$1/prefix" WINEDEBUG="${WINEDEBUG:--all}" LC_ALL=C.UTF-8
 mkdir -p "$WINEPREFIX"
 libraries="Z:${2//:/;Z:}"
 export WINEPATH="${libraries//\//\\}"
-# Nothing here is for .NET or HTML, whose absence a fresh prefix would want to talk about.
-export WINEDLLOVERRIDES="mscoree,mshtml=${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
+# A crash ends the program at once, and nobody asks for .NET or HTML.
+export WINEDLLOVERRIDES="winedbg.exe,mscoree,mshtml=${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
 if [[ -n "${TMPDIR:-}" ]]; then
   export WINETMP="Z:${TMPDIR//\//\\}" WINETEMP="Z:${TMPDIR//\//\\}"
 fi

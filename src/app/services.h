@@ -8,6 +8,7 @@
 #include "platform/ini_file.h"
 #include "platform/prompts.h"
 #include "platform/serial_control.h"
+#include "platform/serial_ports.h"
 #include "platform/single_instance.h"
 #include "platform/tapi_control.h"
 
@@ -26,6 +27,7 @@ struct Services {
   Clock& clock;
   LocaleFormat& locale;
   Prompts& prompts;
+  SerialPortLister serialPorts;
 };
 
 }  // namespace orvane

@@ -13,6 +13,7 @@ class TestDialPanel {
   // and "&Wählen...".
   virtual void SetTestDialIdle(bool idle) = 0;
   virtual bool TestDialPressed() const = 0;
+  virtual void SetTestDialEnabled(bool enabled) = 0;
   virtual void EnableAndFocusTestDial() = 0;
   // The port that is selected in the dialog, 1 to 8.
   virtual int SelectedComPort() const = 0;

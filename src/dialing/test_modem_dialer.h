@@ -19,6 +19,9 @@ class TestModemDialer {
   // otherwise hangs up.
   void TestDialModem(const std::string& number);
 
+  // Forgets the call in progress without touching port or dialog.
+  void Abandon() { modem_.Abandon(); }
+
  private:
   TestDialPanel& panel_;
   ModemCall modem_;

@@ -65,8 +65,9 @@ class ProgramFixture : public testing::Test {
   GermanFormat locale;
   FakePrompts prompts;
   RegistryFactory newRegistry = FakeRegistryFactory(registry);
-  Services services{newRegistry, ini,  databases, serial, tapi,   channel,
-                    instance,    loop, clock,     locale, prompts};
+  std::vector<std::string> serialPorts{"COM1", "COM3"};
+  Services services{newRegistry, ini,  databases, serial, tapi,    channel,
+                    instance,    loop, clock,     locale, prompts, [this] { return serialPorts; }};
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;

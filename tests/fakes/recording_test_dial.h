@@ -15,12 +15,14 @@ class RecordingTestDial : public TestDialPanel {
     log.emplace_back(idle ? "idle" : "session");
   }
   bool TestDialPressed() const override { return pressed; }
+  void SetTestDialEnabled(bool value) override { enabled = value; }
   void EnableAndFocusTestDial() override { log.emplace_back("focus"); }
   int SelectedComPort() const override { return port; }
   void AppendProgress(const std::string& text) override { log.push_back(text); }
 
   std::vector<std::string> log;
   bool pressed = false;
+  bool enabled = true;
   int port = 3;
 };
 

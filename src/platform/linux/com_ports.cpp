@@ -1,10 +1,13 @@
 #include "platform/linux/com_ports.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSerialPortInfo>
 #include <QStandardPaths>
 #include <algorithm>
 #include <tuple>
+
+#include "platform/serial_control.h"
 
 namespace orvane {
 namespace {
@@ -45,6 +48,17 @@ QStringList SerialDevices() {
     devices += info.systemLocation();
   }
   return InComOrder(devices);
+}
+
+std::vector<std::string> SerialPortNames() {
+  const QStringList found = SerialDevices();
+  std::vector<std::string> names;
+  for (int port = 1; port <= kSerialMaxPort; ++port) {
+    const auto device = ComPortDevice(port, ComLinkFolder(), [&found] { return found; });
+    // A link whose adapter is unplugged leads nowhere.
+    if (device && QFileInfo::exists(*device)) names.push_back("COM" + std::to_string(port));
+  }
+  return names;
 }
 
 QString ComLinkFolder() {

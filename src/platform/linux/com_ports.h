@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace orvane {
 
@@ -20,6 +22,9 @@ std::optional<QString> ComPortDevice(int port, const QString& linkFolder,
 
 // The devices that the machine has now, in order.
 QStringList SerialDevices();
+
+// "COM1" and so on for the ports whose device is there now, in order.
+std::vector<std::string> SerialPortNames();
 
 // Where users put the links: "orvane" in their configuration folder.
 QString ComLinkFolder();

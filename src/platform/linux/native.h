@@ -6,6 +6,7 @@
 
 #include "platform/event_loop.h"
 #include "platform/line_service_provider.h"
+#include "platform/linux/com_ports.h"
 #include "platform/linux/lock_file_instance.h"
 #include "platform/linux/profile_ini_file.h"
 #include "platform/linux/qt_serial_control.h"

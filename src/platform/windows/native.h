@@ -7,6 +7,7 @@
 #include "platform/event_loop.h"
 #include "platform/line_service_provider.h"
 #include "platform/window_chrome.h"
+#include "platform/windows/com_ports.h"
 #include "platform/windows/comm_serial_control.h"
 #include "platform/windows/message_host_channel.h"
 #include "platform/windows/mutex_instance.h"

@@ -9,9 +9,9 @@
 #include <QPainter>
 
 #include "platform/errors.h"
-#include "ui/dial/command_button.h"
 #include "ui/dial/widget_placement.h"
 #include "ui/logic/window_geometry.h"
+#include "ui/style/command_button.h"
 #include "ui/style/elided_label.h"
 #include "ui/style/glyph_icon.h"
 #include "ui/style/palette.h"
@@ -37,7 +37,8 @@ frmDial::frmDial(Services& services, ProgramState& state, CurrentCall& call, Wor
       dial_(services, state, call, *this, modem_, tapi_),
       channel_(services, state, call, queue, *this),
       c_(BuildDialControls(*this)),
-      chrome_(newChrome(*this)) {
+      newChrome_(newChrome),
+      chrome_(newChrome_(*this)) {
   setObjectName(QStringLiteral("frmDial"));
   setWindowTitle(
       QString::fromUtf8(kDialWindowCaption.data(), qsizetype(kDialWindowCaption.size())));
@@ -81,6 +82,10 @@ bool frmDial::eventFilter(QObject* watched, QEvent* event) {
       return false;
     case QEvent::MouseButtonPress:
       return dragAreas_.contains(watched) && DragWindow(static_cast<QMouseEvent*>(event)->button());
+    case QEvent::MouseButtonDblClick:
+      if (watched != c_.lblBase[0]) return false;
+      queue_.Submit([this] { SwitchTo(OtherView()); });
+      return true;
     default:
       return false;
   }

@@ -22,14 +22,23 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/logic/number_classifier.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
+#include "ui/logic/view_toggle.h"
+#include "ui/options/options_owner.h"
 
 namespace orvane {
 
+class frmOptionen;
+
 // The dial window: a frameless pad beside the host application. What the user does goes through the
 // work queue, so that it cannot overtake a procedure that is still busy.
-class frmDial final : public QWidget, public SettingsPanel, public LinePanel, public RemotePanel {
+class frmDial final : public QWidget,
+                      public SettingsPanel,
+                      public LinePanel,
+                      public RemotePanel,
+                      public OptionsOwner {
  public:
   using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
 
@@ -81,6 +90,10 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   bool NumberEnabled() const override;
   void SetNumberText(const std::string& text) override;
 
+  // OptionsOwner
+  void ReloadAppliedSettings() override;
+  void OptionsEnded() override;
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -103,6 +116,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void OfferClipboard();
 
   // Closing, step by step.
+  void AbandonOptions();
   void ReleaseDatabases();
   void ShutDownTapi();
 
@@ -120,6 +134,7 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void OnKeypad(std::size_t key);
   void OnSpeedDial(int index);
   void OnOptions();
+  void OpenOptions();
   void RefuseDuringSession(const std::string& text);
   void ShowSpeedDialKind(int index);
 
@@ -129,6 +144,15 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
   void ShowCallCount();
   void SaveCallColumns();
   void ShowHistoryPanel(bool shown);
+
+  // Full view and compact view.
+  class Views;
+  bool FullViewShown() const;
+  DialView OtherView() const { return FullViewShown() ? DialView::kCompact : DialView::kFull; }
+  void SwitchTo(DialView view);
+  void ArrangeFull();
+  void ArrangeCompact();
+  void FitHeight();
   void OnCallFilter(std::string_view setting, int value);
   void OnTextFilter();
   void OnCallTaken(const std::string& number);
@@ -154,10 +178,18 @@ class frmDial final : public QWidget, public SettingsPanel, public LinePanel, pu
 
   DialControls c_;
   std::set<const QObject*> dragAreas_;
+  ChromeFactory newChrome_;
   std::unique_ptr<WindowChrome> chrome_;
+  // While it is open the window is disabled and hidden. Belongs to the window.
+  frmOptionen* options_ = nullptr;
+  // The host named another user meanwhile.
+  bool reloadAfterOptions_ = false;
 
   Stage stage_ = Stage::kBuilt;
+  // Where the full view was when the compact one replaced it.
+  TwipPoint fullView_;
   std::unique_ptr<DatabaseConnection> areaCodes_;
+  NumberClassifier classifier_;
   bool speedDialSelectable_ = false;
   // The folder of the user whose calls the history shows.
   std::string shownJournal_;

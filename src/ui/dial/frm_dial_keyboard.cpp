@@ -5,10 +5,10 @@
 #include <QLineEdit>
 
 #include "ui/dial/call_list_view.h"
-#include "ui/dial/command_button.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/dial/virtual_key.h"
 #include "ui/logic/keyboard_table.h"
+#include "ui/style/command_button.h"
 #include "ui/style/drop_down.h"
 
 namespace orvane {

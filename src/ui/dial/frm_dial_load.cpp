@@ -79,13 +79,6 @@ void frmDial::OfferClipboard() {
   SetNumberText(NumberFromClipboard(QGuiApplication::clipboard()->text().toStdString()));
 }
 
-void frmDial::ReloadSettings() {
-  InitSettings(services_, state_, *this);
-  ShowDestination();
-  // Another user has other calls.
-  if (HistoryShown() && shownJournal_ != state_.host.userPath) RefreshTelList();
-}
-
 void frmDial::Show() {
   Load();
   if (stage_ != Stage::kLoaded) return;
@@ -98,6 +91,7 @@ void frmDial::Show() {
 void frmDial::Unload() {
   if (stage_ != Stage::kLoaded) return;
   stage_ = Stage::kClosed;
+  AbandonOptions();
   state_.host.dialWindowRunning = false;
   SaveCallColumns();
   Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry(), kDialSection); });

@@ -5,10 +5,10 @@
 #include <QListWidget>
 #include <QStandardItemModel>
 
-#include "ui/dial/command_button.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/logic/speed_dial_selection.h"
 #include "ui/logic/window_geometry.h"
+#include "ui/style/command_button.h"
 #include "ui/style/drop_down.h"
 #include "ui/style/elided_label.h"
 #include "ui/style/glyph_icon.h"
@@ -150,7 +150,8 @@ bool frmDial::JustPlaced() const {
 }
 
 bool frmDial::ExternVisible() const {
-  return c_.chkExtern->isVisibleTo(this);
+  // The compact view has no room for the box, but what it says counts there too.
+  return !c_.chkExtern->isHidden();
 }
 
 void frmDial::SetExternTicked(bool ticked) {

@@ -6,8 +6,8 @@
 #include <QTabBar>
 
 #include "ui/dial/call_list_view.h"
-#include "ui/dial/control_building.h"
 #include "ui/style/check_box.h"
+#include "ui/style/control_building.h"
 #include "ui/style/drop_down.h"
 
 namespace orvane {

@@ -23,6 +23,7 @@ QMenu::item:disabled { color: @disabledText; }
 QFrame[role="title"] { background: @frame; border-top-left-radius: 9px;
   border-top-right-radius: 9px; }
 QFrame[role="title"] QLabel { color: @onFrame; font-weight: bold; }
+QLabel[role="smallTitleCaption"] { font-size: @tinyPx; }
 QPushButton[role="titleButton"] { background: transparent; border: 1px solid transparent;
   border-radius: 3px; padding: 0; }
 QPushButton[role="titleButton"]:hover { background: @frameHover; }
@@ -59,6 +60,7 @@ QPushButton[role="fieldButton"]:hover { background: @fieldHover; }
 QPushButton[role="fieldButton"]:pressed { background: @selection; }
 QPushButton[role="fieldButton"]:focus { border: 2px solid @focus; }
 QPushButton[role="key"] { padding: 0; font-size: @keyPx; }
+QPushButton[role="smallKey"] { padding: 0; border-radius: 4px; font-size: @smallPx; }
 QPushButton[role="dial"], QPushButton[role="hangUp"] { color: @onCommand; padding: 0;
   font-size: @commandPx; font-weight: bold; }
 QPushButton[role="dial"] { background: @dial; border: 1px solid @dial; }
@@ -95,6 +97,15 @@ QCheckBox::indicator:checked { background: @frame; border-color: @frame; }
 QCheckBox::indicator:checked:hover { background: @frameHover; }
 QCheckBox::indicator:disabled { background: @disabledField; border-color: @border; }
 
+QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px; }
+QRadioButton:focus { border: 1px solid @focus; }
+QRadioButton:disabled { color: @disabledText; }
+QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid @mutedText;
+  border-radius: 7px; background: @field; }
+QRadioButton::indicator:hover { border-color: @focus; }
+QRadioButton::indicator:checked { border-color: @focus; }
+QRadioButton::indicator:disabled { background: @disabledField; border-color: @border; }
+
 QFrame[role="log"] { background: @log; border-bottom-left-radius: 9px;
   border-bottom-right-radius: 9px; }
 QFrame[role="logBeside"] { background: @log; border-bottom-left-radius: 9px; }
@@ -118,9 +129,38 @@ QTreeView[role="calls"] { background: transparent; border: 1px solid transparent
 QTreeView[role="calls"]:focus { border: 1px solid @focus; }
 QHeaderView { background: transparent; border: none; }
 QHeaderView::section { color: @mutedText; background: @ground; border: none;
-  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px;
+  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px 3px 8px;
   font-size: @smallPx; font-weight: bold; }
 QHeaderView::section:hover { background: @fieldHover; }
+
+QTabWidget[role="pages"] { background: @strip; }
+QTabWidget[role="pages"]::pane { background: @ground; border: none; }
+QTabWidget[role="pages"]::tab-bar { left: 12px; }
+QTabWidget[role="pages"] QTabBar::tab { margin-top: 6px; }
+QTabWidget[role="pages"] QTabBar::tab:selected { background: @ground; }
+QFrame[role="foot"] { background: @ground; border-bottom-left-radius: 9px;
+  border-bottom-right-radius: 9px; }
+QPushButton[role="primary"] { color: @onFrame; background: @frame; border-color: @frame;
+  font-weight: bold; }
+QPushButton[role="primary"]:hover { background: @frameHover; border-color: @frameHover; }
+QPushButton[role="primary"]:pressed { background: @log; border-color: @log; }
+QPushButton[role="primary"]:focus { border: 2px solid @onLogMuted; }
+QGroupBox { color: @heading; font-weight: bold; border: 1px solid @border; border-radius: 6px;
+  margin-top: 8px; padding-top: 6px; }
+QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
+QGroupBox[role="cover"] { background: @strip; margin-top: 0; padding-top: 22px; }
+QGroupBox[role="cover"]::title { left: 9px; top: 8px; }
+QListView[role="choices"] { color: @text; background: @field; border: 1px solid @border;
+  border-radius: 6px; padding: 2px; outline: none; }
+QListView[role="choices"]:focus { border: 2px solid @focus; padding: 1px; }
+QListView[role="choices"]::item { min-height: 22px; }
+QListView[role="choices"]::item:selected { color: @text; background: @selection; }
+QPlainTextEdit { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
+  padding: 1px; selection-color: @text; selection-background-color: @selection; }
+QPlainTextEdit:focus { border: 2px solid @focus; padding: 0; }
+QPlainTextEdit[role="log"] { color: @onLog; background: @log; border-color: @log;
+  font-size: @smallPx; selection-color: @log; selection-background-color: @onLogMuted; }
+QPlainTextEdit[role="log"]:focus { border: 2px solid @onLogMuted; }
 
 QScrollBar:vertical { background: transparent; width: 9px; margin: 0; }
 QScrollBar::handle:vertical { background: @mutedText; border-radius: 4px; min-height: 20px; }
@@ -172,6 +212,7 @@ QString Pixels(int count) {
 
 QString ValueOf(const QString& name, const Palette& palette, int fontPixels) {
   if (name == QLatin1String("smallPx")) return Pixels(std::max(fontPixels - 1, 9));
+  if (name == QLatin1String("tinyPx")) return QStringLiteral("10px");
   if (name == QLatin1String("keyPx")) return Pixels(fontPixels + 4);
   if (name == QLatin1String("commandPx")) return Pixels(fontPixels + 2);
   if (name == QLatin1String("numberPx")) return Pixels(fontPixels + 5);

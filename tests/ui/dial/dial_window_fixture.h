@@ -51,9 +51,9 @@ class DialWindowFixture : public ProgramFixture {
   // A new window in place of the old one, for instance after a change of the desktop's look.
   void MakeWindow() {
     window.reset();
-    window = std::make_unique<frmDial>(services, state, call, queue, [this](QWidget&) {
+    window = std::make_unique<frmDial>(services, state, call, queue, [this](QWidget& widget) {
       auto made = std::make_unique<FakeChrome>();
-      chrome = made.get();
+      (widget.parentWidget() == nullptr ? chrome : dialogChrome) = made.get();
       return made;
     });
   }
@@ -104,6 +104,8 @@ class DialWindowFixture : public ProgramFixture {
   ApplicationStyle style{*static_cast<QApplication*>(QApplication::instance())};
   std::unique_ptr<frmDial> window;
   FakeChrome* chrome = nullptr;
+  // The options dialog's, while there is one.
+  FakeChrome* dialogChrome = nullptr;
 };
 
 }  // namespace orvane

@@ -1,4 +1,4 @@
-#include "ui/dial/control_building.h"
+#include "ui/style/control_building.h"
 
 #include <QBoxLayout>
 

@@ -1,18 +1,8 @@
 #pragma once
 
-#include "ui/style/icon_button.h"
+#include "ui/style/command_button.h"
 
 namespace orvane {
-
-// A button whose pressed look is set by the program: it tells a state and is not toggled by a
-// click.
-class CommandButton : public IconButton {
- public:
-  explicit CommandButton(QWidget* parent);
-
- protected:
-  void nextCheckState() override;
-};
 
 // A key of the keypad: the character and, smaller beside it, the letters that share the key.
 class KeypadButton : public CommandButton {

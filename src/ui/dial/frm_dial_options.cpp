@@ -1,0 +1,67 @@
+// The way to the options dialog and back.
+#include "app/init_settings.h"
+#include "ui/dial/attempt.h"
+#include "ui/dial/frm_dial.h"
+#include "ui/options/frm_optionen.h"
+
+namespace orvane {
+namespace {
+
+constexpr int kTopmost = -1;
+constexpr int kNotTopmost = 0;
+
+}  // namespace
+
+void frmDial::OnOptions() {
+  if (SessionOn()) {
+    RefuseDuringSession("Optionen können nicht während einer Telefonsitzung geändert werden.");
+  } else if (options_ == nullptr) {
+    OpenOptions();
+  }
+}
+
+void frmDial::OpenOptions() {
+  setEnabled(false);
+  Attempt([this] { services_.serial.SetPortOpen(false); });
+  chrome_->SetTopmost(kNotTopmost, true);
+  options_ = new frmOptionen(services_, state_, call_, queue_, *this, newChrome_, *this);
+  tapi_.SetTestDial(options_);
+  options_->Load();
+  options_->Show();
+  hide();
+}
+
+void frmDial::OptionsEnded() {
+  tapi_.SetTestDial(nullptr);
+  options_->deleteLater();
+  options_ = nullptr;
+  if (reloadAfterOptions_) ReloadSettings();
+  show();
+  Attempt([this] { services_.serial.SetPortOpen(false); });
+  chrome_->SetTopmost(kTopmost, true);
+  setEnabled(true);
+  activateWindow();
+}
+
+void frmDial::AbandonOptions() {
+  if (options_ == nullptr) return;
+  tapi_.SetTestDial(nullptr);
+  options_->Abandon();
+  options_->deleteLater();
+  options_ = nullptr;
+}
+
+// Opening the configured line would take the current one from the options dialog.
+void frmDial::ReloadSettings() {
+  reloadAfterOptions_ = options_ != nullptr;
+  if (!reloadAfterOptions_) ReloadAppliedSettings();
+}
+
+void frmDial::ReloadAppliedSettings() {
+  InitSettings(services_, state_, *this);
+  ShowDestination();
+  // Another user has other calls.
+  if (HistoryShown() && shownJournal_ != state_.host.userPath) RefreshTelList();
+}
+
+}  // namespace orvane

@@ -1,0 +1,163 @@
+#include "ui/options/frm_optionen.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QTabWidget>
+
+#include "ui/style/command_button.h"
+#include "ui/style/palette.h"
+
+namespace orvane {
+namespace {
+
+constexpr int kCornerPixels = 20;
+constexpr QSize kDesignedSize(640, 560);
+constexpr std::size_t kApply = 0;
+constexpr std::size_t kCancel = 1;
+
+// Moving the focus to the frame of the list keeps it from taking the arrow keys; they go back to
+// it.
+bool MovesInList(int key) {
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home || key == Qt::Key_End;
+}
+
+}  // namespace
+
+frmOptionen::frmOptionen(Services& services, ProgramState& state, CurrentCall& call,
+                         WorkQueue& queue, OptionsOwner& owner, const ChromeFactory& newChrome,
+                         QWidget& parent)
+    : QDialog(&parent, Qt::Dialog | Qt::FramelessWindowHint),
+      services_(services),
+      state_(state),
+      call_(call),
+      queue_(queue),
+      owner_(owner),
+      modem_(services, queue, *this),
+      tapi_(services, state, call, *this),
+      c_(BuildOptionsControls(*this)),
+      chrome_(newChrome(*this)) {
+  setObjectName(QStringLiteral("frmOptionen"));
+  setWindowTitle(c_.lblHead->text());
+  setWindowModality(Qt::ApplicationModal);
+  SetTestDialIdle(true);
+  FitSize();
+  ConnectControls();
+}
+
+// As designed, or larger where the font needs it. Sizes are known only when the style is applied.
+void frmOptionen::FitSize() {
+  for (QWidget* control : findChildren<QWidget*>()) control->ensurePolished();
+  setFixedSize(layout()->minimumSize().expandedTo(kDesignedSize));
+}
+
+void frmOptionen::ConnectControls() {
+  const auto onClick = [this](QPushButton* button, auto command) {
+    connect(button, &QPushButton::clicked, this, [this, command] { Later(command); });
+  };
+  for (const std::size_t button : {kApply, kCancel}) {
+    onClick(c_.cmdAktion[button], [this, button] { OnAction(button); });
+  }
+  for (std::size_t button = 0; button < c_.cmdConfigDlg.size(); ++button) {
+    onClick(c_.cmdConfigDlg[button], [this, button] { OnConfigDialog(button); });
+  }
+  onClick(c_.cmdDial, [this] { OnDial(); });
+  connect(c_.dialMethods, &QButtonGroup::idToggled, this, [this](int method, bool selected) {
+    if (selected) OnDialMethod(method);
+  });
+  connect(c_.txtTestNr, &QLineEdit::textChanged, this, [this] { OnTestNumberChanged(); });
+  connect(c_.lstLineSel, &QListWidget::itemSelectionChanged, this,
+          [this] { Later([this] { OnLineSelected(); }); });
+  connect(c_.tabTab, &QTabWidget::currentChanged, this,
+          [this] { c_.cmdAktion[kApply]->setFocus(); });
+  for (QWidget* watched : {static_cast<QWidget*>(c_.panHead), static_cast<QWidget*>(c_.lblHead),
+                           static_cast<QWidget*>(c_.tabConf)}) {
+    watched->installEventFilter(this);
+  }
+}
+
+void frmOptionen::Later(const std::function<void()>& work) {
+  queue_.Submit([self = QPointer<frmOptionen>(this), work] {
+    if (self && !self->ended_) work();
+  });
+}
+
+void frmOptionen::Show() {
+  chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
+  show();
+  raise();
+  activateWindow();
+  c_.optDial[static_cast<std::size_t>(DialMethod())]->setFocus();
+}
+
+bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == c_.tabConf) {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceCover();
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible()) return false;
+    c_.lstLineSel->setFocus();
+    QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text());
+    return QCoreApplication::sendEvent(c_.lstLineSel, &again);
+  }
+  if (event->type() != QEvent::MouseButtonPress) return QDialog::eventFilter(watched, event);
+  if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) return false;
+  chrome_->Drag([] {});
+  return true;
+}
+
+// However the dialog is closed, it ends in its turn and not in the middle of a procedure.
+void frmOptionen::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  reject();
+}
+
+void frmOptionen::reject() {
+  Later([this] { OnAction(kCancel); });
+}
+
+void frmOptionen::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), CurrentPalette().frame);
+}
+
+// What the dialog left open is closed together with the program.
+void frmOptionen::Abandon() {
+  ended_ = true;
+  modem_.Abandon();
+  hide();
+}
+
+void frmOptionen::OnAction(std::size_t button) {
+  services_.prompts.SetBusyCursor(true);
+  hide();
+  const std::int32_t line = state_.settings.tapiLineId;
+  CloseCurrentLine();
+  if (button == kApply) {
+    ErrorState failure;
+    if (!Apply(failure)) {
+      ComeBack(line, failure);
+      return;
+    }
+  } else {
+    RestoreLine();
+  }
+  ended_ = true;
+  modem_.Abandon();
+  owner_.OptionsEnded();
+  services_.prompts.SetBusyCursor(false);
+}
+
+}  // namespace orvane

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <QDialog>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/error_report.h"
+#include "app/program_state.h"
+#include "app/services.h"
+#include "app/work_queue.h"
+#include "dialing/test_dial_panel.h"
+#include "dialing/test_modem_dialer.h"
+#include "dialing/test_tapi_dialer.h"
+#include "journal/current_call.h"
+#include "platform/line_info.h"
+#include "platform/window_chrome.h"
+#include "ui/logic/option_choices.h"
+#include "ui/options/options_controls.h"
+#include "ui/options/options_owner.h"
+
+namespace orvane {
+
+// The options dialog: how calls are placed, and the speed-dial memory. It blocks the dial window
+// without an event loop of its own, so line events and host commands go on.
+class frmOptionen final : public QDialog, public TestDialPanel {
+ public:
+  using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
+
+  // Everything referred to outlives the dialog.
+  frmOptionen(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+              OptionsOwner& owner, const ChromeFactory& newChrome, QWidget& parent);
+
+  // Fills the controls from the settings and the speed-dial file.
+  void Load();
+  // Shows the dialog, the selected dial method in focus.
+  void Show();
+  // Ends a test call without applying or restoring anything; for the end of the program.
+  void Abandon();
+
+  // TestDialPanel
+  void SetTestDialIdle(bool idle) override;
+  bool TestDialPressed() const override;
+  void SetTestDialEnabled(bool enabled) override;
+  void EnableAndFocusTestDial() override;
+  int SelectedComPort() const override;
+  void AppendProgress(const std::string& text) override;
+
+  // Cancels, in its turn.
+  void reject() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void FitSize();
+  void ConnectControls();
+  // Runs the work when nothing else is in the middle of its own, unless the dialog is over by then.
+  void Later(const std::function<void()>& work);
+
+  // Filling.
+  void ShowChoices();
+  void ShowSpeedDial();
+  void LoadTapiList();
+  void CheckComPorts();
+
+  // Page "Kommunikationseinstellungen".
+  void OnDialMethod(int method);
+  void PlaceCover();
+  void OnTestNumberChanged();
+  void OnLineSelected();
+  void OnConfigDialog(std::size_t button);
+  void ShowLineDialog(LineDialog dialog);
+  void ShowDriverInformation();
+  void RefreshLines();
+  void SetTapiInfo(const std::vector<std::string>& lines);
+  void OnDial();
+  int DialMethod() const;
+  int SelectedLine() const;
+
+  // Ending.
+  void OnAction(std::size_t button);
+  bool Apply(ErrorState& failure);
+  void ComeBack(std::int32_t line, const ErrorState& failure);
+  void RestoreLine();
+  void CloseCurrentLine();
+  OptionChoices Choices() const;
+
+  Services& services_;
+  ProgramState& state_;
+  CurrentCall& call_;
+  WorkQueue& queue_;
+  OptionsOwner& owner_;
+  TestModemDialer modem_;
+  TestTapiDialer tapi_;
+
+  OptionsControls c_;
+  std::unique_ptr<WindowChrome> chrome_;
+
+  bool ended_ = false;
+  // As they were when the dialog opened.
+  std::int32_t lineBefore_ = kNoTapiLine;
+  bool callMonitorBefore_ = false;
+  std::string userPath_;
+  // False when the file could not be read: what is in it must not be overwritten.
+  bool speedDialKnown_ = false;
+  // How the test call in progress was placed.
+  bool testByModem_ = false;
+};
+
+}  // namespace orvane

@@ -1,0 +1,245 @@
+// The page "Kommunikationseinstellungen": dial method, lines and the test dial.
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+#include <array>
+#include <exception>
+
+#include "app/error_report.h"
+#include "app/init_settings.h"
+#include "app/text_tools.h"
+#include "dialing/number_preparation.h"
+#include "platform/errors.h"
+#include "platform/line_service_provider.h"
+#include "ui/logic/driver_info.h"
+#include "ui/options/frm_optionen.h"
+#include "ui/style/command_button.h"
+#include "ui/style/glyph_icon.h"
+#include "ui/style/style_sheet.h"
+
+namespace orvane {
+namespace {
+
+constexpr int kPortPage = 0;
+constexpr int kLinePage = 1;
+
+struct MethodLook {
+  int page;
+  const char* progress;
+  const char* hint;
+};
+constexpr std::array<MethodLook, 3> kMethodLooks = {{
+    {kPortPage, "<CTI deaktiviert>",
+     "Wählen Sie links, worüber das Programm Rufnummern wählen soll."},
+    {kPortPage, "<Status für Comm-Port - OK>", ""},
+    {kLinePage, "<Status für TAPI - OK>",
+     "Um hier ein TAPI-Gerät auszusuchen, wählen Sie links erst „Serielle Schnittstelle“ und dann "
+     "noch einmal „TAPI-Gerät“."},
+}};
+
+void AppendLine(QPlainTextEdit& box, const QString& text) {
+  box.appendPlainText(text);
+  box.moveCursor(QTextCursor::End);
+}
+
+}  // namespace
+
+int frmOptionen::DialMethod() const {
+  return std::max(c_.dialMethods->checkedId(), 0);
+}
+
+int frmOptionen::SelectedLine() const {
+  const auto selected = c_.lstLineSel->selectedItems();
+  return selected.isEmpty() ? kNoTapiLine : c_.lstLineSel->row(selected.front());
+}
+
+// The cover goes with the serial port only: whoever comes from "deactivated" straight to the lines
+// still sees it.
+void frmOptionen::OnDialMethod(int method) {
+  const MethodLook& look = kMethodLooks[static_cast<std::size_t>(method)];
+  if (method != kDialMethodTapi) c_.grpDeakt->setVisible(method == kDialMethodNone);
+  const bool covered = !c_.grpDeakt->isHidden();
+  c_.deactivatedHint->setText(QString::fromUtf8(look.hint));
+  c_.tabConf->setCurrentIndex(look.page);
+  // What cannot be seen must not take the focus.
+  c_.tabConf->setEnabled(!covered);
+  if (covered) PlaceCover();
+  c_.txtCallProgress->setPlainText(QString::fromUtf8(look.progress));
+  c_.chkAnrufmonitor->setEnabled(method == kDialMethodTapi);
+  OnTestNumberChanged();
+}
+
+void frmOptionen::PlaceCover() {
+  const QRect configuration(c_.lblDialHead->geometry().topLeft(),
+                            c_.tabConf->geometry().bottomRight());
+  c_.grpDeakt->setGeometry(configuration);
+  c_.grpDeakt->raise();
+}
+
+void frmOptionen::OnTestNumberChanged() {
+  QLineEdit& field = *c_.txtTestNr;
+  const auto filtered = [](const QString& text) {
+    return QString::fromStdString(FilterChars(text.toStdString(), kNumberFieldCharacters, true));
+  };
+  if (const QString kept = filtered(field.text()); kept != field.text()) {
+    const auto cursor = filtered(field.text().left(field.cursorPosition())).size();
+    const QSignalBlocker quiet(field);
+    field.setText(kept);
+    field.setCursorPosition(static_cast<int>(cursor));
+  }
+  c_.cmdDial->setEnabled(DialMethod() != kDialMethodNone &&
+                         HoldsNumber(field.text().toStdString()));
+}
+
+void frmOptionen::OnLineSelected() {
+  const std::int32_t selected = SelectedLine();
+  c_.tabConf->setFocus();
+  SetTestDialIdle(true);
+  CloseCurrentLine();
+  std::int32_t& line = state_.settings.tapiLineId;
+  line = selected;
+  if (line < 0) return;
+  try {
+    OpenTapiLine(services_.tapi, line);
+  } catch (const TapiError& error) {
+    AppendProgress(error.Description());
+  }
+}
+
+void frmOptionen::OnConfigDialog(std::size_t button) {
+  constexpr std::size_t kRefresh = 3;
+  const std::string caption =
+      c_.cmdConfigDlg[button]->text().remove(QLatin1Char('&')).toStdString();
+  if (button != kRefresh && state_.settings.tapiLineId < 0) {
+    services_.prompts.ShowMessage(PromptIcon::kExclamation,
+                                  "Bitte wählen Sie zuerst ein TAPI-Gerät aus.", caption);
+    return;
+  }
+  try {
+    switch (button) {
+      case 0:
+        ShowLineDialog(LineDialog::kDialling);
+        break;
+      case 1:
+        ShowLineDialog(LineDialog::kDevice);
+        break;
+      case 2:
+        ShowDriverInformation();
+        break;
+      default:
+        RefreshLines();
+    }
+  } catch (const std::exception& error) {
+    ShowError(services_.prompts, ErrorStateOf(error), caption);
+  }
+}
+
+void frmOptionen::ShowLineDialog(LineDialog dialog) {
+  try {
+    services_.tapi.ShowDialog(state_.settings.tapiLineId, dialog, winId());
+  } catch (const TapiError& error) {
+    if (error.Number() != kLineErrorOperationUnavailable) throw;
+    const bool dialling = dialog == LineDialog::kDialling;
+    services_.prompts.ShowMessage(
+        PromptIcon::kNone,
+        dialling ? "Für dieses TAPI-Gerät gibt es keine Wählparameter einzustellen."
+                 : "Der Treiber dieses TAPI-Geräts hat keine Einstellungen.",
+        dialling ? "Wählparameter" : "Treibereinstellung");
+  }
+}
+
+// The second block takes the place of the first: only the driver remains to be seen.
+void frmOptionen::ShowDriverInformation() {
+  const std::int32_t line = state_.settings.tapiLineId;
+  const std::string name = services_.tapi.LineName(line);
+  const LineInfo info = services_.tapi.Info(line);
+  SetTapiInfo(CapabilityLines(name, info));
+  SetTapiInfo(DriverLines(name, info));
+}
+
+void frmOptionen::RefreshLines() {
+  services_.tapi.ShutDown();
+  services_.tapi.SetTag("");
+  LoadTapiList();
+  SetTapiInfo({"TAPI-Geräteliste wurde erneut ausgelesen."});
+}
+
+void frmOptionen::SetTapiInfo(const std::vector<std::string>& lines) {
+  c_.txtTapiInfo->clear();
+  for (const std::string& line : lines) AppendLine(*c_.txtTapiInfo, QString::fromStdString(line));
+}
+
+void frmOptionen::OnDial() {
+  const std::string number = c_.txtTestNr->text().toStdString();
+  if (Trim(number).empty()) {
+    services_.prompts.Beep();
+    AppendProgress("<<<<<<< ungültige Testrufnummer! >>>>>>>");
+    AppendProgress("Bitte geben Sie eine gültige Telefonnummer zum testen an.");
+    AppendProgress("Eine Nebenstelle in Ihrem Haus wäre hierzu gut geeignet.");
+    return;
+  }
+  const bool internal = c_.optIntExt[kTestInternal]->isChecked();
+  try {
+    SaveTestNumber(state_.host, number, internal ? kTestInternal : kTestExternal);
+  } catch (const RegistryError&) {
+    // The test itself does not depend on it.
+  }
+  const QLineEdit* prefix = internal ? c_.txtAmtIntern : c_.txtAmtExtern;
+  const std::string dialString = Trim(prefix->text().toStdString()) + number;
+  const auto now = [this] { return services_.locale.Time(services_.clock.Now()); };
+  AppendProgress("<" + now() + ", Beginn der Befehlskette>");
+  // A test call ends the way it was placed, whatever is selected by then.
+  if (!TestDialPressed()) testByModem_ = DialMethod() == kDialMethodModem;
+  if (testByModem_) {
+    modem_.TestDialModem(dialString);
+  } else {
+    tapi_.TestDialTapi(dialString);
+  }
+  AppendProgress("<" + now() + ", Ende der Befehlskette>");
+}
+
+void frmOptionen::SetTestDialIdle(bool idle) {
+  CommandButton& button = *c_.cmdDial;
+  button.setChecked(!idle);
+  button.setText(idle ? QStringLiteral("&Wählen...") : QStringLiteral("&Auflegen"));
+  button.setToolTip(idle ? QStringLiteral("Die Testrufnummer wählen")
+                         : QStringLiteral("Das Testgespräch beenden"));
+  button.setIcon(idle ? DialPicture() : HangUpPicture());
+  SetRole(button, idle ? role::kDial : role::kHangUp);
+}
+
+bool frmOptionen::TestDialPressed() const {
+  return c_.cmdDial->isChecked();
+}
+
+void frmOptionen::SetTestDialEnabled(bool enabled) {
+  // A button that is disabled loses the focus to whatever comes next.
+  if (!enabled && c_.cmdDial->hasFocus()) c_.tabConf->setFocus();
+  c_.cmdDial->setEnabled(enabled);
+}
+
+void frmOptionen::EnableAndFocusTestDial() {
+  c_.cmdDial->setEnabled(true);
+  c_.cmdDial->setFocus();
+}
+
+// A port beyond the choices stays as it is until one of them is selected.
+int frmOptionen::SelectedComPort() const {
+  for (int i = 0; i < kComPortChoices; ++i) {
+    if (c_.optComPort[static_cast<std::size_t>(i)]->isChecked()) return i + 1;
+  }
+  return state_.settings.comPortNumber;
+}
+
+void frmOptionen::AppendProgress(const std::string& text) {
+  AppendLine(*c_.txtCallProgress, QString::fromStdString(text));
+}
+
+}  // namespace orvane

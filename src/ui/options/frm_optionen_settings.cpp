@@ -1,0 +1,192 @@
+// How the dialog is filled, and how what the user chose is applied or dropped.
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <exception>
+#include <optional>
+
+#include "app/error_report.h"
+#include "app/init_settings.h"
+#include "platform/errors.h"
+#include "ui/options/frm_optionen.h"
+
+namespace orvane {
+namespace {
+
+using FieldRows = std::array<SpeedDialRow, kSpeedDialRows>;
+
+void ShowRows(const FieldRows& rows, const SpeedDialFields& fields) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    fields.names[i]->setText(QString::fromStdString(rows[i].name));
+    fields.numbers[i]->setText(QString::fromStdString(rows[i].number));
+  }
+}
+
+FieldRows RowsOf(const SpeedDialFields& fields) {
+  FieldRows rows;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    rows[i] = {fields.names[i]->text().toStdString(), fields.numbers[i]->text().toStdString()};
+  }
+  return rows;
+}
+
+}  // namespace
+
+// A step that fails is reported at the end, so that the dialog is complete but for that step.
+void frmOptionen::Load() {
+  std::optional<ErrorState> failure;
+  const auto step = [&failure](const auto& work) {
+    try {
+      work();
+    } catch (const std::exception& error) {
+      if (!failure) failure = ErrorStateOf(error);
+    }
+  };
+  lineBefore_ = state_.settings.tapiLineId;
+  userPath_ = state_.host.userPath;
+  step([this] { ShowChoices(); });
+  step([this] { ShowSpeedDial(); });
+  const auto method = std::min(state_.settings.dialMethod, kDialMethodTapi);
+  c_.optDial[method]->setChecked(true);
+  LoadTapiList();
+  CheckComPorts();
+  c_.txtCallProgress->setPlainText(QStringLiteral("<Bereit>"));
+  if (failure) ShowError(services_.prompts, *failure, "Optionen - Initialisierung #");
+}
+
+void frmOptionen::ShowChoices() {
+  const OptionChoices choices = CurrentChoices(state_, services_.prompts);
+  callMonitorBefore_ = choices.callMonitor;
+  c_.chkAnrufmonitor->setChecked(choices.callMonitor);
+  c_.txtTestNr->setText(QString::fromStdString(choices.testNumber));
+  c_.optIntExt[static_cast<std::size_t>(choices.testTarget)]->setChecked(true);
+  c_.txtAmtExtern->setText(QString::fromStdString(choices.outsideLineExt));
+  c_.txtAmtIntern->setText(QString::fromStdString(choices.outsideLineInt));
+  if (choices.comPort >= 1 && choices.comPort <= kComPortChoices) {
+    c_.optComPort[static_cast<std::size_t>(choices.comPort - 1)]->setChecked(true);
+  }
+}
+
+void frmOptionen::ShowSpeedDial() {
+  c_.speedDialPage->setEnabled(false);
+  const SpeedDialMemory memory = ReadSpeedDialMemory(userPath_);
+  ShowRows(memory.internalRows, c_.internalRows);
+  ShowRows(memory.externalRows, c_.externalRows);
+  c_.speedDialPage->setEnabled(true);
+  speedDialKnown_ = true;
+}
+
+void frmOptionen::LoadTapiList() {
+  try {
+    TapiControl& tapi = services_.tapi;
+    if (!TapiInitialised(tapi)) tapi.Initialise();
+    const QSignalBlocker selectedByProgram(c_.lstLineSel);
+    c_.lstLineSel->clear();
+    const int count = tapi.LineCount();
+    for (int line = 0; line < count; ++line) {
+      const QString name = QString::fromStdString(tapi.LineName(line));
+      c_.lstLineSel->addItem(name);
+      c_.lstLineSel->item(line)->setToolTip(name);
+    }
+    const std::int32_t current = state_.settings.tapiLineId;
+    if (current < 0) return;
+    if (current < count) {
+      c_.lstLineSel->setCurrentRow(current);
+      return;
+    }
+    c_.lstLineSel->clearSelection();
+    services_.prompts.ShowMessage(PromptIcon::kExclamation,
+                                  "Der TAPI-Treiber wurde entfernt oder umbenannt.",
+                                  "TAPI-Treiber nicht mehr gültig!");
+  } catch (const std::exception& error) {
+    ShowError(services_.prompts, ErrorStateOf(error), "Laden der TAPI-Liste");
+  }
+}
+
+void frmOptionen::CheckComPorts() {
+  try {
+    for (const int port : ChoosableComPorts(services_.serialPorts())) {
+      c_.optComPort[static_cast<std::size_t>(port - 1)]->setEnabled(true);
+    }
+  } catch (const std::exception& error) {
+    ShowError(services_.prompts, ErrorStateOf(error), "Port-Überprüfung #");
+  }
+}
+
+OptionChoices frmOptionen::Choices() const {
+  OptionChoices choices;
+  choices.callMonitor = c_.chkAnrufmonitor->isChecked();
+  choices.testNumber = c_.txtTestNr->text().toStdString();
+  choices.testTarget = c_.optIntExt[kTestExternal]->isChecked() ? kTestExternal : kTestInternal;
+  choices.dialMethod = static_cast<std::uint8_t>(DialMethod());
+  choices.outsideLineInt = c_.txtAmtIntern->text().toStdString();
+  choices.outsideLineExt = c_.txtAmtExtern->text().toStdString();
+  choices.comPort = SelectedComPort();
+  if (const int line = SelectedLine(); line >= 0) {
+    choices.lineName = c_.lstLineSel->item(line)->text().toStdString();
+  }
+  return choices;
+}
+
+bool frmOptionen::Apply(ErrorState& failure) {
+  ApplyContext context;
+  context.userPath = userPath_;
+  if (speedDialKnown_) context.speedDial = {RowsOf(c_.internalRows), RowsOf(c_.externalRows)};
+  context.callMonitorBefore = callMonitorBefore_;
+  context.reloadSettings = [this] { owner_.ReloadAppliedSettings(); };
+  try {
+    ApplyOptions(services_, state_, Choices(), context);
+    return true;
+  } catch (const std::exception& error) {
+    failure = ErrorStateOf(error);
+    return false;
+  }
+}
+
+// The dialog goes on as it was, for another try.
+void frmOptionen::ComeBack(std::int32_t line, const ErrorState& failure) {
+  if (line >= 0 && line == state_.settings.tapiLineId) {
+    try {
+      OpenTapiLine(services_.tapi, state_.settings.tapiLineId);
+    } catch (const TapiError& error) {
+      AppendProgress(error.Description());
+    }
+  }
+  show();
+  ShowError(services_.prompts, failure, "Optionen übernehmen");
+}
+
+// The list may have been read anew since the dialog opened: a line that is not at its place any
+// more is looked for by its name, or reported as missing, as at the start of the program.
+void frmOptionen::RestoreLine() {
+  std::int32_t& line = state_.settings.tapiLineId;
+  line = kNoTapiLine;
+  if (state_.settings.dialMethod != kDialMethodTapi || lineBefore_ < 0) return;
+  try {
+    TapiControl& tapi = services_.tapi;
+    if (tapi.LineName(lineBefore_) == state_.settings.tapiLineName) {
+      std::int32_t id = lineBefore_;
+      OpenTapiLine(tapi, id);
+      line = id;
+      return;
+    }
+  } catch (const std::exception&) {
+    // The line is gone.
+  }
+  owner_.ReloadAppliedSettings();
+}
+
+void frmOptionen::CloseCurrentLine() {
+  call_.tapiCallHandle = 0;
+  if (state_.settings.tapiLineId < 0) return;
+  try {
+    services_.tapi.CloseLine(state_.settings.tapiLineId);
+  } catch (const TapiError&) {
+    // A line that is gone is as good as closed.
+  }
+}
+
+}  // namespace orvane
