@@ -84,8 +84,8 @@ class LineCallsStressTest : public JournalFixture {
   std::string number;
   CallHandles handles;
   TapiLines lines{Providers(loop, handles)};
-  Services lineServices{newRegistry, ini,  databases, serial, lines,  channel,
-                        instance,    loop, clock,     locale, prompts};
+  Services lineServices{newRegistry, ini,  databases, serial, lines,   channel,
+                        instance,    loop, clock,     locale, prompts, services.serialPorts};
   CallLogger logger{lineServices, state, call, panel};
   TapiDialer dialer{lineServices, state, call, queue, logger, panel};
 };
