@@ -28,6 +28,9 @@ class OptionsDialogFixture : public DialWindowFixture {
     Click("cmdOptionen");
     dialog = window->findChild<frmOptionen*>();
     ASSERT_NE(dialog, nullptr);
+    // Without a screen nobody is active once the dial window has gone.
+    QCoreApplication::processEvents();
+    dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
   }
   // Whether the dialog is gone; removes it as the event loop would.

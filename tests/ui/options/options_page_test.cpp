@@ -141,8 +141,8 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   ClickIn("cmdDial");
   EXPECT_EQ(tapi.log, (Lines{"call 1 90 30/1"}));
   EXPECT_EQ(Progress(),
-            "<Bereit>\n<10:00:00, Beginn der Befehlskette>\nÖffne TAPI-Line: #1\nTAPI-Gerät: "
-            "Lager\nGegenstelle wird angewählt: 90 30/1\n<10:00:00, Ende der Befehlskette>");
+            "<Bereit>\n<09:05:07, Beginn der Befehlskette>\nÖffne TAPI-Line: #1\nTAPI-Gerät: "
+            "Lager\nGegenstelle wird angewählt: 90 30/1\n<09:05:07, Ende der Befehlskette>");
   EXPECT_EQ(Registry("TestRufNr"), "0 30/1");
   EXPECT_EQ(Registry("TestRufNrIE"), "0");
   EXPECT_EQ(In<QAbstractButton>("cmdDial")->text(), QStringLiteral("&Auflegen"));
