@@ -28,11 +28,14 @@ STARTS = 30
 MESSAGES = 100
 CALLS = 30
 SIP_CALLS = 15
+HISTORY_CALLS = 600
+HISTORY_OPENINGS = 30
 QUIET_S = 20
 # The blinking caret changes fewer bytes of the number field than this; a number changes more.
 NUMBER_CHANGE_BYTES = 400
 
 DIALER = "TALMIX_BRISKO"
+TEXT_FILTER = "Textfilter: Anrufe, in denen alle Wörter vorkommen"
 NUMBERS = ("030 / 23125-101", "089 / 99998-410")
 
 
@@ -326,13 +329,27 @@ class Bench:
         self.display.command("click 1")
         modem.wait_for(b"ATH0")
 
+    def measure_classification(self):
+        table = self.root / "host" / "res" / "VPB.rgt"
+        output = subprocess.run([self.programs / "orvane-bench-classification", table], text=True,
+                                check=True, stdout=subprocess.PIPE).stdout
+        pairs = [line.split() for line in output.splitlines()]
+        dialer, engine = ([int(time_ns) / 1e9 for time_ns in times] for times in zip(*pairs))
+
+        def precise(value):
+            return f"{value * 1e3:.3f} ms"
+
+        self.row("classification of a key, table opened and closed", dialer, precise)
+        self.row("the same question to the plain engine", engine, precise)
+        ratio = percentile(dialer, 0.5) / percentile(engine, 0.5)
+        self.tell(f"| classification, dialer to plain engine | {ratio:.2f} | |")
+
     def run(self):
         self.running.append(start_window_manager())
-        subprocess.run([self.programs / "orvane-demo-host", "--root", self.root, "--line", "modem",
-                        "--install-only"],
-                       check=True)
+        self.install()
         modem = Modem(self.com_link())
         self.tell("| Measured | p50 | p99 |\n|---|---|---|")
+        self.measure_classification()
         field, button = self.places()
         self.measure_start()
         dialer = self.start_dialer()
@@ -344,12 +361,100 @@ class Bench:
         self.measure_calls(sender, modem, button)
         self.measure_quiet(dialer, modem)
         end_processes(dialer)
+        self.fill_journal()
+        self.measure_history()
         far_end = self.start_sip()
         self.display.forget_events()
         self.start_dialer()
         self.display.wait_for_window()
         time.sleep(0.5)
         self.measure_sip_calls(sender, far_end, button)
+
+    def history_places(self):
+        """The history's button before and while it is open, its text filter and its list."""
+        dialer = self.start_dialer(accessible=True)
+        screen = Screen()
+
+        def box(name, *roles):
+            node = wait_for(name, lambda: screen.find(DIALER, name, *roles))
+            return node, node.get_extents(screen.atspi.CoordType.SCREEN)
+
+        button = ("Anrufhistorie", "check box", "push button")
+        node, closed = box(*button)
+        screen.click(node)
+        places = box("Anrufliste", "tree")[1], box(TEXT_FILTER, "text")[1]
+        time.sleep(0.5)
+        opened = box(*button)[1]
+        end_processes(dialer)
+        return closed, opened, *places
+
+    def seconds_until(self, what, act, done):
+        begin = time.monotonic()
+        act()
+        while not done():
+            if time.monotonic() > begin + 5:
+                raise Failed(f"waited in vain for {what}")
+        return time.monotonic() - begin
+
+    def measure_history(self):
+        closed, opened, calls, field = self.history_places()
+        # The rows in the middle, without the scroll bar.
+        area = (calls.x + 20, calls.y + calls.height // 2, calls.width // 2, 100)
+
+        def shown():
+            return self.display.pixels(*area)
+
+        self.display.forget_events()
+        dialer = self.start_dialer()
+        self.display.wait_for_window()
+        time.sleep(0.5)
+        # The window moves to make room when the history opens for the first time.
+        self.display.move(closed)
+        self.display.command("click 1")
+        time.sleep(1)
+        self.display.move(opened)
+        self.measure_opening(shown)
+        self.measure_text_filter(field, shown)
+        end_processes(dialer)
+
+    def measure_opening(self, shown):
+        full, seconds = shown(), []
+        for _ in range(HISTORY_OPENINGS):
+            self.display.command("click 1")
+            wait_for("the end of the history", lambda: shown() != full)
+            time.sleep(0.1)
+            self.display.command("mousedown 1")
+            time.sleep(0.05)
+            seconds.append(self.seconds_until("the history",
+                                              lambda: self.display.command("mouseup 1"),
+                                              lambda: shown() == full))
+            time.sleep(0.1)
+        self.row(f"click to the painted history of {HISTORY_CALLS} calls", seconds)
+
+    def measure_text_filter(self, field, shown):
+        self.display.move(field)
+        self.display.command("click 1")
+        time.sleep(0.3)
+        seconds = []
+        for _ in range(HISTORY_OPENINGS):
+            # Each of these keys leaves other calls.
+            for key in ("k", "r", "BackSpace", "BackSpace"):
+                before = shown()
+                seconds.append(self.seconds_until("the filtered calls",
+                                                  lambda: self.display.command(f"key {key}"),
+                                                  lambda: shown() != before))
+                time.sleep(0.05)
+        self.row("key in the text filter to the painted calls", seconds)
+
+    def install(self, *options):
+        subprocess.run([self.programs / "orvane-demo-host", "--root", self.root, "--line", "modem",
+                        "--install-only", *options],
+                       check=True)
+
+    def fill_journal(self):
+        for journal in self.root.glob("host/Daten/User/*/res/TelList.fdb"):
+            journal.unlink()
+        self.install("--history", str(HISTORY_CALLS))
 
     def com_link(self):
         folder = self.root / "config" / "orvane"

@@ -9,5 +9,7 @@ int main(int argc, char** argv) {
 #endif
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
+  // The last window of a test must not end the boxes of the next one.
+  QApplication::setQuitOnLastWindowClosed(false);
   return RUN_ALL_TESTS();
 }

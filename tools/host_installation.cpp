@@ -93,6 +93,10 @@ HostInstallation BuildHostInstallation(const std::filesystem::path& folder, Host
   WriteFile(installation.globalIni, EncodeAnsi(GlobalIni(options)));
   WriteFile(installation.speedDialFile, EncodeAnsi(SpeedDialBlock(options.internalSpeedDial) +
                                                    SpeedDialBlock(options.externalSpeedDial)));
+  if (std::filesystem::exists(options.areaCodeFile)) {
+    std::filesystem::copy_file(options.areaCodeFile, folder / "res" / "VPB.rgt",
+                               std::filesystem::copy_options::overwrite_existing);
+  }
   WriteContactFile(installation.contactFile, options.contacts);
   if (!std::filesystem::exists(installation.journalFile)) {
     CreateJournalFile(installation.journalFile,

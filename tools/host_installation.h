@@ -44,6 +44,9 @@ struct HostInstallationOptions {
 
   SampleContacts contacts = DefaultContacts();
 
+  // The area-code table to install; none when empty or missing.
+  std::filesystem::path areaCodeFile;
+
   // Outgoing calls of the last weeks in a new journal; none leaves it empty.
   int journalCalls = 0;
 };

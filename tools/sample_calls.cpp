@@ -84,6 +84,7 @@ std::string InsertStatement(const char* table, int id, double time, const Party&
 std::string TableScript(const char* table, const std::vector<Party>& parties, double now, int calls,
                         std::minstd_rand& random) {
   std::vector<double> times;
+  times.reserve(static_cast<std::size_t>(calls));
   for (int call = 0; call < calls; ++call) {
     times.push_back(CallTime(now, (call + static_cast<double>(random() % 1000) / 1000) / calls));
   }

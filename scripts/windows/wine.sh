@@ -1,15 +1,20 @@
 #!/usr/bin/env bash
 # Runs a Windows program of a build under Wine, as ctest's emulator or by hand.
 #
-#   scripts/windows/wine.sh <program.exe> [argument...]
+#   scripts/windows/wine.sh <wine folder> <folders of libraries, divided by ":"> <program> [arg...]
 #
-# ORVANE_WINE_FOLDER holds the settings of this Wine (its prefix) and the temporary files.
-# ORVANE_DLL_PATH names the folders of the libraries, divided by ";". Wine keeps this system's QT_
-# variables from its programs; those that begin with WINEQT_ reach them without the WINE.
+# The wine folder holds this Wine's settings (its prefix). Wine keeps this system's TMP and QT_
+# variables from its programs; with WINE before the name they reach them.
 set -euo pipefail
 
-export WINEPREFIX="${ORVANE_WINE_FOLDER:?}/prefix" WINEDEBUG="${WINEDEBUG:--all}"
-export WINEPATH="${ORVANE_DLL_PATH:-}"
-# Nothing here is for .NET or HTML, whose absence a fresh prefix would want to talk about.
-export WINEDLLOVERRIDES="mscoree,mshtml=;${WINEDLLOVERRIDES:-}"
+export WINEPREFIX="$1/prefix" WINEDEBUG="${WINEDEBUG:--all}" LC_ALL=C.UTF-8
+mkdir -p "$WINEPREFIX"
+libraries="Z:${2//:/;Z:}"
+export WINEPATH="${libraries//\//\\}"
+# A crash ends the program at once, and nobody asks for .NET or HTML.
+export WINEDLLOVERRIDES="winedbg.exe,mscoree,mshtml=${WINEDLLOVERRIDES:+;$WINEDLLOVERRIDES}"
+if [[ -n "${TMPDIR:-}" ]]; then
+  export WINETMP="Z:${TMPDIR//\//\\}" WINETEMP="Z:${TMPDIR//\//\\}"
+fi
+shift 2
 exec wine "$@"

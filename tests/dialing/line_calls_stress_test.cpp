@@ -84,8 +84,9 @@ class LineCallsStressTest : public JournalFixture {
   std::string number;
   CallHandles handles;
   TapiLines lines{Providers(loop, handles)};
-  Services lineServices{newRegistry, ini,  databases, serial, lines,   channel,
-                        instance,    loop, clock,     locale, prompts, services.serialPorts};
+  Services lineServices{newRegistry, ini,     databases, serial,
+                        lines,       channel, instance,  loop,
+                        clock,       locale,  prompts,   [] { return std::vector<std::string>(); }};
   CallLogger logger{lineServices, state, call, panel};
   TapiDialer dialer{lineServices, state, call, queue, logger, panel};
 };

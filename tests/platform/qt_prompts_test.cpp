@@ -8,18 +8,24 @@
 #include <QTimer>
 #include <functional>
 
+#include "contract/event_wait.h"
+
 namespace orvane {
 namespace {
 
 // Shows a box through `show` and looks at it while it is up; `look` has to let it go.
 void WithBox(const std::function<void()>& show, const std::function<void(QMessageBox&)>& look) {
   bool seen = false;
-  QTimer::singleShot(0, qApp, [&] {
+  // Events run already before the box is up.
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    ASSERT_NE(box, nullptr);
+    if (box == nullptr) return;
+    timer.stop();
     seen = true;
     look(*box);
   });
+  timer.start(0);
   show();
   EXPECT_TRUE(seen);
 }
@@ -48,10 +54,11 @@ TEST(QtPrompts, ABoxMayGoAwayWithItsParentWindow) {
   auto window = std::make_unique<QWidget>();
   window->show();
   window->activateWindow();
-  QApplication::processEvents();
+  ASSERT_TRUE(RunUntil([&] { return QApplication::activeWindow() == window.get(); }));
   WithBox([&] { prompts.ShowMessage(PromptIcon::kNone, "Text", "Titel"); },
           [&](QMessageBox& box) {
             EXPECT_EQ(box.parentWidget(), window.get());
+            if (box.parentWidget() == nullptr) box.close();
             window.reset();
           });
 }

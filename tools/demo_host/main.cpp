@@ -27,6 +27,7 @@ struct Arguments {
   std::filesystem::path root;
   QString dialer;
   std::string line;
+  std::filesystem::path areaCodes;
   bool installOnly = false;
   int history = 0;
 };
@@ -38,8 +39,11 @@ Arguments ReadArguments(const QApplication& application) {
   const QCommandLineOption dialer(QStringLiteral("dialer"), QStringLiteral("The dialer's program."),
                                   QStringLiteral("file"),
                                   QApplication::applicationDirPath() + QStringLiteral("/orvane"));
-  const QCommandLineOption line(QStringLiteral("line"), QStringLiteral("simulated, modem or sip."),
+  const QCommandLineOption line(QStringLiteral("line"), QStringLiteral("simulated, modem, sip or choice."),
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
+  const QCommandLineOption areaCodes(
+      QStringLiteral("area-codes"), QStringLiteral("The area-code table."), QStringLiteral("file"),
+      QApplication::applicationDirPath() + QStringLiteral("/../data/VPB.rgt"));
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
   const QCommandLineOption history(QStringLiteral("history"),
@@ -47,11 +51,11 @@ Arguments ReadArguments(const QApplication& application) {
                                    QStringLiteral("count"), QStringLiteral("0"));
   QCommandLineParser parser;
   parser.addHelpOption();
-  parser.addOptions({root, dialer, line, installOnly, history});
+  parser.addOptions({root, dialer, line, areaCodes, installOnly, history});
   parser.process(application);
   return {parser.value(root).toStdU16String(), parser.value(dialer),
-          parser.value(line).toStdString(), parser.isSet(installOnly),
-          parser.value(history).toInt()};
+          parser.value(line).toStdString(),    parser.value(areaCodes).toStdU16String(),
+          parser.isSet(installOnly),           parser.value(history).toInt()};
 }
 
 // Everything that is heard on the line, in the window and in a file.
@@ -120,6 +124,7 @@ int Run(const Arguments& arguments) {
   const auto line = MakeDemoLine(arguments.line, folders.line);
   HostInstallationOptions options;
   options.journalCalls = arguments.history;
+  options.areaCodeFile = arguments.areaCodes;
   line->Configure(options);
   BuildHostInstallation(folders.host, *NewHostRegistry(), options);
   return arguments.installOnly ? 0 : RunDemo(folders, options, *line, arguments.dialer);

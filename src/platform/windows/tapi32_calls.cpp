@@ -147,7 +147,6 @@ void Tapi32Calls::TakeDialReply(Call& call, std::int32_t result) {
 
 void Tapi32Calls::TakeDropReply(Call& call, std::int32_t result) {
   call.dropRequest = 0;
-  if (result < 0) call.dropWanted = false;
   if (result < 0 && result != kInvalidCallState && !call.ended) {
     ReportFailure("TapiLineDrop", result);
   }
@@ -164,7 +163,7 @@ void Tapi32Calls::Follow(Call& call, std::int32_t state, DWORD mode) {
       if (mode == LINEDISCONNECTMODE_BUSY && before != kLineCallBusy) ReportBusy(call);
       End(call);
       // Some drivers let a call go only when it is dropped here too.
-      if (call.dialled && !call.dropWanted) RequestDrop(call);
+      if (call.dialled) RequestDrop(call);
       break;
     case kLineCallBusy:
       ReportBusy(call);

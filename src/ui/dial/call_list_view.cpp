@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "ui/dial/call_list_delegate.h"
+#include "ui/dial/call_list_header.h"
 #include "ui/dial/search_text.h"
 #include "ui/style/palette.h"
 #include "ui/style/tabular_font.h"
@@ -26,6 +27,7 @@ CallListView::CallListView(QWidget* parent)
     : QTreeView(parent), filter_(calls_), delegate_(new CallListDelegate(filter_, this)) {
   setFont(TabularDigitFont(font()));
   setItemDelegate(delegate_);
+  setHeader(new CallListHeader(this));
   setModel(&filter_);
   setRootIsDecorated(false);
   setIndentation(0);
@@ -57,11 +59,6 @@ void CallListView::SetUpHeader() {
                    {CallColumn::kPlace, widthOf("Frankfurt am Main")},
                    {CallColumn::kPerson, widthOf("Lindner, Katharina")}};
   SetColumns(columns);
-  head.setSectionsMovable(true);
-  // The time, too, may stand elsewhere.
-  head.setFirstSectionMovable(true);
-  head.setStretchLastSection(true);
-  head.setHighlightSections(false);
   head.setMinimumSectionSize(fontMetrics().averageCharWidth() * 4);
   setSortingEnabled(true);
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ui/dial/call_list_view.h"
+#include "ui/dial/dial_views.h"
 #include "ui/dial/history_controls.h"
 #include "ui/dial/keypad_button.h"
 #include "ui/style/check_box.h"
@@ -28,7 +29,6 @@ namespace orvane {
 namespace {
 
 constexpr QSize kFullViewSize(318, 541);
-constexpr int kKeySpacing = 5;
 constexpr int kMarkerSide = 14;
 // What the status beside it leaves at least.
 constexpr int kHeadWidth = 120;
@@ -49,27 +49,31 @@ void BuildTitle(QWidget& window, DialControls& c) {
   c.imgLogo = NewPicture(*c.panBase, "imgLogo", Glyph::kLogo, &Palette::logo, "Brisko");
   c.lblBase[0] = NewLabel(*c.panBase, nullptr);
   c.lblBase[0]->setText(QStringLiteral("Brisko"));
-  c.hovClose = NewIconButton<IconButton>(*c.panBase, "hovClose", role::kTitleButton, Glyph::kClose,
-                                         &Palette::onFrame, "Schließen");
-  c.hovClose->setIconSize(QSize(11, 11));
-  c.hovClose->setFixedSize(22, 18);
+  const auto newButton = [&](const char* name, Glyph glyph, const char* description) {
+    auto* button = NewIconButton<IconButton>(*c.panBase, name, role::kTitleButton, glyph,
+                                             &Palette::onFrame, description);
+    button->setIconSize(QSize(11, 11));
+    return button;
+  };
+  c.hovSizer = newButton("hovSizer", Glyph::kArrowUp, "Kompaktansicht");
+  c.hovClose = newButton("hovClose", Glyph::kClose, "Schließen");
 
   auto* row = new QHBoxLayout(c.panBase);
-  row->setContentsMargins(8, 2, 6, 2);
   row->setSpacing(6);
   row->addWidget(c.imgLogo);
   row->addWidget(c.lblBase[0], 1);
+  row->addWidget(c.hovSizer);
   row->addWidget(c.hovClose);
 }
 
-QFrame* BuildNumberStrip(DialControls& c) {
+void BuildNumberStrip(DialControls& c) {
   QFrame* strip = NewPanel(*c.dialPad, nullptr, role::kStrip);
+  c.numberStrip = strip;
   c.txtNr = new QLineEdit(strip);
   Name(*c.txtNr, "txtNr");
   SetRole(*c.txtNr, role::kNumber);
   Describe(*c.txtNr, "Rufnummer");
   c.txtNr->setFont(TabularDigitFont(c.txtNr->font()));
-  AtLeastHigh(*c.txtNr, kToolSide);
 
   c.cmdClear = NewClearButton(*c.txtNr, "cmdClear", "Rufnummernfeld leeren");
 
@@ -85,14 +89,12 @@ QFrame* BuildNumberStrip(DialControls& c) {
   c.cmdOptionen = newTool("cmdOptionen", Glyph::kGear, "Optionen");
 
   auto* row = new QHBoxLayout(strip);
-  row->setContentsMargins(6, 4, 6, 4);
   row->setSpacing(4);
   row->addWidget(c.txtNr, 1);
   for (QWidget* tool :
        {c.cmdWdh, c.cmdGetClpbrd, static_cast<QPushButton*>(c.cmdHistory), c.cmdOptionen}) {
     row->addWidget(tool);
   }
-  return strip;
 }
 
 void BuildDisplay(DialControls& c) {
@@ -122,44 +124,38 @@ void BuildDisplay(DialControls& c) {
   grid->setColumnStretch(0, 1);
 }
 
-QGridLayout* BuildKeypad(DialControls& c) {
+void BuildKeypad(DialControls& c) {
   struct Key {
     std::size_t index;
     const char* caption;
     const char* letters;
     const char* spokenName;
   };
-  // In reading order, three in a row.
   static constexpr Key kKeys[] = {
       {1, "1", "", "1"},     {2, "2", "ABC", "2"},   {3, "3", "DEF", "3"},  {4, "4", "GHI", "4"},
       {5, "5", "JKL", "5"},  {6, "6", "MNO", "6"},   {7, "7", "PQRS", "7"}, {8, "8", "TUV", "8"},
       {9, "9", "WXYZ", "9"}, {10, "*", "", "Stern"}, {0, "0", "", "0"},     {11, "#", "", "Raute"},
   };
-  auto* grid = new QGridLayout;
-  grid->setSpacing(kKeySpacing);
-  int position = 0;
+  c.keypad = new QGridLayout;
   for (const Key& key : kKeys) {
     auto* button = new KeypadButton(c.dialPad, QString::fromLatin1(key.caption),
                                     QString::fromLatin1(key.letters));
     Name(*button, "cmdNr", key.index);
     SetRole(*button, role::kKey);
     button->setAccessibleName(QStringLiteral("Taste %1").arg(QString::fromLatin1(key.spokenName)));
-    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
-    grid->addWidget(button, position / 3, position % 3);
     c.cmdNr[key.index] = button;
-    ++position;
   }
-  return grid;
 }
 
-QHBoxLayout* BuildSpeedDial(DialControls& c) {
-  c.imgInt = NewPicture(*c.dialPad, "imgInt", Glyph::kInternal, &Palette::internalMarker,
+void BuildSpeedDial(DialControls& c) {
+  c.speedDialRow = new QWidget(c.dialPad);
+  c.imgInt = NewPicture(*c.speedDialRow, "imgInt", Glyph::kInternal, &Palette::internalMarker,
                         "Interner Eintrag");
-  c.imgExt = NewPicture(*c.dialPad, "imgExt", Glyph::kExternal, &Palette::externalMarker,
+  c.imgExt = NewPicture(*c.speedDialRow, "imgExt", Glyph::kExternal, &Palette::externalMarker,
                         "Externer Eintrag");
   c.imgInt->hide();
   c.imgExt->hide();
-  c.cboNr = new DropDown(c.dialPad);
+  c.cboNr = new DropDown(c.speedDialRow);
   Name(*c.cboNr, "cboNr");
   c.cboNr->setPlaceholderText(QStringLiteral("Kurzwahlspeicher"));
   c.cboNr->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -167,17 +163,18 @@ QHBoxLayout* BuildSpeedDial(DialControls& c) {
   AtLeastHigh(*c.cboNr, 30);
   Describe(*c.cboNr, "Kurzwahlspeicher");
 
-  auto* row = new QHBoxLayout;
+  auto* row = new QHBoxLayout(c.speedDialRow);
+  row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(6);
   row->addWidget(c.imgInt);
   row->addWidget(c.imgExt);
   row->addWidget(c.cboNr, 1);
-  return row;
 }
 
-QHBoxLayout* BuildCheckBoxes(DialControls& c) {
+void BuildCheckBoxes(DialControls& c) {
+  c.checkBoxRow = new QWidget(c.dialPad);
   const auto newBox = [&](const char* name, const char* caption, const char* description) {
-    auto* box = new CheckBox(QString::fromUtf8(caption), c.dialPad);
+    auto* box = new CheckBox(QString::fromUtf8(caption), c.checkBoxRow);
     Name(*box, name);
     box->setToolTip(QString::fromUtf8(description));
     QSizePolicy policy = box->sizePolicy();
@@ -189,27 +186,29 @@ QHBoxLayout* BuildCheckBoxes(DialControls& c) {
   c.chkExtern = newBox("chkExtern", "&extern", "Externe Rufnummer: mit Amtsholung wählen");
   c.chkDevDial = newBox("chkDevDial", "&Testwahl über COM1",
                         "Für Entwickler: immer über das Modem an COM1 wählen");
-  auto* row = new QHBoxLayout;
+  auto* row = new QHBoxLayout(c.checkBoxRow);
+  row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(12);
   row->addWidget(c.chkExtern);
   row->addWidget(c.chkDevDial);
   row->addStretch();
-  return row;
 }
 
 void BuildDialButtons(DialControls& c) {
   for (std::size_t view = 0; view < c.cmdDial.size(); ++view) {
-    auto* button = new CommandButton(c.dialPad);
+    auto* button = new CommandButton(view == 0 ? c.dialPad : c.numberStrip);
     Name(*button, "cmdDial", view);
-    button->setIconSize(QSize(22, 22));
-    AtLeastHigh(*button, 40);
     c.cmdDial[view] = button;
   }
-  c.cmdDial[1]->hide();
+  c.cmdDial[0]->setIconSize(QSize(22, 22));
+  AtLeastHigh(*c.cmdDial[0], 40);
+  c.cmdDial[1]->setIconSize(QSize(15, 15));
+  c.numberStrip->layout()->addWidget(c.cmdDial[1]);
 }
 
-QFrame* BuildLog(DialControls& c) {
-  QFrame* log = c.log = NewPanel(*c.dialPad, nullptr, role::kLog);
+void BuildLog(DialControls& c) {
+  QFrame* log = NewPanel(*c.dialPad, nullptr, role::kLog);
+  c.log = log;
   log->setFixedHeight(std::max(kLogHeight, kLogLines * log->fontMetrics().lineSpacing() + 10));
   c.shpBottom = NewPanel(*log, "shpBottom", role::kLogEdge);
   c.shpBottom->setFixedHeight(2);
@@ -240,28 +239,30 @@ QFrame* BuildLog(DialControls& c) {
   grid->addWidget(c.lblVer, 1, 0, Qt::AlignRight | Qt::AlignBottom);
   grid->setRowStretch(1, 1);
   c.lblVer->setContentsMargins(0, 0, 10, 6);
-  return log;
 }
 
 void BuildDialPad(DialControls& c) {
-  c.dialPad = NewPanel(*c.infBase, nullptr, role::kPlain);
+  c.dialPad = NewPanel(*c.dialPad, nullptr, role::kPlain);
   auto* column = new QVBoxLayout(c.dialPad);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(BuildNumberStrip(c));
-
-  auto* body = new QVBoxLayout;
-  body->setContentsMargins(kBodyMargin, 6, kBodyMargin, 6);
-  body->setSpacing(6);
+  BuildNumberStrip(c);
   BuildDisplay(c);
-  body->addWidget(c.tabDisplay);
-  body->addLayout(BuildKeypad(c), 1);
-  body->addLayout(BuildSpeedDial(c));
-  body->addLayout(BuildCheckBoxes(c));
+  BuildKeypad(c);
+  BuildSpeedDial(c);
+  BuildCheckBoxes(c);
   BuildDialButtons(c);
-  body->addWidget(c.cmdDial[0]);
-  column->addLayout(body, 1);
-  column->addWidget(BuildLog(c));
+  BuildLog(c);
+
+  c.padBody = new QVBoxLayout;
+  c.padBody->addWidget(c.tabDisplay);
+  c.padBody->addLayout(c.keypad, 1);
+  c.padBody->addWidget(c.speedDialRow);
+  c.padBody->addWidget(c.checkBoxRow);
+  c.padBody->addWidget(c.cmdDial[0]);
+  column->addWidget(c.numberStrip);
+  column->addLayout(c.padBody, 1);
+  column->addWidget(c.log);
 }
 
 void BuildBody(QWidget& window, DialControls& c) {
@@ -277,14 +278,13 @@ void BuildBody(QWidget& window, DialControls& c) {
 void SetTabOrder(const DialControls& c) {
   std::vector<QWidget*> order = {c.txtNr,      c.cmdClear,    c.cmdWdh,    c.cmdGetClpbrd,
                                  c.cmdHistory, c.cmdOptionen, c.tabDisplay};
-  for (const std::size_t key : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U, 0U, 11U}) {
-    order.push_back(c.cmdNr[key]);
-  }
-  order.insert(order.end(), {c.cboNr, c.chkExtern, c.chkDevDial, c.cmdDial[0], c.lstCallProgress});
+  for (const std::size_t key : kKeyOrder) order.push_back(c.cmdNr[key]);
+  order.insert(order.end(),
+               {c.cboNr, c.chkExtern, c.chkDevDial, c.cmdDial[0], c.cmdDial[1], c.lstCallProgress});
   order.insert(order.end(), {static_cast<QWidget*>(c.tabTab), c.cboFilter});
   order.insert(order.end(), c.chkTelList.begin(), c.chkTelList.end());
-  order.insert(order.end(),
-               {static_cast<QWidget*>(c.txtFilter), c.cmdClrTextFilter, c.repTel, c.hovClose});
+  order.insert(order.end(), {static_cast<QWidget*>(c.txtFilter), c.cmdClrTextFilter, c.repTel,
+                             c.hovSizer, c.hovClose});
   for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
@@ -304,11 +304,14 @@ DialControls BuildDialControls(QWidget& window) {
   column->addWidget(c.panBase);
   column->addWidget(c.infBase, 1);
   SetTabOrder(c);
+  ArrangeFullView(c);
   const QSize size = column->minimumSize().expandedTo(kFullViewSize);
   window.setFixedSize(size);
   // The dial pad stays as wide when the window grows.
   c.dialPad->setFixedWidth(size.width() - 2 * kFrameWidth);
   c.tabDisplay->setFixedWidth(c.dialPad->width() - 2 * kBodyMargin);
+  c.infBase->setProperty(kDesignedHeightTag,
+                         size.height() - 2 * kFrameWidth - c.panBase->sizeHint().height());
   return c;
 }
 

@@ -5,7 +5,9 @@
 #include "ui/logic/call_query.h"
 
 class QCheckBox;
+class QBoxLayout;
 class QFrame;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -25,11 +27,14 @@ struct DialControls {
   // Title strip.
   QFrame* panBase = nullptr;
   QLabel* imgLogo = nullptr;
+  QPushButton* hovSizer = nullptr;
   QPushButton* hovClose = nullptr;
 
+  // Its designed height, in pixels, stands in the property kDesignedHeightTag.
   QFrame* infBase = nullptr;
   QFrame* dialPad = nullptr;
   // Number strip.
+  QFrame* numberStrip = nullptr;
   QLineEdit* txtNr = nullptr;
   QPushButton* cmdClear = nullptr;
   QPushButton* cmdWdh = nullptr;
@@ -46,9 +51,13 @@ struct DialControls {
 
   // The digits by their value, then "*" and "#".
   std::array<CommandButton*, 12> cmdNr{};
+  QBoxLayout* padBody = nullptr;
+  QGridLayout* keypad = nullptr;
+  QWidget* speedDialRow = nullptr;
   DropDown* cboNr = nullptr;
   QLabel* imgInt = nullptr;
   QLabel* imgExt = nullptr;
+  QWidget* checkBoxRow = nullptr;
   QCheckBox* chkExtern = nullptr;
   QCheckBox* chkDevDial = nullptr;
   // Full view and compact view.
@@ -78,6 +87,8 @@ struct DialControls {
 // device-independent pixels.
 inline constexpr int kFrameWidth = 1;
 inline constexpr int kBodyMargin = 8;
+
+inline constexpr char kDesignedHeightTag[] = "tag";
 
 // Creates the controls of the full view inside the window and lays them out.
 DialControls BuildDialControls(QWidget& window);

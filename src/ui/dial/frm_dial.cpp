@@ -82,6 +82,10 @@ bool frmDial::eventFilter(QObject* watched, QEvent* event) {
       return false;
     case QEvent::MouseButtonPress:
       return dragAreas_.contains(watched) && DragWindow(static_cast<QMouseEvent*>(event)->button());
+    case QEvent::MouseButtonDblClick:
+      if (watched != c_.lblBase[0]) return false;
+      queue_.Submit([this] { SwitchTo(OtherView()); });
+      return true;
     default:
       return false;
   }

@@ -22,8 +22,10 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/logic/number_classifier.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
+#include "ui/logic/view_toggle.h"
 #include "ui/options/options_owner.h"
 
 namespace orvane {
@@ -142,6 +144,15 @@ class frmDial final : public QWidget,
   void ShowCallCount();
   void SaveCallColumns();
   void ShowHistoryPanel(bool shown);
+
+  // Full view and compact view.
+  class Views;
+  bool FullViewShown() const;
+  DialView OtherView() const { return FullViewShown() ? DialView::kCompact : DialView::kFull; }
+  void SwitchTo(DialView view);
+  void ArrangeFull();
+  void ArrangeCompact();
+  void FitHeight();
   void OnCallFilter(std::string_view setting, int value);
   void OnTextFilter();
   void OnCallTaken(const std::string& number);
@@ -175,7 +186,10 @@ class frmDial final : public QWidget,
   bool reloadAfterOptions_ = false;
 
   Stage stage_ = Stage::kBuilt;
+  // Where the full view was when the compact one replaced it.
+  TwipPoint fullView_;
   std::unique_ptr<DatabaseConnection> areaCodes_;
+  NumberClassifier classifier_;
   bool speedDialSelectable_ = false;
   // The folder of the user whose calls the history shows.
   std::string shownJournal_;

@@ -10,7 +10,6 @@
 #include "dialing/number_preparation.h"
 #include "ui/dial/attempt.h"
 #include "ui/dial/frm_dial.h"
-#include "ui/logic/number_classification.h"
 #include "ui/logic/speed_dial_selection.h"
 #include "ui/style/command_button.h"
 #include "ui/style/drop_down.h"
@@ -24,6 +23,8 @@ constexpr char kMessageTitle[] = "Brisko";
 constexpr char kRefusalTitle[] = "Ausführung nicht möglich!";
 // Frame, padding and caret of the number field.
 constexpr int kNumberPaddingPixels = 18;
+// What of a prepared number reaches the line.
+constexpr std::string_view kDialledCharacters = "0123456789*#";
 constexpr std::string_view kIdleHeadline = "Bereit...";
 constexpr std::string_view kIdleHint = "Bitte wählen Sie...";
 
@@ -47,6 +48,7 @@ void frmDial::ConnectCommands() {
   onClick(c_.cmdWdh, [](frmDial& f) { f.OnRedial(); });
   onClick(c_.cmdHistory, [](frmDial& f) { f.ToggleHistory(); });
   onClick(c_.cmdOptionen, [](frmDial& f) { f.OnOptions(); });
+  onClick(c_.hovSizer, [](frmDial& f) { f.SwitchTo(f.OtherView()); });
   onClick(c_.hovClose, [](frmDial& f) { f.Unload(); });
   for (CommandButton* button : c_.cmdDial) onClick(button, [](frmDial& f) { f.OnDial(); });
   for (std::size_t key = 0; key < c_.cmdNr.size(); ++key) {
@@ -79,6 +81,7 @@ void frmDial::OnNumberChanged() {
 void frmDial::FitNumber() {
   QLineEdit& field = *c_.txtNr;
   SetRole(field, role::kNumber);
+  if (!FullViewShown()) SetRole(field, role::kLongNumber);
   const QMargins margins = field.textMargins();
   const int room = field.width() - margins.left() - margins.right() - kNumberPaddingPixels;
   if (field.fontMetrics().horizontalAdvance(field.text()) > room) {
@@ -93,8 +96,12 @@ void frmDial::ShowDestination() {
     c_.lblBase[1]->setText(ToQString(kIdleHint));
     return;
   }
-  const std::string prepared = PrepareDialNumber(number, state_.settings.countryPrefix);
-  c_.lblHead->setText(ToQString(ClassifyPrefix(prepared, prepared.starts_with("00")).label));
+  const std::string dialled = FilterChars(PrepareDialNumber(number, state_.settings.countryPrefix),
+                                          kDialledCharacters, true);
+  // The table would take the first digits of an extension or a local number for a country code.
+  DatabaseConnection* const table = dialled.starts_with("0") ? areaCodes_.get() : nullptr;
+  c_.lblHead->setText(
+      ToQString(classifier_.ClassifyNumber(dialled, dialled.starts_with("00"), table)));
   c_.lblBase[1]->setText(QString());
 }
 

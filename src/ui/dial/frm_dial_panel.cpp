@@ -150,7 +150,8 @@ bool frmDial::JustPlaced() const {
 }
 
 bool frmDial::ExternVisible() const {
-  return c_.chkExtern->isVisibleTo(this);
+  // The compact view has no room for the box, but what it says counts there too.
+  return !c_.chkExtern->isHidden();
 }
 
 void frmDial::SetExternTicked(bool ticked) {

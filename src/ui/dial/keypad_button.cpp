@@ -42,11 +42,15 @@ void KeypadButton::paintEvent(QPaintEvent*) {
   const QFontMetrics digits = fontMetrics();
   const QFontMetrics small(LettersFont());
   const int captionWidth = digits.horizontalAdvance(text());
-  const int lettersWidth = letters_.isEmpty() ? 0 : kLettersGap + small.horizontalAdvance(letters_);
+  // In the compact view's row there is room for the character alone.
+  const int lettersRoom = kLettersGap + small.horizontalAdvance(letters_);
+  const bool lettersFit = !letters_.isEmpty() && captionWidth + lettersRoom < width();
+  const int lettersWidth = lettersFit ? lettersRoom : 0;
   const int left = (width() - captionWidth - lettersWidth) / 2;
   const Palette colours = CurrentPalette();
   painter.setPen(isEnabled() ? colours.text : colours.disabledText);
   painter.drawText(QRect(left, 0, captionWidth, height()), Qt::AlignCenter, text());
+  if (!lettersFit) return;
   painter.setPen(isEnabled() ? colours.mutedText : colours.disabledText);
   painter.setFont(LettersFont());
   painter.drawText(QRect(left + captionWidth + kLettersGap, 1, lettersWidth, height()),

@@ -31,11 +31,6 @@ constexpr std::array<PrefixLabel, 17> kNationalLabels = {{
     {"0900", "Premium-Dienst"},
 }};
 
-// Members of the North American plan that the area-code table names one by one.
-constexpr std::array<std::string_view, 16> kListedAmericanCodes = {
-    "1242", "1246", "1264", "1268", "1345", "1441", "1473", "1684",
-    "1758", "1767", "1784", "1808", "1809", "1868", "1869", "1876"};
-
 std::vector<std::string> Prefixes(std::string_view number, std::size_t shortest) {
   std::vector<std::string> prefixes;
   for (std::size_t length = shortest; length < shortest + 3; ++length) {

@@ -1,10 +1,17 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace orvane {
+
+// Members of the North American plan that the area-code table names one by one; all others are
+// "USA/Kanada".
+inline constexpr std::array<std::string_view, 16> kListedAmericanCodes = {
+    "1242", "1246", "1264", "1268", "1345", "1441", "1473", "1684",
+    "1758", "1767", "1784", "1808", "1809", "1868", "1869", "1876"};
 
 // Where a number leads, as far as its prefix tells.
 struct NumberClass {

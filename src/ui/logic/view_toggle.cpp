@@ -8,27 +8,27 @@ constexpr int kOutOfSightTwips = -9900;
 
 }  // namespace
 
-void SwitchView(TwoViewWindow& window, DialView view, TwipPoint& fullView) {
+void SwitchView(PlacedWindow& window, TwoViews& views, DialView view, TwipPoint& fullView) {
   const bool full = view == DialView::kFull;
   const TwipPoint before = window.Position();
   TwipScreen screen = ScreenOf(window);
   const int outOfSight = screen.origin.top + kOutOfSightTwips;
   window.MoveTo({before.left, outOfSight});
-  window.ShowListControls(full);
+  views.ShowListControls(full);
   if (full) {
-    window.ArrangePanel(view);
+    views.ArrangePanel(view);
     window.MoveTo(fullView);
     screen = ScreenOf(window);
-    window.ApplyWindowShape();
+    views.ApplyWindowShape();
   } else {
     fullView = before;
-    window.ArrangePanel(view);
-    window.ApplyWindowShape();
+    views.ArrangePanel(view);
+    views.ApplyWindowShape();
     // Still out of sight: keeping it on the screen is what docks it at the top edge.
     window.MoveTo({screen.origin.left + (screen.size.width - window.Size().width) / 2, outOfSight});
   }
-  window.ShowCommandButtons(full);
-  window.SetTopmost(!full);
+  views.ShowCommandButtons(full);
+  views.SetTopmost(!full);
   window.MoveTo(KeepOnScreen(window.Position(), window.Size(), screen));
 }
 

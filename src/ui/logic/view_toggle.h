@@ -9,9 +9,10 @@ namespace orvane {
 // screen; the full view has everything.
 enum class DialView { kCompact, kFull };
 
-// A window with two views, as far as the switch between them goes.
-class TwoViewWindow : public PlacedWindow {
+// What a window with two views shows in each.
+class TwoViews {
  public:
+  virtual ~TwoViews() = default;
   // The call list's tabs and filters.
   virtual void ShowListControls(bool shown) = 0;
   // The commands that the compact view does without.
@@ -31,6 +32,6 @@ constexpr int CompactPanelHeight(int buttonTop, int buttonHeight) {
 
 // Switches between the views. `fullView` is where the full view was; the compact one always opens
 // centred at the top edge of the screen that the window is on.
-void SwitchView(TwoViewWindow& window, DialView view, TwipPoint& fullView);
+void SwitchView(PlacedWindow& window, TwoViews& views, DialView view, TwipPoint& fullView);
 
 }  // namespace orvane

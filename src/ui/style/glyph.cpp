@@ -154,6 +154,8 @@ QPainterPath Shape(Glyph glyph) {
       return Lines({{{6, 18}, {18, 6}}, {{9, 6}, {18, 6}, {18, 15}}}, 2.6);
     case Glyph::kArrowDown:
       return Triangle({5, 8}, {19, 8}, {12, 17});
+    case Glyph::kArrowUp:
+      return Triangle({5, 16}, {19, 16}, {12, 7});
     case Glyph::kArrowRight:
       return Triangle({8, 5}, {17, 12}, {8, 19});
     case Glyph::kCheckMark:

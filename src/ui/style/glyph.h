@@ -21,6 +21,7 @@ enum class Glyph {
   kInternal,
   kExternal,
   kArrowDown,
+  kArrowUp,
   kArrowRight,
   kCheckMark,
 };

@@ -23,6 +23,7 @@ QMenu::item:disabled { color: @disabledText; }
 QFrame[role="title"] { background: @frame; border-top-left-radius: 9px;
   border-top-right-radius: 9px; }
 QFrame[role="title"] QLabel { color: @onFrame; font-weight: bold; }
+QLabel[role="smallTitleCaption"] { font-size: @tinyPx; }
 QPushButton[role="titleButton"] { background: transparent; border: 1px solid transparent;
   border-radius: 3px; padding: 0; }
 QPushButton[role="titleButton"]:hover { background: @frameHover; }
@@ -59,6 +60,7 @@ QPushButton[role="fieldButton"]:hover { background: @fieldHover; }
 QPushButton[role="fieldButton"]:pressed { background: @selection; }
 QPushButton[role="fieldButton"]:focus { border: 2px solid @focus; }
 QPushButton[role="key"] { padding: 0; font-size: @keyPx; }
+QPushButton[role="smallKey"] { padding: 0; border-radius: 4px; font-size: @smallPx; }
 QPushButton[role="dial"], QPushButton[role="hangUp"] { color: @onCommand; padding: 0;
   font-size: @commandPx; font-weight: bold; }
 QPushButton[role="dial"] { background: @dial; border: 1px solid @dial; }
@@ -127,7 +129,7 @@ QTreeView[role="calls"] { background: transparent; border: 1px solid transparent
 QTreeView[role="calls"]:focus { border: 1px solid @focus; }
 QHeaderView { background: transparent; border: none; }
 QHeaderView::section { color: @mutedText; background: @ground; border: none;
-  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px;
+  border-right: 1px solid @strip; border-bottom: 1px solid @border; padding: 3px 7px 3px 8px;
   font-size: @smallPx; font-weight: bold; }
 QHeaderView::section:hover { background: @fieldHover; }
 
@@ -210,6 +212,7 @@ QString Pixels(int count) {
 
 QString ValueOf(const QString& name, const Palette& palette, int fontPixels) {
   if (name == QLatin1String("smallPx")) return Pixels(std::max(fontPixels - 1, 9));
+  if (name == QLatin1String("tinyPx")) return QStringLiteral("10px");
   if (name == QLatin1String("keyPx")) return Pixels(fontPixels + 4);
   if (name == QLatin1String("commandPx")) return Pixels(fontPixels + 2);
   if (name == QLatin1String("numberPx")) return Pixels(fontPixels + 5);

@@ -14,6 +14,8 @@ QString StyleSheet(const Palette& palette, int fontPixels);
 // What a control is for, as the style sheet selects it by the property "role".
 namespace role {
 inline constexpr char kTitle[] = "title";
+inline constexpr char kTitleCaption[] = "titleCaption";
+inline constexpr char kSmallTitleCaption[] = "smallTitleCaption";
 inline constexpr char kTitleButton[] = "titleButton";
 inline constexpr char kBody[] = "body";
 inline constexpr char kStrip[] = "strip";
@@ -27,6 +29,7 @@ inline constexpr char kMuted[] = "muted";
 inline constexpr char kReady[] = "ready";
 inline constexpr char kProblem[] = "problem";
 inline constexpr char kKey[] = "key";
+inline constexpr char kSmallKey[] = "smallKey";
 inline constexpr char kDial[] = "dial";
 inline constexpr char kHangUp[] = "hangUp";
 inline constexpr char kLog[] = "log";

@@ -81,7 +81,8 @@ class SipCallsTest : public ProgramFixture {
                 qtLoop,
                 clock,
                 locale,
-                prompts};
+                prompts,
+                [] { return std::vector<std::string>(); }};
   CallLogger logger{real, state, call, panel};
   TapiDialer dialer{real, state, call, queue, logger, panel};
 };

@@ -34,12 +34,9 @@ class OtherProcess {
 
   // Waits until it has printed that line; events run meanwhile.
   bool Said(const std::string& line) {
-    const QByteArray wanted = QByteArray::fromStdString(line);
     return RunUntil([&] {
-      while (process_.canReadLine()) {
-        if (process_.readLine().trimmed() == wanted) return true;
-      }
-      return false;
+      said_ += process_.readAll().replace("\r\n", "\n");
+      return said_.contains(QByteArray::fromStdString(line + "\n"));
     });
   }
   bool Ended() {
@@ -52,6 +49,7 @@ class OtherProcess {
 
  private:
   QProcess process_;
+  QByteArray said_;
 };
 
 // Tells the process that started this one.

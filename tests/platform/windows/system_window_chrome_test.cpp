@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <QTimer>
+#include <QApplication>
 
 #include "contract/event_wait.h"
 
@@ -79,28 +79,46 @@ TEST_F(SystemWindowChromeTest, AsksForAShadow) {
   EXPECT_EQ(style(), before | CS_DROPSHADOW);
 }
 
-// The system's own move, driven with the keyboard: two steps to the right, then the end.
-TEST_F(SystemWindowChromeTest, DragsWithTheSystemsOwnMove) {
+// Stands before the window's procedure and keeps the system from really moving it.
+class MoveWatcher {
+ public:
+  explicit MoveWatcher(HWND window) : window_(window) {
+    SetPropW(window_, kName, this);
+    own_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+  }
+  ~MoveWatcher() {
+    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own_));
+    RemovePropW(window_, kName);
+  }
+  MoveWatcher(const MoveWatcher&) = delete;
+  MoveWatcher& operator=(const MoveWatcher&) = delete;
+
+  std::string log;
+
+ private:
+  static constexpr const wchar_t* kName = L"Orvane.MoveWatcher";
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM word, LPARAM parameter) {
+    auto& watcher = *static_cast<MoveWatcher*>(GetPropW(window, kName));
+    if (message == WM_SYSCOMMAND && (word & 0xFFF0) == SC_MOVE) {
+      watcher.log += GetCapture() == nullptr ? "move " : "captured ";
+      return 0;
+    }
+    return CallWindowProcW(watcher.own_, window, message, word, parameter);
+  }
+
+  HWND window_;
+  WNDPROC own_ = nullptr;
+};
+
+TEST_F(SystemWindowChromeTest, LeavesTheMoveToTheSystem) {
   window.show();
-  RunPending();
-  const QPoint origin = window.pos();
-  int entered = 0;
-  QTimer keys;
-  QObject::connect(&keys, &QTimer::timeout, [&] {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetCurrentThreadId(), &info);
-    if ((info.flags & GUI_INMOVESIZE) == 0) return;
-    const WPARAM key = ++entered <= 2 ? VK_RIGHT : VK_RETURN;
-    PostMessageW(Native(), WM_KEYDOWN, key, 0);
-  });
-  keys.start(20);
-  int finished = 0;
-  chrome.Drag([&finished] { ++finished; });
-  EXPECT_EQ(finished, 1) << "Drag returns when the move is over";
-  EXPECT_GT(entered, 0);
-  RunPending();
-  EXPECT_GT(window.pos().x(), origin.x());
+  window.activateWindow();
+  ASSERT_TRUE(RunUntil([&] { return GetForegroundWindow() == Native(); }));
+  SetCapture(Native());
+  MoveWatcher watcher(Native());
+  chrome.Drag([&watcher] { watcher.log += "finished"; });
+  EXPECT_EQ(watcher.log, "move finished");
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "platform/windows/tapi32_lines.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/errors.h"
 #include "scripted_tapi_lab.h"
 
@@ -87,7 +90,7 @@ TEST_F(Tapi32LinesTest, DevicesThatSpeakAKnownVersionTellAllAboutThemselves) {
                          exchange.callInfoStates, exchange.callStates, exchange.dialToneModes,
                          exchange.disconnectModes, exchange.mediaModes, exchange.parkModes,
                          exchange.addressModes, exchange.version}),
-            (std::vector<std::uint32_t>{0x9, 0x2, 0x80, 0x10000, 0x101, 0x4, 0x20, 0x4, 0x2, 0x1,
+            (std::vector<std::uint32_t>{0x3, 0x8, 0x80, 0x10000, 0x101, 0x10, 0x20, 0x4, 0x2, 0x1,
                                         0x20001}));
   EXPECT_EQ(exchange.addresses, (Log{"Nebenstelle 0", "Nebenstelle 1"}));
   EXPECT_EQ(exchange.switchInfo, "Schalter");
@@ -102,6 +105,23 @@ TEST_F(Tapi32LinesTest, DialogsBelongToTheDeviceOrAreRefused) {
   lines.ShowDialog(1, LineDialog::kDialling, 78);
   EXPECT_EQ(tapi.dialogs, (Log{"device 0 before 77", "dialling 2 before 78"}));
   EXPECT_EQ(FailureOf([&] { lines.ShowDialog(1, LineDialog::kDevice, 0); }), kUnavailable);
+}
+
+TEST_F(Tapi32LinesTest, EachStepOfACallIsReportedOnceWhateverTheDriversManner) {
+  const std::pair<std::string, Log> kCourses[] = {
+      {lab.farEndHangsUp, {"16", "32", "256", "connected"}},
+      {lab.busy, {"16", "64", "busy"}},
+      {lab.rejected, {"16", "32"}},
+      {lab.unknown, {"16"}}};
+  for (const ScriptedTapi::Manner manner :
+       {ScriptedTapi::Manner{}, {false, false, true}, {true, true, true}}) {
+    tapi.manner = manner;
+    for (const auto& [number, course] : kCourses) {
+      SCOPED_TRACE(number + (manner.abruptEnds ? " abrupt" : ""));
+      lines.MakeCall(0, number);
+      EXPECT_EQ(Settled(), course + kEnd);
+    }
+  }
 }
 
 TEST_F(Tapi32LinesTest, WhatTapiRefusesAtOnceIsThrownAndLeavesTheLineUsable) {
@@ -141,7 +161,6 @@ TEST_F(Tapi32LinesTest, ALostLineEndsItsCallAndCanBeOpenedAgain) {
   EXPECT_EQ(FailureOf([&] { lines.MakeCall(0, lab.answered); }), kLineErrorInvalidLine);
   lines.OpenLine(0);
   Connect();
-  lab.runningCalls = 1;
 }
 
 TEST_F(Tapi32LinesTest, DevicesComeAndGo) {
@@ -174,7 +193,6 @@ TEST_F(Tapi32LinesTest, ALineThatIsClosedBeforeItsCallIsConfirmedEndsItOnce) {
   EXPECT_EQ(Settled(), kEnd);
   lines.OpenLine(0);
   Connect();
-  lab.runningCalls = 1;
 }
 
 }  // namespace

@@ -98,9 +98,46 @@ TEST_F(DialWindowKeyboard, EveryControlIsReachedByTabAndSaysWhatItIs) {
   }
   std::set<std::string> expected = {"txtNr",      "cmdClear",    "cmdWdh",          "cmdGetClpbrd",
                                     "cmdHistory", "cmdOptionen", "tabDisplay",      "cboNr",
-                                    "chkExtern",  "cmdDial_0",   "lstCallProgress", "hovClose"};
+                                    "chkExtern",  "cmdDial_0",   "lstCallProgress", "hovClose",
+                                    "hovSizer"};
   for (int key = 0; key < 12; ++key) expected.insert("cmdNr_" + std::to_string(key));
   EXPECT_EQ(reached, expected);
+}
+
+TEST_F(DialWindowKeyboard, TheCompactViewDialsAndGivesWayToTheFullOne) {
+  window->move(300, 200);
+  const QSize full = window->size();
+  Click("hovSizer");
+  EXPECT_LT(window->height() * kTwipsPerPixel, kCompactHeightLimitTwips);
+  EXPECT_EQ(window->width(), full.width());
+  EXPECT_EQ(window->pos(), QPoint((window->screen()->size().width() - full.width()) / 2, -1));
+  EXPECT_EQ(chrome->log.back(), "topmost -1 quietly");
+  std::set<std::string> shown;
+  for (const QWidget* control : window->findChildren<QWidget*>()) {
+    const bool own = !control->objectName().isEmpty() &&
+                     !control->objectName().startsWith(QStringLiteral("qt_"));
+    if (own && control->isVisible()) {
+      EXPECT_TRUE(
+          window->rect().contains(QRect(control->mapTo(window.get(), QPoint()), control->size())))
+          << control->objectName().toStdString();
+      shown.insert(control->objectName().toStdString());
+    }
+  }
+  std::set<std::string> expected = {"panBase", "imgLogo",  "lblBase_0", "hovSizer", "hovClose",
+                                    "infBase", "cmdClear", "txtNr",     "cmdDial_1"};
+  for (int key = 0; key < 12; ++key) expected.insert("cmdNr_" + std::to_string(key));
+  EXPECT_EQ(shown, expected);
+  Click("cmdNr_4");
+  Key(Qt::Key_2);
+  EXPECT_EQ(window->NumberText(), "42");
+  Click("cmdDial_1");
+  EXPECT_TRUE(window->SessionOn());
+
+  QTest::mouseDClick(Find<QWidget>("lblBase_0"), Qt::LeftButton);
+  EXPECT_EQ(window->geometry(), QRect(QPoint(300, 200), full));
+  EXPECT_EQ(chrome->log.back(), "topmost 0 quietly");
+  EXPECT_TRUE(Find<QWidget>("cmdOptionen")->isVisible());
+  EXPECT_FALSE(Find<QWidget>("cmdDial_1")->isVisible());
 }
 
 TEST_F(DialWindowKeyboard, ActivationPutsTheFocusIntoTheNumberField) {

@@ -50,6 +50,8 @@ TEST_F(DialWindowLook, FollowsTheDesktopsPalette) {
 
 TEST_F(DialWindowLook, NothingIsCutOffWithLargeFontsAndLongTexts) {
   const std::string endless(250, 'W');
+  CreateJournalFile(UserFile("TelList.fdb"),
+                    "INSERT INTO o (ID,Zeit,Firma,Nr) VALUES (1,45385.5,'" + endless + "','1')");
   for (const int points : {9, 12, 16}) {
     QFont larger = font;
     larger.setPointSize(points);
@@ -57,6 +59,8 @@ TEST_F(DialWindowLook, NothingIsCutOffWithLargeFontsAndLongTexts) {
     MakeWindow();
     WriteFile(UserFile("Kurzwahl.dat"), endless + "|111|\xBF\xBF");
     ShowWindow();
+    Click("cmdHistory");
+    QApplication::processEvents();
     const QSize designed = window->size();
     window->SetContactLabel(endless + "\r\n" + endless + "\r\n\r\n" + endless);
     window->SetDialMethodStatus("<Bereit>", endless);

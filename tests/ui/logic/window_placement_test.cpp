@@ -14,7 +14,7 @@ constexpr TwipScreen kSecondScreen{{19200, 3000}, {15000, 9000}};
 constexpr TwipSize kWindow{4770, 8115};
 constexpr TwipSize kCompact{4770, 990};
 
-class FakeWindow : public TwoViewWindow {
+class FakeWindow : public PlacedWindow, public TwoViews {
  public:
   WindowState State() const override { return state; }
   void SetState(WindowState value) override { state = value; }
@@ -85,12 +85,12 @@ TEST(ViewToggle, DocksTheCompactViewAndBringsTheFullOneBack) {
     window.screens = c.screens;
     window.position = c.full;
     TwipPoint remembered;
-    SwitchView(window, DialView::kCompact, remembered);
+    SwitchView(window, window, DialView::kCompact, remembered);
     EXPECT_EQ(window.position, c.docked);
     EXPECT_EQ(window.steps, "(list-) (panel-) (shape+) (commands-) (topmost+) ");
     window.position = {500, 500};
     window.steps.clear();
-    SwitchView(window, DialView::kFull, remembered);
+    SwitchView(window, window, DialView::kFull, remembered);
     EXPECT_EQ(window.position, c.back);
     EXPECT_EQ(window.steps, "(list+) (panel+) shape+ commands+ topmost- ");
   }

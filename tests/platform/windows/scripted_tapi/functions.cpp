@@ -95,11 +95,11 @@ LONG WINAPI lineGetAddressCapsW(HLINEAPP, DWORD device, DWORD address, DWORD ver
   if (!Agreed(device, version)) return TheScript().Misuse("addressCaps", LINEERR_BADDEVICEID);
   if (device == ScriptedTapi::kOldCard) return Error(LINEERR_OPERATIONUNAVAIL);
   Begin(*caps);
-  caps->dwBusyModes = LINEBUSYMODE_TRUNK;
+  caps->dwBusyModes = LINEBUSYMODE_UNAVAIL;
   caps->dwCallFeatures = LINECALLFEATURE_DROP;
   caps->dwCallInfoStates = LINECALLINFOSTATE_CALLEDID;
   caps->dwCallStates = LINECALLSTATE_CONNECTED | LINECALLSTATE_IDLE;
-  caps->dwDialToneModes = LINEDIALTONEMODE_INTERNAL;
+  caps->dwDialToneModes = LINEDIALTONEMODE_UNKNOWN;
   caps->dwDisconnectModes = LINEDISCONNECTMODE_BUSY;
   caps->dwParkModes = LINEPARKMODE_NONDIRECTED;
   Append(*caps, caps->dwAddressOffset, caps->dwAddressSize,

@@ -30,6 +30,12 @@ void Script::Reset() {
   for (const DWORD version : kVersions) devices_.push_back({version});
 }
 
+int Script::LeftOver() const {
+  return static_cast<int>(std::count_if(calls_.begin(), calls_.end(), [](const Call& call) {
+    return call.state == LINECALLSTATE_DISCONNECTED || call.state == LINECALLSTATE_IDLE;
+  }));
+}
+
 void Script::Start(LINECALLBACK callback) {
   callback_ = callback;
   window_ =
@@ -108,7 +114,9 @@ LONG Script::Drop(HCALL handle) {
   SendReply(request, results.dropReply, nullptr, 0);
   if (results.dropReply != 0) return request;
   if (!manner.abruptEnds && call->state != LINECALLSTATE_DISCONNECTED) {
-    SendState(*call, LINECALLSTATE_DISCONNECTED, LINEDISCONNECTMODE_NORMAL);
+    const bool isBusy = call->state == LINECALLSTATE_BUSY;
+    SendState(*call, LINECALLSTATE_DISCONNECTED,
+              isBusy ? LINEDISCONNECTMODE_BUSY : LINEDISCONNECTMODE_NORMAL);
   }
   SendState(*call, LINECALLSTATE_IDLE);
   return request;

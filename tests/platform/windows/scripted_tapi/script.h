@@ -15,7 +15,7 @@ class Script : public ScriptedTapi {
   static constexpr HLINEAPP kApp = 0x1000;
 
   void Reset() override;
-  std::size_t CallHandles() const override { return calls_.size(); }
+  int LeftOver() const override;
   void CloseLine(DWORD device) override;
   DWORD AddDevice() override;
   void RemoveDevice(DWORD device) override;

@@ -44,8 +44,8 @@ class ScriptedTapi {
 
   // Everything as when the library was loaded.
   virtual void Reset() = 0;
-  // Handles of calls that the program has not given back.
-  virtual std::size_t CallHandles() const = 0;
+  // How many calls that are over the program has not dropped or given back.
+  virtual int LeftOver() const = 0;
   virtual void CloseLine(DWORD device) = 0;
   // Gives the new device's number.
   virtual DWORD AddDevice() = 0;

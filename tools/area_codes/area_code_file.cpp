@@ -1,0 +1,32 @@
+#include "area_codes/area_code_file.h"
+
+#include "sqlite_script.h"
+
+namespace orvane {
+namespace {
+
+// A number is looked up with three of its prefixes at once and takes the first row that comes. The
+// rows lie in falling order, so whether the engine walks the table or its key, the longest of
+// several prefixes of one number comes first.
+constexpr const char* kTable =
+    "CREATE TABLE VW (VW TEXT NOT NULL, Ort TEXT, PRIMARY KEY (VW DESC)) STRICT, WITHOUT ROWID";
+
+std::string Quoted(const std::string& text) {
+  std::string result = "'";
+  for (const char c : text) result.append(c == '\'' ? 2U : 1U, c);
+  return result + '\'';
+}
+
+}  // namespace
+
+void CreateAreaCodeFile(const std::filesystem::path& file, const AreaCodes& codes) {
+  SqliteScript script(file);
+  script.Run(kTable);
+  for (const AreaCode& code : codes) {
+    script.Run("INSERT INTO VW (VW, Ort) VALUES (" + Quoted(code.prefix) + ',' +
+               Quoted(code.place) + ')');
+  }
+  script.Finish();
+}
+
+}  // namespace orvane
