@@ -149,7 +149,7 @@ QGroupBox { color: @heading; font-weight: bold; border: 1px solid @border; borde
   margin-top: 8px; padding-top: 6px; }
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
 QGroupBox[role="cover"] { background: @strip; margin-top: 0; padding-top: 22px; }
-QGroupBox[role="cover"]::title { left: 9px; top: 8px; }
+QGroupBox[role="cover"]::title { left: 6px; top: 8px; }
 QListView[role="choices"] { color: @text; background: @field; border: 1px solid @border;
   border-radius: 6px; padding: 2px; outline: none; }
 QListView[role="choices"]:focus { border: 2px solid @focus; padding: 1px; }
