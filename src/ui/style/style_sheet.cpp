@@ -97,7 +97,8 @@ QCheckBox::indicator:checked { background: @frame; border-color: @frame; }
 QCheckBox::indicator:checked:hover { background: @frameHover; }
 QCheckBox::indicator:disabled { background: @disabledField; border-color: @border; }
 
-QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px; }
+QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px;
+  outline: none; }
 QRadioButton:focus { border: 1px solid @focus; }
 QRadioButton:disabled { color: @disabledText; }
 QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid @mutedText;
