@@ -22,9 +22,9 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
-#include "ui/logic/number_classifier.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
+#include "ui/logic/number_classifier.h"
 #include "ui/logic/view_toggle.h"
 #include "ui/options/options_owner.h"
 
