@@ -8,10 +8,6 @@ set(ORVANE_SYSTEM windows)
 # Wide system calls, and nothing of the system's headers that collides with the standard library.
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
 
-# What a build of the machine itself makes and Windows only carries: database files.
-set(ORVANE_NATIVE_BUILD "${CMAKE_SOURCE_DIR}/build/dev" CACHE PATH
-  "Build folder for this machine, whose data files a cross build takes over")
-
 # The compiler's own libraries, which the program brings along.
 set(ORVANE_RUNTIME_LIBRARIES)
 foreach(name libstdc++-6 libgcc_s_seh-1 libgcc_s_dw2-1 libwinpthread-1)

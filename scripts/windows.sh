@@ -29,6 +29,6 @@ scripts/install-packages.sh "${groups[@]}"
 qt=$(scripts/windows/qt.sh "$arch")
 sqlite=$(scripts/windows/sqlite.sh "$arch")
 # The data files are the same on every system and are made by programs of this one.
-scripts/build.sh dev orvane_journal_file orvane_area_code_file
+scripts/build.sh dev orvane_data
 scripts/build.sh "$preset" "-DORVANE_WINDOWS_PREFIXES=$qt;$sqlite"
 [[ "$command" == build ]] || scripts/windows/test.sh "$preset"

@@ -14,13 +14,24 @@ namespace {
 
 // All shapes are designed on a square of this side.
 constexpr qreal kDesignSide = 24;
+// How far the edge of a stroke may be from its curve there.
+constexpr qreal kCurveThreshold = 0.01;
 
 QPainterPath Stroked(const QPainterPath& line, qreal width) {
   QPainterPathStroker stroker;
   stroker.setWidth(width);
+  stroker.setCurveThreshold(kCurveThreshold);
   stroker.setCapStyle(Qt::RoundCap);
   stroker.setJoinStyle(Qt::RoundJoin);
   return stroker.createStroke(line);
+}
+
+// Uniting makes lines of the curves, just fine enough for the size at hand; this one stays smooth
+// when the picture is large.
+QPainterPath United(const QPainterPath& one, const QPainterPath& other) {
+  constexpr qreal kFineness = 32;
+  const QTransform fine = QTransform::fromScale(kFineness, kFineness);
+  return fine.inverted().map(fine.map(one).united(fine.map(other)));
 }
 
 QPainterPath Lines(std::initializer_list<std::initializer_list<QPointF>> strokes, qreal width) {
@@ -39,6 +50,7 @@ QPainterPath HandsetDown() {
   grip.cubicTo(8, 9.2, 16, 9.2, 19.5, 13.5);
   QPainterPathStroker stroker;
   stroker.setWidth(4.6);
+  stroker.setCurveThreshold(kCurveThreshold);
   QPainterPath shape = stroker.createStroke(grip);
   for (const auto& [centre, angle] : {std::pair{QPointF(4.6, 14.2), -38.0}, {{19.4, 14.2}, 38.0}}) {
     QTransform place;
@@ -46,7 +58,7 @@ QPainterPath HandsetDown() {
     place.rotate(angle);
     QPainterPath shell;
     shell.addRoundedRect(QRectF(-3, -2.4, 6, 6), 1.5, 1.5);
-    shape = shape.united(place.map(shell));
+    shape = United(shape, place.map(shell));
   }
   return shape;
 }
@@ -69,7 +81,7 @@ QPainterPath Redial() {
   QPainterPath head;
   head.addPolygon(QPolygonF({{19.9, 3.2}, {19.9, 10.2}, {12.9, 10.2}}));
   head.closeSubpath();
-  return shape.united(head);
+  return United(shape, head);
 }
 
 QPainterPath Clipboard() {
@@ -77,9 +89,8 @@ QPainterPath Clipboard() {
   board.addRoundedRect(QRectF(5, 4.5, 14, 17), 2, 2);
   QPainterPath clip;
   clip.addRoundedRect(QRectF(8.5, 2.5, 7, 4.5), 1.2, 1.2);
-  return Stroked(board, 1.8)
-      .united(clip)
-      .united(Lines({{{8.5, 11.5}, {15.5, 11.5}}, {{8.5, 15}, {15.5, 15}}}, 1.6));
+  return United(United(Stroked(board, 1.8), clip),
+                Lines({{{8.5, 11.5}, {15.5, 11.5}}, {{8.5, 15}, {15.5, 15}}}, 1.6));
 }
 
 QPainterPath History() {
@@ -116,7 +127,9 @@ QPainterPath Logo() {
   fit.translate(12, 12);
   fit.scale(0.66, 0.66);
   fit.translate(-12, -12);
-  return tile.subtracted(fit.map(Handset()));
+  // What lies within is cut out.
+  tile.addPath(fit.map(Handset()));
+  return tile;
 }
 
 QPainterPath Triangle(const QPointF& a, const QPointF& b, const QPointF& c) {

@@ -98,6 +98,14 @@ TEST_F(ApplyOptionsTest, LeavesNothingHalfWritten) {
   EXPECT_TRUE(std::filesystem::is_empty(UserFile("")));
 }
 
+TEST_F(ApplyOptionsTest, TellsTheHostEvenWhenTheMonitorCannotBeWritten) {
+  registry->deniedName = "TapiMon";
+  choices.callMonitor = true;
+  EXPECT_THROW(Apply(), RegistryError);
+  EXPECT_EQ(Registry("TapiBez"), "Büro");
+  EXPECT_EQ(notified, (std::vector<std::string>{EncodeAnsi("TX:17~TAPI_ReInit~Büro")}));
+}
+
 TEST_F(ApplyOptionsTest, WritesToTheUserWhoOpenedTheOptions) {
   std::filesystem::create_directories(folder / "Daten/User/23/res");
   state.host.userPath = UserFolder(state.host, 23);
