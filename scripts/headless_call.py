@@ -20,6 +20,9 @@ from headless_session import (STEP_LIMIT_S, Failed, Screen, end_processes, limit
 
 TIME_LIMIT_S = 100
 
+# Known by the area-code table alone.
+AREA_CODE = "06021"
+PLACE = "Aschaffenburg"
 COMPANY = "Muster & Söhne GmbH"
 WRITTEN_NUMBER = "069 / 90009-217"
 DIGITS = "06990009217"
@@ -75,6 +78,12 @@ class Call:
         wait_for("the demo host's window", lambda: self.screen.window(HOST))
         wait_for("the dial window", lambda: self.screen.window(DIALER))
         self.tell("Demo host and dialer are running.")
+
+    def type_number(self):
+        self.screen.click(self.screen.find(DIALER, "Rufnummer", "text"))
+        subprocess.run(["xdotool", "type", AREA_CODE], check=True)
+        wait_for(f"{PLACE} in the dial window", lambda: self.screen.find(DIALER, PLACE, "label"))
+        self.tell(f"Typed {AREA_CODE}: {PLACE}")
 
     def send_dial(self):
         cells = wait_for("the contacts", lambda: self.screen.entries(
@@ -162,6 +171,7 @@ class Call:
     def run(self):
         try:
             self.start()
+            self.type_number()
             self.send_dial()
             self.dial()
             self.hang_up()

@@ -76,12 +76,13 @@ TEST(AreaCodeTable, IsCompleteAndCanBeShown) {
   std::size_t german = 0;
   std::size_t countries = 0;
   for (const auto& [prefix, place] : Rows()) {
-    SCOPED_TRACE(prefix + " " + place);
+    SCOPED_TRACE(prefix);
+    SCOPED_TRACE(place);
     EXPECT_TRUE(std::ranges::all_of(prefix, [](char c) { return c >= '0' && c <= '9'; }));
     EXPECT_FALSE(place.empty());
     EXPECT_EQ(DecodeAnsi(EncodeAnsi(place)), place) << "a letter that German users do not have";
     if (prefix.starts_with('0')) {
-      ++german;
+      if (prefix.size() >= 4) ++german;
       EXPECT_TRUE(prefix.size() >= 3 && prefix.size() <= 6);
     } else if (prefix.size() < 4) {
       ++countries;

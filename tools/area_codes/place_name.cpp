@@ -100,7 +100,7 @@ std::string PlaceName(const std::string& geocoderName) {
   const auto known = std::ranges::find(kWholeNames, geocoderName, &Replacement::first);
   if (known != kWholeNames.end()) return std::string(known->second);
 
-  const std::string name = Spelled(geocoderName);
+  std::string name = Spelled(geocoderName);
   for (const std::string_view qualifier : kQualifiersOfTwoWords) {
     if (name.ends_with(qualifier)) return InBrackets(name, name.size() - qualifier.size());
   }

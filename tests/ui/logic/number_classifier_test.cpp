@@ -27,8 +27,7 @@ class NumberClassifierTest : public testing::Test {
   }
 
   std::string Classify(const std::string& number) {
-    const std::string label =
-        classifier_.ClassifyNumber(number, number.starts_with("00"), table_.get());
+    std::string label = classifier_.ClassifyNumber(number, number.starts_with("00"), table_.get());
     EXPECT_FALSE(table_->IsOpen()) << number;
     return label;
   }
