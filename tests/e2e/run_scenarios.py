@@ -56,12 +56,9 @@ class WineSystem:
     def __init__(self, programs, root, environment, folder, program_folder, libraries):
         self.programs, self.environment = programs, environment
         self.wine, self.libraries = folder / "wine", libraries
-        self.wine.mkdir()
         self.program_folder = self.wine / "prefix" / "drive_c" / "Orvane"
-        with (folder / "wineboot.log").open("w") as log:
-            subprocess.run(self.command("", "wineboot", "--init"), env=environment, check=True,
-                           stdout=log, stderr=log)
-        self.server("-w")
+        subprocess.run([PROJECT / "scripts" / "windows" / "wine_prefix.sh", self.wine],
+                       env=environment, check=True)
         shutil.copytree(program_folder, self.program_folder)
 
     def command(self, libraries, *arguments):
