@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "platform/event_loop.h"
+#include "platform/line_event_queue.h"
 #include "platform/line_service_provider.h"
 #include "platform/linux/baresip_control.h"
-#include "platform/line_event_queue.h"
 
 namespace orvane {
 
