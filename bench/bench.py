@@ -355,7 +355,7 @@ class Bench:
         dialer = self.start_dialer()
         self.display.wait_for_window()
         time.sleep(0.5)
-        sender = self.start(self.programs / "orvane-bench-sender", text=True,
+        sender = self.start(self.programs / "orvane-message-sender", text=True,
                             stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.measure_messages(sender, field)
         self.measure_calls(sender, modem, button)

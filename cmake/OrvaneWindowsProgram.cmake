@@ -14,3 +14,28 @@ function(orvane_windows_resources target)
     OBJECT_DEPENDS "${icon_file};${CMAKE_CURRENT_BINARY_DIR}/orvane.manifest")
   add_dependencies(${target} orvane_data_orvane.ico)
 endfunction()
+
+# The folder that runs on any Windows machine: the program, stripped, and all that it loads.
+#
+#   orvane_windows_program_folder(<target> <folder>)
+function(orvane_windows_program_folder target folder)
+  set(libraries ${ORVANE_RUNTIME_LIBRARIES})
+  foreach(library Core Gui Widgets)
+    list(APPEND libraries $<TARGET_FILE:Qt6::${library}>)
+  endforeach()
+  set(translation /usr/share/qt6/translations/qtbase_de.qm)
+  file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/qt.conf" "[Paths]\nPrefix = .\nPlugins = .\n")
+  add_custom_command(OUTPUT "${folder}/qt.conf"
+    COMMAND ${CMAKE_COMMAND} -E rm -rf "${folder}"
+    COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}/platforms" "${folder}/translations"
+    COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:${target}> ${libraries} "${folder}"
+    COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:Qt6::QWindowsIntegrationPlugin>
+      "${folder}/platforms"
+    COMMAND ${CMAKE_COMMAND} -E copy "${translation}" "${folder}/translations"
+    COMMAND sh -c "cd '${folder}' && exec ${CMAKE_STRIP} *.dll *.exe platforms/*.dll"
+    COMMAND ${CMAKE_COMMAND} -E copy "${CMAKE_CURRENT_BINARY_DIR}/qt.conf" "${folder}"
+    DEPENDS ${target} ${ORVANE_RUNTIME_LIBRARIES} "${translation}"
+    VERBATIM
+    COMMENT "Putting the program folder together")
+  add_custom_target(${target}_program_folder ALL DEPENDS "${folder}/qt.conf")
+endfunction()

@@ -5,5 +5,5 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 
 scripts/install-packages.sh build run bench
 scripts/build.sh release -DORVANE_BENCH=ON orvane orvane-demo-host orvane-empty-window \
-  orvane-bench-sender orvane-bench-classification orvane-sip-demo
+  orvane-message-sender orvane-bench-classification orvane-sip-demo
 /usr/bin/python3 bench/bench.py "$PWD/build/release/bin" "$PWD/out/bench"

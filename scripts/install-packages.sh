@@ -17,9 +17,11 @@ packages_lint=(clang-format clang-tidy)
 # Reads pixels of the display while it measures.
 packages_bench=(python3-xlib)
 # The cross compiler, and what turns Debian's source packages of the libraries into libraries.
-packages_windows=(g++-mingw-w64-x86-64-posix qt6-base-dev-tools dpkg-dev xz-utils googletest)
+packages_windows=(g++-mingw-w64-x86-64-posix qt6-base-dev-tools qt6-translations-l10n dpkg-dev
+  xz-utils googletest)
 packages_windows_i686=(g++-mingw-w64-i686-posix)
-packages_wine=(wine wine64)
+# The fonts are those that Windows programs ask for.
+packages_wine=(wine wine64 fonts-wine)
 
 wanted=()
 for group in "${@:-build run}"; do

@@ -94,8 +94,9 @@ HostInstallation BuildHostInstallation(const std::filesystem::path& folder, Host
   WriteFile(installation.speedDialFile, EncodeAnsi(SpeedDialBlock(options.internalSpeedDial) +
                                                    SpeedDialBlock(options.externalSpeedDial)));
   if (std::filesystem::exists(options.areaCodeFile)) {
-    std::filesystem::copy_file(options.areaCodeFile, folder / "res" / "VPB.rgt",
-                               std::filesystem::copy_options::overwrite_existing);
+    // Not every library overwrites when it is told to.
+    std::filesystem::remove(folder / "res" / "VPB.rgt");
+    std::filesystem::copy_file(options.areaCodeFile, folder / "res" / "VPB.rgt");
   }
   WriteContactFile(installation.contactFile, options.contacts);
   if (!std::filesystem::exists(installation.journalFile)) {

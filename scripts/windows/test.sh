@@ -8,7 +8,6 @@ cd "$(dirname "$(readlink -f "$0")")/../.."
 preset="$1"
 shift
 wine_folder="$PWD/build/$preset/wine"
-mkdir -p "$wine_folder"
 export WINEPREFIX="$wine_folder/prefix"
 display=
 finish() {
@@ -22,14 +21,8 @@ display=$!
 read -r DISPLAY <&"$number" || { echo "Xvfb did not start." >&2; exit 1; }
 export DISPLAY=":$DISPLAY"
 
-# A fresh prefix is whole only when the server has written it down. The tests run at once, so none of
-# them can make it.
-if [[ ! -f "$wine_folder/ready" ]]; then
-  rm -rf "$WINEPREFIX"
-  scripts/windows/wine.sh "$wine_folder" / wineboot --init >"$wine_folder/wineboot.log" 2>&1
-  wineserver -w
-  touch "$wine_folder/ready"
-fi
+# The tests run at once, so none of them can make the prefix.
+scripts/windows/wine_prefix.sh "$wine_folder"
 # The journal is written with care for power cuts; thousands of writes take minutes on a slow disk.
 [[ -w /dev/shm ]] && export TMPDIR=/dev/shm
 ctest --preset "$preset" --parallel "$(nproc)" "$@"

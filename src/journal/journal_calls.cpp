@@ -1,7 +1,6 @@
 #include "journal/journal_calls.h"
 
 #include <cmath>
-#include <exception>
 
 #include "app/date_time.h"
 #include "journal/field_access.h"

@@ -16,6 +16,8 @@ struct FakeRegistryStore {
   std::map<std::string, std::string> values;
   bool denyReads = false;
   bool denyWrites = false;
+  // The one value that cannot be written.
+  std::string deniedName;
 };
 
 class FakeRegistry : public HostRegistry {
@@ -34,7 +36,8 @@ class FakeRegistry : public HostRegistry {
   }
 
   void Write(std::string_view subKey, std::string_view name, std::string_view value) override {
-    if (store_->denyWrites) throw RegistryError(5, "Zugriff verweigert");
+    if (store_->denyWrites || (!store_->deniedName.empty() && name == store_->deniedName))
+      throw RegistryError(5, "Zugriff verweigert");
     store_->values[Key(subKey, name)] = value;
   }
 

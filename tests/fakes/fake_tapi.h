@@ -45,12 +45,14 @@ class FakeTapi : public TapiControl {
   void ShutDown() override { log.emplace_back("shutdown"); }
   std::string Tag() const override { return tag_; }
   void SetTag(const std::string& tag) override { tag_ = tag; }
-  void SetEvents(TapiEvents* /*listener*/) override {}
+  void SetEvents(TapiEvents* listener) override { events = listener; }
 
   std::vector<std::string> lineNames;
   std::vector<std::string> log;
   // What every line tells about itself, before its address.
   LineInfo info;
+  // Who hears the events, for tests that play a call.
+  TapiEvents* events = nullptr;
   // Placing and dropping calls and showing dialogs fails.
   bool failing = false;
 

@@ -1,5 +1,7 @@
 #include "journal/journal_calls.h"
 
+#include <algorithm>
+
 #include "fakes/program_fixture.h"
 #include "journal/tel_list.h"
 #include "platform/sqlite_test_support.h"
@@ -59,6 +61,22 @@ TEST_F(JournalCallsTest, ReadsWhileAnotherProgramWrites) {
   // The next call must not find the journal open for reading only.
   EXPECT_EQ(Insert(), "2 ");
   EXPECT_EQ(state.databases.journalConnectionString, writable);
+}
+
+TEST_F(JournalCallsTest, ShowsWhatItReadBeforeADamagedPage) {
+  const auto file = UserFile("TelList.fdb");
+  // In the order in which the rows lie, so that the last pages of the file are read last.
+  RawSqlite(file).Run(
+      "WITH RECURSIVE n(i) AS (SELECT 600 UNION ALL SELECT i-1 FROM n WHERE i>1)"
+      " INSERT INTO o (ID,Ext,Zeit,Nr,Firma) SELECT i,0,i,'217','Rheinkontor Spedition' FROM n");
+  std::string content = ReadFile(file);
+  content.replace(content.size() * 4 / 5, std::string::npos,
+                  std::string(content.size() - content.size() * 4 / 5, 'x'));
+  WriteFile(file, content);
+  const std::string calls = Calls("SELECT Zeit,Ext,Nr,Firma,Ort,Person FROM o");
+  const auto rows = std::count(calls.begin(), calls.end(), '\n');
+  EXPECT_GT(rows, 100);
+  EXPECT_LT(rows, 600);
 }
 
 TEST_F(JournalCallsTest, TellsWhyThereIsNothingToRead) {

@@ -24,6 +24,8 @@ constexpr int kGermany = 49;
 constexpr int kNorthAmerica = 1;
 // Without the leading 0.
 constexpr std::size_t kLongestAreaCodeDigits = 5;
+// A German number of common length, without the leading 0.
+constexpr std::size_t kSampleDigits = 10;
 // What the library calls the region of codes that belong to no country.
 constexpr std::string_view kWorld = "001";
 
@@ -76,9 +78,25 @@ class GermanWalk {
  private:
   void Visit(const std::string& prefix, const std::string& outerPlace) {
     const std::string place = PlaceOf(prefix);
-    if (place != outerPlace) codes_.push_back({"0" + prefix, PlaceName(place)});
+    if (place != outerPlace) Add(prefix, PlaceName(place));
     if (prefix.size() == kLongestAreaCodeDigits) return;
     for (char digit = '0'; digit <= '9'; ++digit) Visit(prefix + digit, place);
+  }
+
+  // The geocoder may name a whole block of codes by its one place.
+  void Add(const std::string& prefix, const std::string& name) {
+    if (prefix.size() == kLongestAreaCodeDigits || IsAreaCode(prefix)) {
+      codes_.push_back({"0" + prefix, name});
+    } else {
+      for (char digit = '0'; digit <= '9'; ++digit) codes_.push_back({"0" + prefix + digit, name});
+    }
+  }
+
+  static bool IsAreaCode(const std::string& prefix) {
+    std::string number = prefix + '2';
+    number.resize(kSampleDigits, '1');
+    return phone::PhoneNumberUtil::GetInstance()->GetLengthOfGeographicalAreaCode(
+               NumberOf(kGermany, number)) == static_cast<int>(prefix.size());
   }
 
   std::string PlaceOf(const std::string& prefix) const {

@@ -10,6 +10,7 @@
 namespace orvane {
 
 // How the host's settings name a way to call.
+inline constexpr int kNoDialling = 0;
 inline constexpr int kDialByModem = 1;
 inline constexpr int kDialByLine = 2;
 

@@ -132,6 +132,10 @@ QWidget* DemoWindow::ContactTable(const SampleContacts& contacts) {
   table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
   table->horizontalHeader()->setSectionResizeMode(kDialColumn, QHeaderView::Fixed);
   table->horizontalHeader()->resizeSection(kDialColumn, kDialColumnWidth);
+  // Enter in a row, for those without a pointer.
+  connect(table, &QTableWidget::cellActivated, this,
+          [this](int row, int) { Q_EMIT DialRequested(static_cast<std::size_t>(row)); });
+  table->setFocus();
   return table;
 }
 

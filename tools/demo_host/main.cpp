@@ -39,7 +39,8 @@ Arguments ReadArguments(const QApplication& application) {
   const QCommandLineOption dialer(QStringLiteral("dialer"), QStringLiteral("The dialer's program."),
                                   QStringLiteral("file"),
                                   QApplication::applicationDirPath() + QStringLiteral("/orvane"));
-  const QCommandLineOption line(QStringLiteral("line"), QStringLiteral("simulated, modem or sip."),
+  const QCommandLineOption line(QStringLiteral("line"),
+                                QStringLiteral("simulated, modem, sip or choice."),
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption areaCodes(
       QStringLiteral("area-codes"), QStringLiteral("The area-code table."), QStringLiteral("file"),

@@ -18,8 +18,8 @@ struct TranslatedStatement {
 // between either quote, names in brackets, True and False, and the functions Fix, CDbl, Max, Min,
 // Count, Sum and Avg. The content of quotes is never touched.
 //
-// TOP without an order takes the rows with the largest first column: the newest calls of a query for
-// their times.
+// TOP without an order takes the rows with the largest first column: the newest calls of a query
+// for their times.
 //
 // Callers put texts between quotes as they are, so a text with an apostrophe changes the statement.
 // What Jet would refuse then is refused here: in VALUES only plain literals may stand, a text only

@@ -1,5 +1,7 @@
 #include "platform/common/memory_recordset.h"
 
+#include <utility>
+
 #include "platform/common/connection_properties.h"
 #include "platform/common/database_errors.h"
 
@@ -8,6 +10,7 @@ namespace orvane {
 void MemoryRecordset::MoveNext() {
   Current();
   ++at_;
+  if (AtEnd() && failure_) throw *std::exchange(failure_, std::nullopt);
 }
 
 DbValue MemoryRecordset::Field(std::string_view name) const {

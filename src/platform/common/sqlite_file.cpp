@@ -232,14 +232,18 @@ int SqliteFile::WaitForLock(void* self, int /*count*/) {
   return 1;
 }
 
-void SqliteFile::ThrowFailure(int code) const {
+DatabaseError SqliteFile::Failure(int code) const {
   if (!IsRefusedStatement(code)) {
-    throw DatabaseError(kDbErrorFailed, FailureText(code, shownPath_), code);
+    return DatabaseError(kDbErrorFailed, FailureText(code, shownPath_), code);
   }
-  throw DatabaseError(kDbErrorSyntax,
-                      std::string("Syntaxfehler oder unbekannter Name in der Anweisung (") +
-                          sqlite3_errmsg(database_.get()) + ").",
-                      code);
+  return DatabaseError(kDbErrorSyntax,
+                       std::string("Syntaxfehler oder unbekannter Name in der Anweisung (") +
+                           sqlite3_errmsg(database_.get()) + ").",
+                       code);
+}
+
+void SqliteFile::ThrowFailure(int code) const {
+  throw Failure(code);
 }
 
 std::unique_ptr<Recordset> SqliteFile::Run(const std::string& sql,
@@ -261,8 +265,10 @@ std::unique_ptr<Recordset> SqliteFile::Run(const std::string& sql,
   while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {
     rows.push_back(ReadRow(prepared, columnCount));
   }
-  if (code != SQLITE_DONE) ThrowFailure(code);
-  return std::make_unique<MemoryRecordset>(std::move(columns), std::move(rows));
+  if (code != SQLITE_DONE && rows.empty()) ThrowFailure(code);
+  std::optional<DatabaseError> failure;
+  if (code != SQLITE_DONE) failure = Failure(code);
+  return std::make_unique<MemoryRecordset>(std::move(columns), std::move(rows), std::move(failure));
 }
 
 void SqliteFile::CopyInto(const std::string& utf8Path) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/database.h"
+#include "platform/errors.h"
 
 struct sqlite3;
 
@@ -50,6 +51,7 @@ class SqliteFile {
   void Command(const char* sql);
   static int WaitForLock(void* self, int count);
   [[noreturn]] void ThrowFailure(int code) const;
+  DatabaseError Failure(int code) const;
 
   std::string shownPath_;
   std::chrono::steady_clock::time_point lockDeadline_;

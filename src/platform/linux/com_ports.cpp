@@ -51,10 +51,11 @@ QStringList SerialDevices() {
 }
 
 std::vector<std::string> SerialPortNames() {
-  const QStringList found = SerialDevices();
+  QStringList found = SerialDevices();
   std::vector<std::string> names;
   for (int port = 1; port <= kSerialMaxPort; ++port) {
-    const auto device = ComPortDevice(port, ComLinkFolder(), [&found] { return found; });
+    const auto device =
+        ComPortDevice(port, ComLinkFolder(), [&found]() -> QStringList { return found; });
     // A link whose adapter is unplugged leads nowhere.
     if (device && QFileInfo::exists(*device)) names.push_back("COM" + std::to_string(port));
   }

@@ -113,8 +113,10 @@ bool CallListDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   const QRect area = TextArea(option.rect, index);
   const bool fits = option.fontMetrics.horizontalAdvance(text) <= area.width();
   const QString shown = !hint.isEmpty() || fits ? hint : text;
-  // Plain text, whatever characters a name holds.
-  QToolTip::showText(event->globalPos(), shown.toHtmlEscaped(), view);
+  // Plain text, whatever characters a name holds; an empty hint takes the old one away.
+  QToolTip::showText(
+      event->globalPos(),
+      shown.isEmpty() ? shown : QStringLiteral("<p>%1</p>").arg(shown.toHtmlEscaped()), view);
   return true;
 }
 

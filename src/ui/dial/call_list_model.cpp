@@ -2,7 +2,6 @@
 
 #include <QLocale>
 #include <QStringList>
-#include <cstdio>
 #include <limits>
 
 #include "ui/dial/search_text.h"

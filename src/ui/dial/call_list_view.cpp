@@ -126,6 +126,11 @@ void CallListView::SetColumns(const CallColumns& columns) {
 // Finds the next call by what was typed in quick succession; one character over and over goes on to
 // the next call each time.
 void CallListView::keyboardSearch(const QString& typed) {
+  // Backspace and Escape come with a text, too.
+  if (typed.isEmpty() || !typed.front().isPrint()) {
+    typed_.clear();
+    return;
+  }
   const bool goesOn =
       !typed_.isEmpty() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
   sinceTyped_.start();

@@ -22,9 +22,9 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
-#include "ui/logic/number_classifier.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
+#include "ui/logic/number_classifier.h"
 #include "ui/logic/view_toggle.h"
 #include "ui/options/options_owner.h"
 
@@ -144,6 +144,9 @@ class frmDial final : public QWidget,
   void ShowCallCount();
   void SaveCallColumns();
   void ShowHistoryPanel(bool shown);
+  void OnCallFilter(std::string_view setting, int value);
+  void OnTextFilter();
+  void OnCallTaken(const std::string& number);
 
   // Full view and compact view.
   class Views;
@@ -153,9 +156,6 @@ class frmDial final : public QWidget,
   void ArrangeFull();
   void ArrangeCompact();
   void FitHeight();
-  void OnCallFilter(std::string_view setting, int value);
-  void OnTextFilter();
-  void OnCallTaken(const std::string& number);
 
   bool OnKeyDown(const QKeyEvent& event);
   bool OnEnter(QWidget* focus);

@@ -116,6 +116,7 @@ void frmDial::RefreshTelList() {
   shownJournal_ = state_.host.userPath;
   // A message about the journal must not stand beside the calls of another choice.
   c_.repTel->SetGroups({});
+  ShowCallCount();
   c_.repTel->SetGroups(GroupCalls(
       ReadJournalCalls(services_, state_, CallQuery(ChosenCalls(), days)), days, services_.locale));
   ShowCallCount();
@@ -167,6 +168,8 @@ void frmDial::ToggleHistory() {
   ShowHistoryPanel(show);
   ApplyWindowShape();
   if (!show) return;
+  // Shown for the first time, the last column takes the room that is left.
+  savedColumns_ = c_.repTel->Columns();
   const TwipPoint place = FitWidened(window.Position(), window.Size(), screen);
   if (place != window.Position()) window.MoveTo(place);
 }

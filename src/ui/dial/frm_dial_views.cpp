@@ -1,5 +1,6 @@
 // The switch between the full view and the compact one at the top edge of the screen.
 #include <QLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <algorithm>
@@ -78,6 +79,9 @@ void frmDial::ArrangeFull() {
 
 // The call history stays open in name, for when the full view comes back.
 void frmDial::ArrangeCompact() {
+  // Most of what could have the focus is about to be hidden; left to itself it could go to the
+  // close button.
+  if (focusWidget() != c_.hovSizer) c_.txtNr->setFocus();
   ArrangeCompactView(c_);
   c_.history->hide();
   setFixedWidth(c_.dialPad->width() + 2 * kFrameWidth);

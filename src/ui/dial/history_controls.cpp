@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QTabBar>
+#include <algorithm>
 
 #include "ui/dial/call_list_view.h"
 #include "ui/style/check_box.h"

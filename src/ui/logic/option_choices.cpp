@@ -116,10 +116,19 @@ void ApplyOptions(Services& services, ProgramState& state, const OptionChoices& 
   changes.Keep();
   if (choices.dialMethod != kDialMethodTapi) state.settings.tapiLineId = kNoTapiLine;
   context.reloadSettings();
-  if (choices.callMonitor != context.callMonitorBefore) {
-    registry.Write("", kCallMonitor, choices.callMonitor ? "1" : "0");
+  const auto notifyHost = [&] {
+    SendToHost(services.channel, state.host.userNumber, HostNotification(choices));
+  };
+  try {
+    if (choices.callMonitor != context.callMonitorBefore) {
+      registry.Write("", kCallMonitor, choices.callMonitor ? "1" : "0");
+    }
+  } catch (const RegistryError&) {
+    // The line is another one already, whatever becomes of the monitor.
+    notifyHost();
+    throw;
   }
-  SendToHost(services.channel, state.host.userNumber, HostNotification(choices));
+  notifyHost();
 }
 
 }  // namespace orvane

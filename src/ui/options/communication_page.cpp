@@ -162,13 +162,13 @@ QWidget* BuildLines(OptionsControls& c) {
   c.lstLineSel->setTextElideMode(Qt::ElideMiddle);
   c.lstLineSel->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   c.lstLineSel->setMinimumHeight(kLineRows * (c.lstLineSel->fontMetrics().lineSpacing() + 6) + 6);
-  c.txtTapiInfo = NewTextBox(*page, "txtTapiInfo", "Angaben zum TAPI-Gerät", kInfoRows);
 
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(6);
   column->addWidget(c.lstLineSel, 1);
   column->addLayout(BuildLineCommands(*page, c));
+  c.txtTapiInfo = NewTextBox(*page, "txtTapiInfo", "Angaben zum TAPI-Gerät", kInfoRows);
   column->addWidget(c.txtTapiInfo, 1);
   return page;
 }

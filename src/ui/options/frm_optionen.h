@@ -110,6 +110,8 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   bool speedDialKnown_ = false;
   // How the test call in progress was placed.
   bool testByModem_ = false;
+  // The button had the focus when it was disabled.
+  bool testDialHadFocus_ = false;
 };
 
 }  // namespace orvane

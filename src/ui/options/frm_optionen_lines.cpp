@@ -11,6 +11,7 @@
 #include <QStackedWidget>
 #include <array>
 #include <exception>
+#include <utility>
 
 #include "app/error_report.h"
 #include "app/init_settings.h"
@@ -167,6 +168,9 @@ void frmOptionen::ShowDriverInformation() {
 void frmOptionen::RefreshLines() {
   services_.tapi.ShutDown();
   services_.tapi.SetTag("");
+  // Calls are over without another word.
+  call_.tapiCallHandle = 0;
+  if (TestDialPressed() && !testByModem_) SetTestDialIdle(true);
   LoadTapiList();
   SetTapiInfo({"TAPI-Geräteliste wurde erneut ausgelesen."});
 }
@@ -206,6 +210,8 @@ void frmOptionen::OnDial() {
 }
 
 void frmOptionen::SetTestDialIdle(bool idle) {
+  // The next call may be somebody else's on the line.
+  if (idle) testByModem_ = false;
   CommandButton& button = *c_.cmdDial;
   button.setChecked(!idle);
   button.setText(idle ? QStringLiteral("&Wählen...") : QStringLiteral("&Auflegen"));
@@ -221,8 +227,13 @@ bool frmOptionen::TestDialPressed() const {
 
 void frmOptionen::SetTestDialEnabled(bool enabled) {
   // A button that is disabled loses the focus to whatever comes next.
-  if (!enabled && c_.cmdDial->hasFocus()) c_.tabConf->setFocus();
+  if (!enabled) {
+    testDialHadFocus_ = c_.cmdDial->hasFocus();
+    if (testDialHadFocus_) c_.tabConf->setFocus();
+  }
   c_.cmdDial->setEnabled(enabled);
+  // Enter would mean "Übernehmen" elsewhere, in the middle of the test call.
+  if (enabled && std::exchange(testDialHadFocus_, false)) c_.cmdDial->setFocus();
 }
 
 void frmOptionen::EnableAndFocusTestDial() {

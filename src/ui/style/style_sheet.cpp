@@ -97,7 +97,8 @@ QCheckBox::indicator:checked { background: @frame; border-color: @frame; }
 QCheckBox::indicator:checked:hover { background: @frameHover; }
 QCheckBox::indicator:disabled { background: @disabledField; border-color: @border; }
 
-QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px; }
+QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px;
+  outline: none; }
 QRadioButton:focus { border: 1px solid @focus; }
 QRadioButton:disabled { color: @disabledText; }
 QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid @mutedText;
@@ -149,7 +150,7 @@ QGroupBox { color: @heading; font-weight: bold; border: 1px solid @border; borde
   margin-top: 8px; padding-top: 6px; }
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
 QGroupBox[role="cover"] { background: @strip; margin-top: 0; padding-top: 22px; }
-QGroupBox[role="cover"]::title { left: 9px; top: 8px; }
+QGroupBox[role="cover"]::title { left: 6px; top: 8px; }
 QListView[role="choices"] { color: @text; background: @field; border: 1px solid @border;
   border-radius: 6px; padding: 2px; outline: none; }
 QListView[role="choices"]:focus { border: 2px solid @focus; padding: 1px; }

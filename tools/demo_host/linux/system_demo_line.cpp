@@ -85,11 +85,32 @@ class SipDemoLine : public DemoLine {
   Listener listener_;
 };
 
+// Every way to call, and none of them set up: for trying out the options.
+class ChoiceOfDemoLines : public DemoLine {
+ public:
+  explicit ChoiceOfDemoLines(const std::filesystem::path& folder) : sip_(folder) {
+    qputenv("ORVANE_SIMULATED_LINES", "1");
+  }
+  void Configure(HostInstallationOptions& options) const override {
+    options.dialMethod = kNoDialling;
+  }
+  QString Title() const override { return QStringLiteral("Modem an COM1 und SIP-Gegenstelle"); }
+  void Listen(Listener listener) override {
+    modem_.Listen(listener);
+    sip_.Listen(std::move(listener));
+  }
+
+ private:
+  ModemDemoLine modem_;
+  SipDemoLine sip_;
+};
+
 }  // namespace
 
 std::unique_ptr<DemoLine> MakeSystemDemoLine(const std::string& name,
                                              const std::filesystem::path& folder) {
   if (name == "modem") return std::make_unique<ModemDemoLine>();
+  if (name == "choice") return std::make_unique<ChoiceOfDemoLines>(folder);
   if (name == "sip") return std::make_unique<SipDemoLine>(folder);
   return nullptr;
 }

@@ -18,8 +18,9 @@ void RefuseBesideAHost(const std::filesystem::path& demoHost) {
   const std::string installed = registry->Read("", "TXPfad", "");
   std::error_code error;
   const auto folder = NativePath(installed);
+  // The demo's own is stored as it is composed here; the library cannot compare folders.
   if (!installed.empty() && std::filesystem::exists(folder, error) &&
-      !std::filesystem::equivalent(folder, demoHost, error)) {
+      folder.lexically_normal() != (demoHost / "").lexically_normal()) {
     throw std::runtime_error("Auf diesem Rechner ist schon ein Talmix eingerichtet: " + installed);
   }
 }

@@ -7,9 +7,14 @@
 #include <iostream>
 #include <string>
 
-#include "platform/linux/socket_host_channel.h"
 #include "remote/command_channel.h"
 #include "remote/copy_data_text.h"
+
+#ifdef _WIN32
+#include "platform/windows/native.h"
+#else
+#include "platform/linux/native.h"
+#endif
 
 namespace {
 
@@ -29,7 +34,7 @@ bool SendToDialer(orvane::HostChannel& channel, const std::string& text) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  orvane::SocketHostChannel channel;
+  orvane::native::Channel channel;
   for (std::string line; std::getline(std::cin, line);) {
     const auto sent = Nanoseconds();
     if (!SendToDialer(channel, line)) return 1;

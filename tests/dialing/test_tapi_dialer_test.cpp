@@ -1,0 +1,59 @@
+#include "dialing/test_tapi_dialer.h"
+
+#include <gtest/gtest.h>
+
+#include "fakes/program_fixture.h"
+#include "fakes/recording_test_dial.h"
+
+namespace orvane {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class TestTapiDialerTest : public ProgramFixture {
+ protected:
+  TestTapiDialerTest() {
+    tapi.lineNames = {"Büro", "Lager"};
+    tapi.SetTag("opened");
+    state.settings.tapiLineId = 1;
+  }
+  RecordingTestDial dialog;
+  TestTapiDialer test{services, state, call, dialog};
+};
+
+TEST_F(TestTapiDialerTest, PlacesAndDropsACallOnTheCurrentLine) {
+  call.tapiCallHandle = 99;
+  test.TestDialTapi("0217");
+  EXPECT_TRUE(dialog.pressed);
+  call.tapiCallHandle = 5;
+  test.TestDialTapi("0217");
+  EXPECT_EQ(tapi.log, (Lines{"call 1 0217", "drop 1 5"}));
+  EXPECT_EQ(dialog.log,
+            (Lines{"session", "Öffne TAPI-Line: #1", "TAPI-Gerät: Lager",
+                   "Gegenstelle wird angewählt: 0217", "Verbindung wird getrennt...", "idle"}));
+  EXPECT_TRUE(dialog.enabled);
+}
+
+TEST_F(TestTapiDialerTest, OpensALineThatWasLost) {
+  tapi.SetTag("closed");
+  test.TestDialTapi("1");
+  EXPECT_EQ(tapi.log, (Lines{"open 1 4 6 9", "call 1 1"}));
+  EXPECT_EQ(call.tapiCallHandle, 0);
+}
+
+TEST_F(TestTapiDialerTest, ReportsAFailureAndIsIdleAgain) {
+  for (const std::int32_t line : {1, kNoTapiLine}) {
+    SCOPED_TRACE(line);
+    tapi.failing = line == 1;
+    state.settings.tapiLineId = line;
+    prompts.markups.clear();
+    test.TestDialTapi("1");
+    EXPECT_FALSE(dialog.pressed);
+    EXPECT_TRUE(dialog.enabled);
+    ASSERT_EQ(prompts.markups.size(), 1U);
+    EXPECT_NE(prompts.markups[0].text.find("\"TAPI-Testwahl\""), std::string::npos);
+  }
+}
+
+}  // namespace
+}  // namespace orvane

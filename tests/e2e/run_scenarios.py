@@ -1,0 +1,282 @@
+#!/usr/bin/python3
+"""Plays the scenarios with the programs of a build, on a display without a screen.
+
+  tests/e2e/run_scenarios.py <folder of the programs> <folder for pictures>
+  tests/e2e/run_scenarios.py <folder of the programs> <folder for pictures>
+      --wine <program folder> <folders of libraries, divided by ":">
+
+With --wine the programs are for Windows. The program folder is copied alone into a fresh Wine prefix
+and has to bring all libraries along; the host's programs get theirs from the folders named last.
+"""
+import os
+import pathlib
+import shutil
+import signal
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import time
+
+PROJECT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(PROJECT / "scripts"))
+
+from headless_session import (Failed, end_group, end_processes, limit_time,  # noqa: E402
+                              private_environment, start_display, start_window_manager, wait_for)
+import scenarios  # noqa: E402
+
+TIME_LIMIT_S = 400
+STEP_LIMIT_S = 30
+KEY_LIMIT_S = 5
+FIRST_TALK_S = 3
+LONGEST_TALK_S = 24
+DIALER, HOST = "TALMIX_BRISKO", "TALMIX_TRAY18"
+
+
+class NativeSystem:
+    def __init__(self, programs, root, environment):
+        self.programs, self.root = programs, root
+        self.environment = dict(environment, XDG_CONFIG_HOME=str(root / "config"),
+                                XDG_RUNTIME_DIR=str(root / "run"))
+
+    def start(self, name, *arguments, **options):
+        return subprocess.Popen([self.programs / name, *arguments], env=self.environment, **options)
+
+    def path(self, path):
+        return str(path)
+
+    def dialer(self):
+        return str(self.programs / "orvane")
+
+    def end(self):
+        pass
+
+
+class WineSystem:
+    def __init__(self, programs, root, environment, folder, program_folder, libraries):
+        self.programs, self.environment = programs, environment
+        self.wine, self.libraries = folder / "wine", libraries
+        self.program_folder = self.wine / "prefix" / "drive_c" / "Orvane"
+        subprocess.run([PROJECT / "scripts" / "windows" / "wine_prefix.sh", self.wine],
+                       env=environment, check=True)
+        shutil.copytree(program_folder, self.program_folder)
+
+    def command(self, libraries, *arguments):
+        return [PROJECT / "scripts" / "windows" / "wine.sh", self.wine, libraries, *arguments]
+
+    def server(self, option):
+        environment = dict(self.environment, WINEPREFIX=str(self.wine / "prefix"))
+        subprocess.run(["wineserver", option], env=environment, check=False)
+
+    def start(self, name, *arguments, **options):
+        own = name == "orvane"
+        folder = self.program_folder if own else self.programs
+        # Without blanks in an argument, none is put into quotes.
+        words = [word for argument in arguments for word in (argument.split(" ") if own else [argument])]
+        return subprocess.Popen(
+            self.command("" if own else self.libraries, folder / f"{name}.exe", *words),
+            env=self.environment, **options)
+
+    def path(self, path):
+        return "Z:" + str(path).replace("/", "\\")
+
+    def dialer(self):
+        return "C:\\Orvane\\orvane.exe"
+
+    def end(self):
+        self.server("-k")
+
+
+def windows(name):
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}"],
+                           capture_output=True, text=True).stdout
+    return found.split()
+
+
+def press(*keys):
+    for key in keys:
+        subprocess.run(["xdotool", "key", key], check=True)
+
+
+class Play:
+    """One scenario."""
+
+    def __init__(self, system, root, out, scenario):
+        self.system, self.root, self.out, self.scenario = system, root, out, scenario
+        self.running = []
+        self.main = None
+        self.retried = 0
+
+    def start(self, name, *arguments, **options):
+        process = self.system.start(name, *arguments, **options)
+        self.running.append(process)
+        return process
+
+    def ends_well(self, what, process):
+        wait_for(f"the end of {what}", lambda: process.poll() is not None, STEP_LIMIT_S)
+        if process.returncode != 0:
+            raise Failed(f"{what} ended with {process.returncode}")
+
+    def front(self, name):
+        window = wait_for(f"the window {name}", lambda: windows(name), STEP_LIMIT_S)[0]
+        subprocess.run(["xdotool", "windowactivate", "--sync", window], check=True)
+
+    def calls(self):
+        file = self.root / "host" / "Daten" / "User" / str(scenarios.USER) / "res" / "TelList.fdb"
+        with sqlite3.connect(f"file:{file}?mode=ro", uri=True) as journal:
+            rows = journal.execute("SELECT Firma, Nr, Dauer FROM o ORDER BY ID").fetchall()
+        return [(company or "", digits, bool(duration)) for company, digits, duration in rows]
+
+    def talked(self):
+        calls = self.calls()
+        return bool(calls) and calls[-1][2]
+
+    def picture(self):
+        subprocess.run(["import", "-window", "root", self.out / f"{self.scenario.name}.png"],
+                       check=True)
+
+    def run(self):
+        root = self.system.path(self.root)
+        shutil.rmtree(self.root, ignore_errors=True)
+        self.ends_well("the installation",
+                       self.start("orvane-demo-host", "--root", root, "--install-only"))
+        if self.scenario.command_line:
+            self.main = self.start("orvane", self.scenario.command_line)
+        else:
+            self.main = self.start("orvane-demo-host", "--root", root,
+                                   "--dialer", self.system.dialer())
+        for step in self.scenario.steps:
+            getattr(self, "do_" + type(step).__name__)(*step)
+        if self.main.poll() is None:
+            self.close()
+        self.ends_well("the first program", self.main)
+        calls = self.calls()[self.retried:]
+        if calls != self.scenario.calls:
+            raise Failed(f"the journal has {calls} instead of {self.scenario.calls}")
+
+    def close(self):
+        if self.scenario.command_line:
+            self.send(scenarios.END_COMMAND)
+            return
+        self.front(HOST)
+        press("alt+F4")
+
+    def send(self, message):
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+        sender = self.start("orvane-message-sender", text=True, stdin=subprocess.PIPE,
+                            stdout=subprocess.DEVNULL)
+        sender.communicate(message + "\n", STEP_LIMIT_S)
+        # A dialer that ends may be gone before it has answered.
+        if sender.returncode != 0 and message != scenarios.END_COMMAND:
+            raise Failed(f"the dialer did not take {message}")
+
+    do_Send = send
+
+    def do_StartAgain(self, command_line):
+        self.ends_well("the second dialer", self.start("orvane", command_line))
+        if len(windows(DIALER)) != 1:
+            raise Failed("there is not one dial window")
+
+    def do_PickContact(self, row):
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+        self.front(HOST)
+        press("ctrl+Home", *["Down"] * row, "Return")
+
+    def do_Type(self, text):
+        self.front(DIALER)
+        subprocess.run(["xdotool", "type", "--delay", "40", text], check=True)
+
+    def do_Dial(self, calls):
+        # A window that has just come up may not get the first key, nor have the number yet.
+        def dialed():
+            self.front(DIALER)
+            press("Return")
+            try:
+                return wait_for("the call", lambda: len(self.calls()) == calls, KEY_LIMIT_S)
+            except Failed:
+                return False
+        wait_for("the call in the journal", dialed, STEP_LIMIT_S)
+        self.picture()
+
+    def do_HangUp(self):
+        # Nothing outside of the window tells that the call was answered; one that was hung up too
+        # early is made again.
+        talk = FIRST_TALK_S
+        while True:
+            time.sleep(talk)
+            press("Return")
+            try:
+                wait_for("the duration in the journal", self.talked, FIRST_TALK_S)
+                return
+            except Failed:
+                talk *= 2
+                if talk > LONGEST_TALK_S:
+                    raise
+            self.retried += 1
+            self.do_Dial(self.retried + 1)
+
+    def do_FarEndHangsUp(self):
+        wait_for("the duration in the journal", self.talked, STEP_LIMIT_S)
+
+    def do_CloseBox(self, title):
+        self.front(title)
+        self.picture()
+        press("Return")
+
+
+def play_all(system, root, out):
+    failures = 0
+    for scenario in scenarios.SCENARIOS:
+        play = Play(system, root, out, scenario)
+        begin = time.monotonic()
+        try:
+            play.run()
+            print(f"{scenario.name}: as it should ({time.monotonic() - begin:.1f} s)", flush=True)
+        except (Failed, OSError, subprocess.SubprocessError, sqlite3.Error) as failure:
+            failures += 1
+            print(f"{scenario.name}: FAILED, {failure}", flush=True)
+            subprocess.run(["import", "-window", "root", out / f"{scenario.name}-failed.png"],
+                           check=False)
+        finally:
+            end_processes(*reversed(play.running))
+    return failures
+
+
+def main():
+    arguments = sys.argv[1:]
+    if len(arguments) not in (2, 5) or (len(arguments) == 5 and arguments[2] != "--wine"):
+        sys.exit(__doc__)
+    programs, out = (pathlib.Path(argument).resolve() for argument in arguments[:2])
+    shutil.rmtree(out, ignore_errors=True)
+    out.mkdir(parents=True)
+    limit_time(TIME_LIMIT_S)
+    folder = pathlib.Path(tempfile.mkdtemp(prefix="orvane-"))
+    root = folder / "demo"
+    display = manager = system = None
+    try:
+        display, name = start_display()
+        os.environ["DISPLAY"] = name
+        manager = start_window_manager()
+        environment = dict(private_environment(folder, name), ORVANE_SIMULATED_LINES="1")
+        (folder / "demo" / "run").mkdir(parents=True)
+        if len(arguments) == 2:
+            system = NativeSystem(programs, root, environment)
+        else:
+            system = WineSystem(programs, root, environment, folder,
+                                pathlib.Path(arguments[3]), arguments[4])
+        return 1 if play_all(system, root, out) else 0
+    finally:
+        signal.alarm(0)
+        if system:
+            system.end()
+        end_processes(manager)
+        if display:
+            end_group(display)
+        shutil.rmtree(folder, ignore_errors=True)
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except Failed as failure:
+        sys.exit(f"scenarios: {failure}")

@@ -1,0 +1,94 @@
+"""What the programs do together, told once for every system; run_scenarios.py plays it.
+
+A scenario starts the dialer with a command line, does its steps, and ends the dialer by the host's
+command. What counts is what stays: the outgoing calls in the journal, as company, digits and whether
+the call was talked on, and that every program ended well.
+"""
+from typing import NamedTuple
+
+USER = 17
+CONTACT = "Muster & Söhne GmbH"
+CONTACT_ROW = 2  # in the demo host
+CONTACT_DIGITS = "06990009217"
+
+# The end of the number decides the course of a simulated call.
+ANSWERED, BUSY, FAR_END_HANGS_UP = "0641 1", "0641 99901", "0641 99905"
+
+
+def dial_command(number, company="Probe & Söhne"):
+    """The host's command with a number, as it stands behind the program's name and in messages."""
+    return f"TX:{USER}~Dial~1|{number}|{company}|Meier, Eva|Gießen|1|2"
+
+
+END_COMMAND = f"TX:{USER}~Dial~0|KillMySelf|"
+
+
+class Send(NamedTuple):
+    """The host sends the dialer a message."""
+    message: str
+
+
+class StartAgain(NamedTuple):
+    """The dialer is started once more; this one ends by itself, and there is one window."""
+    command_line: str
+
+
+class PickContact(NamedTuple):
+    """Enter in a row of the demo host, which has started the dialer."""
+    row: int
+
+
+class Type(NamedTuple):
+    """Keys, with the dial window in front."""
+    text: str
+
+
+class Dial(NamedTuple):
+    """Enter; then the journal has so many calls."""
+    calls: int
+
+
+class HangUp(NamedTuple):
+    """The call is answered, and Enter ends it."""
+
+
+class FarEndHangsUp(NamedTuple):
+    """The call ends by itself after a talk."""
+
+
+class CloseBox(NamedTuple):
+    """A message box with this title is closed, and with it the dialer."""
+    title: str
+
+
+class Scenario(NamedTuple):
+    name: str
+    command_line: str
+    steps: list
+    calls: list
+
+
+SCENARIOS = [
+    Scenario("command-line", dial_command(FAR_END_HANGS_UP),
+             [Dial(1), FarEndHangsUp()],
+             [("Probe & Söhne", "064199905", True)]),
+    Scenario("message", f"TX:{USER}",
+             [Send(dial_command(ANSWERED)), Dial(1), HangUp()],
+             [("Probe & Söhne", "06411", True)]),
+    Scenario("busy", f"TX:{USER}",
+             [Send(dial_command(BUSY)), Dial(1)],
+             [("Probe & Söhne", "064199901", False)]),
+    Scenario("typed", f"TX:{USER}",
+             [Type(CONTACT_DIGITS), Dial(1), HangUp()],
+             [(CONTACT, CONTACT_DIGITS, True)]),
+    # Only the user's number is handed over.
+    Scenario("second-start", f"TX:{USER}",
+             [Type("0641"), StartAgain(dial_command("089 1")), Type("99905"), Dial(1),
+              FarEndHangsUp()],
+             [("<Nicht gelistet>", "064199905", True)]),
+    Scenario("not-by-the-host", "Hallo", [CloseBox("Programmstart nicht möglich!")], []),
+    # Without a command line: the demo host has its own.
+    Scenario("demo-host", "",
+             [PickContact(CONTACT_ROW), Dial(1), HangUp()],
+             [(CONTACT, CONTACT_DIGITS, True)]),
+]
