@@ -242,7 +242,7 @@ void BuildLog(DialControls& c) {
 }
 
 void BuildDialPad(DialControls& c) {
-  c.dialPad = NewPanel(*c.dialPad, nullptr, role::kPlain);
+  c.dialPad = NewPanel(*c.infBase, nullptr, role::kPlain);
   auto* column = new QVBoxLayout(c.dialPad);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
