@@ -89,7 +89,9 @@ void frmDial::ArrangeCompact() {
 }
 
 void frmDial::FitHeight() {
-  const int title = std::max(c_.panBase->minimumHeight(), c_.panBase->minimumSizeHint().height());
+  // In the compact view it is lower than the caption's font would like it.
+  const int title = std::clamp(c_.panBase->minimumSizeHint().height(), c_.panBase->minimumHeight(),
+                               c_.panBase->maximumHeight());
   setFixedHeight(title + c_.infBase->maximumHeight() + 2 * kFrameWidth);
 }
 
