@@ -11,18 +11,16 @@ and has to bring all libraries along; the host's programs get theirs from the fo
 import os
 import pathlib
 import shutil
-import signal
 import sqlite3
 import subprocess
 import sys
-import tempfile
 import time
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(PROJECT / "scripts"))
 
-from headless_session import (Failed, end_group, end_processes, limit_time,  # noqa: E402
-                              private_environment, start_display, start_window_manager, wait_for)
+from headless_session import (Failed, end_processes, limit_time, run_in_session,  # noqa: E402
+                              start_window_manager, wait_for)
 import scenarios  # noqa: E402
 
 TIME_LIMIT_S = 400
@@ -54,7 +52,7 @@ class NativeSystem:
 
 class WineSystem:
     def __init__(self, programs, root, environment, folder, program_folder, libraries):
-        self.programs, self.environment = programs, environment
+        self.programs, self.root, self.environment = programs, root, environment
         self.wine, self.libraries = folder / "wine", libraries
         self.program_folder = self.wine / "prefix" / "drive_c" / "Orvane"
         subprocess.run([PROJECT / "scripts" / "windows" / "wine_prefix.sh", self.wine],
@@ -138,6 +136,7 @@ class Play:
     def run(self):
         root = self.system.path(self.root)
         shutil.rmtree(self.root, ignore_errors=True)
+        (self.root / "run").mkdir(mode=0o700, parents=True)
         self.ends_well("the installation",
                        self.start("orvane-demo-host", "--root", root, "--install-only"))
         if self.scenario.command_line:
@@ -222,6 +221,7 @@ class Play:
         self.front(title)
         self.picture()
         press("Return")
+        self.ends_well("the dialer without a window", self.main)
 
 
 def play_all(system, root, out):
@@ -242,23 +242,13 @@ def play_all(system, root, out):
     return failures
 
 
-def main():
-    arguments = sys.argv[1:]
-    if len(arguments) not in (2, 5) or (len(arguments) == 5 and arguments[2] != "--wine"):
-        sys.exit(__doc__)
-    programs, out = (pathlib.Path(argument).resolve() for argument in arguments[:2])
-    shutil.rmtree(out, ignore_errors=True)
-    out.mkdir(parents=True)
-    limit_time(TIME_LIMIT_S)
-    folder = pathlib.Path(tempfile.mkdtemp(prefix="orvane-"))
+def play_inside(arguments, folder):
+    programs, out = pathlib.Path(arguments[0]), pathlib.Path(arguments[1])
     root = folder / "demo"
-    display = manager = system = None
+    environment = dict(os.environ, ORVANE_SIMULATED_LINES="1")
+    manager = start_window_manager()
+    system = None
     try:
-        display, name = start_display()
-        os.environ["DISPLAY"] = name
-        manager = start_window_manager()
-        environment = dict(private_environment(folder, name), ORVANE_SIMULATED_LINES="1")
-        (folder / "demo" / "run").mkdir(parents=True)
         if len(arguments) == 2:
             system = NativeSystem(programs, root, environment)
         else:
@@ -266,13 +256,22 @@ def main():
                                 pathlib.Path(arguments[3]), arguments[4])
         return 1 if play_all(system, root, out) else 0
     finally:
-        signal.alarm(0)
         if system:
             system.end()
         end_processes(manager)
-        if display:
-            end_group(display)
-        shutil.rmtree(folder, ignore_errors=True)
+
+
+def main():
+    inside = sys.argv[1:2] == ["--inside"]
+    # The inner limit comes first, so that a scenario that hangs can still say where.
+    limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
+    if inside:
+        return play_inside(sys.argv[2:-1], pathlib.Path(sys.argv[-1]))
+    arguments = sys.argv[1:]
+    if len(arguments) not in (2, 5) or (len(arguments) == 5 and arguments[2] != "--wine"):
+        sys.exit(__doc__)
+    arguments[:2] = (pathlib.Path(argument).resolve() for argument in arguments[:2])
+    return run_in_session(__file__, arguments, out=arguments[1])
 
 
 if __name__ == "__main__":
