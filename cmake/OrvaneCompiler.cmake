@@ -7,7 +7,9 @@ option(ORVANE_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 
 find_program(ORVANE_CCACHE ccache)
 if(ORVANE_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${ORVANE_CCACHE}")
+  # Another clone of the same source finds what this one has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+    "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ORVANE_CCACHE}")
 endif()
 
 add_library(orvane_compiler INTERFACE)
