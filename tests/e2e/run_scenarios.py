@@ -26,6 +26,7 @@ import scenarios  # noqa: E402
 TIME_LIMIT_S = 400
 STEP_LIMIT_S = 30
 KEY_LIMIT_S = 5
+SETTLE_S = 0.2
 FIRST_TALK_S = 3
 LONGEST_TALK_S = 24
 DIALER, HOST = "TALMIX_BRISKO", "TALMIX_TRAY18"
@@ -91,6 +92,20 @@ def windows(name):
     return found.split()
 
 
+def let_settle():
+    """Returns once the screen has not changed for a moment."""
+    def shot():
+        return subprocess.run(["import", "-window", "root", "ppm:-"], check=True,
+                              capture_output=True).stdout
+    pictures = [b"", shot()]
+
+    def unchanged():
+        time.sleep(SETTLE_S)
+        pictures[:] = [pictures[-1], shot()]
+        return pictures[0] == pictures[1]
+    wait_for("an idle screen", unchanged, STEP_LIMIT_S)
+
+
 def press(*keys):
     for key in keys:
         subprocess.run(["xdotool", "key", key], check=True)
@@ -129,7 +144,12 @@ class Play:
         calls = self.calls()
         return bool(calls) and calls[-1][2]
 
+    def messages(self):
+        file = self.root / "messages.log"
+        return file.read_text().splitlines() if file.exists() else []
+
     def picture(self):
+        let_settle()
         subprocess.run(["import", "-window", "root", self.out / f"{self.scenario.name}.png"],
                        check=True)
 
@@ -180,13 +200,17 @@ class Play:
         wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
         self.front(HOST)
         press("ctrl+Home", *["Down"] * row, "Return")
+        wait_for("the host's message", self.messages, STEP_LIMIT_S)
 
     def do_Type(self, text):
         self.front(DIALER)
         subprocess.run(["xdotool", "type", "--delay", "40", text], check=True)
 
     def do_Dial(self, calls):
-        # A window that has just come up may not get the first key, nor have the number yet.
+        # A window that has just come up may not have the number yet, nor get the first key.
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+        let_settle()
+
         def dialed():
             self.front(DIALER)
             press("Return")
