@@ -4,6 +4,7 @@ if(NOT WIN32)
   return()
 endif()
 set(ORVANE_SYSTEM windows)
+enable_language(RC)
 
 # Wide system calls, and nothing of the system's headers that collides with the standard library.
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
