@@ -137,13 +137,16 @@ def descendants(node):
 
 
 class Screen:
-    """The windows as assistive technology sees them, and a pointer."""
+    """The windows as assistive technology sees them, and a pointer.
 
-    def __init__(self):
+    The toolkit tells places in its own pixels; a scale says how many of the display one has."""
+
+    def __init__(self, scale=1.0):
         import gi
         gi.require_version("Atspi", "2.0")
         from gi.repository import Atspi, GLib
         self.atspi = Atspi
+        self.scale = scale
         self.gone = GLib.Error  # raised by nodes whose window has closed meanwhile
 
     def windows(self):
@@ -189,7 +192,8 @@ class Screen:
 
     def click(self, node):
         box = node.get_extents(self.atspi.CoordType.SCREEN)
-        x, y = box.x + box.width // 2, box.y + box.height // 2
+        x = int((box.x + box.width / 2) * self.scale)
+        y = int((box.y + box.height / 2) * self.scale)
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True)
 
     def dump(self):

@@ -32,9 +32,12 @@ SCHEMES = {
 PERCENTS = (100, 150, 200)
 
 
-def write_desktop_settings(scheme):
+def set_up_desktop(folder, scheme):
+    """The settings lie where the system's do: the demo host has a place of its own for the user's."""
+    folder.mkdir()
+    os.environ["XDG_CONFIG_DIRS"] = str(folder)
     ground, text, field, field_text = SCHEMES[scheme]
-    pathlib.Path(os.environ["XDG_CONFIG_HOME"], "kdeglobals").write_text(
+    (folder / "kdeglobals").write_text(
         "[General]\nfont=Noto Sans,9,-1,5,50,0,0,0,0,0\n"
         f"[Colors:Window]\nBackgroundNormal={ground}\nForegroundNormal={text}\n"
         f"[Colors:View]\nBackgroundNormal={field}\nForegroundNormal={field_text}\n"
@@ -46,7 +49,7 @@ class Album:
         self.programs, self.out, self.root = programs, out, folder / "demo"
         self.scheme, percent = out.name.split("-")
         self.scale = int(percent) / 100
-        self.screen = Screen()
+        self.screen = Screen(self.scale)
         self.started = []
 
     def run_beside(self, *command):
@@ -94,7 +97,7 @@ class Album:
         wait_for(f"'{beginning}' in the progress log", last)
 
     def start(self):
-        write_desktop_settings(self.scheme)
+        set_up_desktop(self.root.parent / "desktop", self.scheme)
         self.started.append(start_window_manager())
         if shutil.which("xcompmgr"):
             self.run_beside("xcompmgr")
