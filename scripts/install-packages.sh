@@ -7,7 +7,7 @@
 set -euo pipefail
 
 packages_build=(cmake ninja-build g++ ccache pkg-config qt6-base-dev qt6-serialport-dev
-  libsqlite3-dev libgtest-dev libxcb1-dev libphonenumber-dev libprotobuf-dev libicu-dev)
+  libsqlite3-dev mdbtools-dev libgtest-dev libxcb1-dev libphonenumber-dev libprotobuf-dev libicu-dev)
 # A display without a screen, a window manager, real clicks, screenshots, and the accessibility tree
 # by which the scripted call finds the dial window's controls. A telephone and a far end for real
 # calls.
