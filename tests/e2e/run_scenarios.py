@@ -161,18 +161,23 @@ class Play:
         file = self.out / f"{self.scenario.name}{what}.png"
         subprocess.run(["import", "-window", "root", file], check=True)
 
-    def run(self):
-        demo = ["--root", self.system.path(self.root), "--line", self.scenario.line,
-                "--history", str(self.scenario.history)]
+    def demo_host(self, *arguments):
+        return self.start("orvane-demo-host", "--root", self.system.path(self.root),
+                          "--line", self.scenario.line, "--history", str(self.scenario.history),
+                          *arguments)
+
+    def install(self):
         shutil.rmtree(self.root, ignore_errors=True)
         (self.root / "run").mkdir(mode=0o700, parents=True)
-        self.ends_well("the installation",
-                       self.start("orvane-demo-host", *demo, "--install-only"))
+        self.ends_well("the installation", self.demo_host("--install-only"))
+
+    def run(self):
+        """Plays on the host installation that is there, whose journal may have calls already."""
         self.last_before = self.read_journal("SELECT COALESCE(MAX(ID), 0) FROM o")[0][0]
         if self.scenario.command_line:
             self.main = self.start("orvane", self.scenario.command_line)
         else:
-            self.main = self.start("orvane-demo-host", *demo, "--dialer", self.system.dialer())
+            self.main = self.demo_host("--dialer", self.system.dialer())
         for step in self.scenario.steps:
             getattr(self, "do_" + type(step).__name__)(*step)
         if self.main.poll() is None:
@@ -287,6 +292,7 @@ def play_all(system, root, out):
         play = Play(system, root, out, scenario)
         begin = time.monotonic()
         try:
+            play.install()
             play.run()
             print(f"{scenario.name}: as it should ({time.monotonic() - begin:.1f} s)", flush=True)
         except (Failed, OSError, subprocess.SubprocessError, sqlite3.Error) as failure:

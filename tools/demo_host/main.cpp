@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -32,6 +33,13 @@ struct Arguments {
   int history = 0;
 };
 
+// Beside the programs where they were built or where they are installed.
+QString AreaCodeFile() {
+  const QDir programs(QApplication::applicationDirPath());
+  const QString built = programs.filePath(QStringLiteral("../data/VPB.rgt"));
+  return QFile::exists(built) ? built : programs.filePath(QStringLiteral("../share/orvane/VPB.rgt"));
+}
+
 Arguments ReadArguments(const QApplication& application) {
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   const QCommandLineOption root(QStringLiteral("root"), QStringLiteral("Folder of the demo."),
@@ -44,7 +52,7 @@ Arguments ReadArguments(const QApplication& application) {
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption areaCodes(
       QStringLiteral("area-codes"), QStringLiteral("The area-code table."), QStringLiteral("file"),
-      QApplication::applicationDirPath() + QStringLiteral("/../data/VPB.rgt"));
+      AreaCodeFile());
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
   const QCommandLineOption history(QStringLiteral("history"),

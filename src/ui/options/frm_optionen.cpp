@@ -95,6 +95,10 @@ void frmOptionen::Later(const std::function<void()>& work) {
 }
 
 void frmOptionen::Show() {
+  // The line along the round corners continues the frame.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Shadow, CurrentPalette().frame);
+  setPalette(colours);
   chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
   show();
   raise();
@@ -107,7 +111,10 @@ bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceCover();
     if (event->type() != QEvent::KeyPress) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible()) return false;
+    // What the list itself could not use comes by here too.
+    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible() || c_.lstLineSel->hasFocus()) {
+      return false;
+    }
     c_.lstLineSel->setFocus();
     QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text());
     return QCoreApplication::sendEvent(c_.lstLineSel, &again);
