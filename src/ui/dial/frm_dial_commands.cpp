@@ -80,12 +80,13 @@ void frmDial::OnNumberChanged() {
 // A number that does not fit in large digits is shown in smaller ones, whole if possible.
 void frmDial::FitNumber() {
   QLineEdit& field = *c_.txtNr;
-  SetRole(field, role::kNumber);
-  if (!FullViewShown()) SetRole(field, role::kLongNumber);
   const QMargins margins = field.textMargins();
   const int room = field.width() - margins.left() - margins.right() - kNumberPaddingPixels;
-  if (field.fontMetrics().horizontalAdvance(field.text()) > room) {
-    SetRole(field, role::kLongNumber);
+  for (const char* size : {role::kNumber, role::kMediumNumber, role::kLongNumber}) {
+    // The low field of the compact view has room for the smallest digits alone.
+    if (!FullViewShown() && size != role::kLongNumber) continue;
+    SetRole(field, size);
+    if (field.fontMetrics().horizontalAdvance(field.text()) <= room) break;
   }
 }
 

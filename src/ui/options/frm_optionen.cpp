@@ -102,6 +102,10 @@ void frmOptionen::Later(const std::function<void()>& work) {
 }
 
 void frmOptionen::Show() {
+  // The line along the round corners continues the frame.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Shadow, CurrentPalette().frame);
+  setPalette(colours);
   chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
   show();
   raise();

@@ -45,6 +45,7 @@ QLineEdit { color: @text; background: @field; border: 1px solid @border; border-
 QLineEdit:focus { border: 2px solid @focus; padding: 1px 5px; }
 QLineEdit:disabled { color: @disabledText; background: @disabledField; }
 QLineEdit[role="number"] { font-size: @numberPx; }
+QLineEdit[role="mediumNumber"] { font-size: @mediumNumberPx; }
 QLineEdit[role="longNumber"] { font-size: @longNumberPx; }
 
 QPushButton { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
@@ -217,6 +218,7 @@ QString ValueOf(const QString& name, const Palette& palette, int fontPixels) {
   if (name == QLatin1String("keyPx")) return Pixels(fontPixels + 4);
   if (name == QLatin1String("commandPx")) return Pixels(fontPixels + 2);
   if (name == QLatin1String("numberPx")) return Pixels(fontPixels + 5);
+  if (name == QLatin1String("mediumNumberPx")) return Pixels(fontPixels + 3);
   if (name == QLatin1String("longNumberPx")) return Pixels(fontPixels + 1);
   for (const auto& [known, colour] : kColours) {
     if (name == QLatin1String(known)) return (palette.*colour).name();

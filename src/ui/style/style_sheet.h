@@ -20,6 +20,7 @@ inline constexpr char kTitleButton[] = "titleButton";
 inline constexpr char kBody[] = "body";
 inline constexpr char kStrip[] = "strip";
 inline constexpr char kNumber[] = "number";
+inline constexpr char kMediumNumber[] = "mediumNumber";
 inline constexpr char kLongNumber[] = "longNumber";
 inline constexpr char kFieldButton[] = "fieldButton";
 inline constexpr char kTool[] = "tool";
