@@ -47,6 +47,8 @@ QLineEdit:disabled { color: @disabledText; background: @disabledField; }
 QLineEdit[role="number"] { font-size: @numberPx; }
 QLineEdit[role="mediumNumber"] { font-size: @mediumNumberPx; }
 QLineEdit[role="longNumber"] { font-size: @longNumberPx; }
+QLineEdit[role="compactNumber"] { font-size: @compactNumberPx; padding: 0 6px; }
+QLineEdit[role="compactNumber"]:focus { padding: 0 5px; }
 
 QPushButton { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
   padding: 4px 14px; }
@@ -61,9 +63,10 @@ QPushButton[role="fieldButton"]:hover { background: @fieldHover; }
 QPushButton[role="fieldButton"]:pressed { background: @selection; }
 QPushButton[role="fieldButton"]:focus { border: 2px solid @focus; }
 QPushButton[role="key"] { padding: 0; font-size: @keyPx; }
-QPushButton[role="smallKey"] { padding: 0; border-radius: 4px; font-size: @smallPx; }
+QPushButton[role="smallKey"] { padding: 0; border-radius: 4px; font-size: @compactKeyPx; }
 QPushButton[role="dial"], QPushButton[role="hangUp"] { color: @onCommand; padding: 0;
   font-size: @commandPx; font-weight: bold; }
+#cmdDial_1 { font-size: @compactCommandPx; }
 QPushButton[role="dial"] { background: @dial; border: 1px solid @dial; }
 QPushButton[role="dial"]:hover { background: @dialHover; border-color: @dialHover; }
 QPushButton[role="dial"]:pressed { background: @dialPressed; border-color: @dialPressed; }
@@ -220,6 +223,10 @@ QString ValueOf(const QString& name, const Palette& palette, int fontPixels) {
   if (name == QLatin1String("numberPx")) return Pixels(fontPixels + 5);
   if (name == QLatin1String("mediumNumberPx")) return Pixels(fontPixels + 3);
   if (name == QLatin1String("longNumberPx")) return Pixels(fontPixels + 1);
+  // The compact view is as low with a large font.
+  if (name == QLatin1String("compactNumberPx")) return Pixels(std::min(fontPixels + 1, 14));
+  if (name == QLatin1String("compactCommandPx")) return Pixels(std::min(fontPixels + 2, 15));
+  if (name == QLatin1String("compactKeyPx")) return Pixels(std::min(fontPixels - 1, 12));
   for (const auto& [known, colour] : kColours) {
     if (name == QLatin1String(known)) return (palette.*colour).name();
   }
