@@ -13,11 +13,12 @@
 #include "app/startup.h"
 #include "app/work_queue.h"
 #include "journal/current_call.h"
+#include "platform/common/host_databases.h"
 #include "platform/common/qt_event_loop.h"
 #include "platform/common/qt_locale_format.h"
+#include "platform/common/qt_long_work.h"
 #include "platform/common/qt_prompts.h"
 #include "platform/common/simulated_lines.h"
-#include "platform/common/sqlite_services.h"
 #include "platform/common/system_clock.h"
 #include "platform/common/tapi_lines.h"
 #include "remote/senders.h"
@@ -58,7 +59,8 @@ int Run(const std::string& commandLine) {
   HostHelper messages(screen);
   HostHelper dialogMessages(screen);
   native::Ini ini;
-  SqliteServices databases;
+  QtLongWork longWork;
+  HostDatabases databases{native::Databases(longWork)};
   native::Serial serial;
   native::Channel channel;
   native::Instance instance;

@@ -14,6 +14,7 @@ inline constexpr std::int32_t kDbErrorFailed =
 inline constexpr std::int32_t kDbErrorSyntax = -2147217900;  // 0x80040E14: the statement is refused
 inline constexpr std::int32_t kDbErrorLogin = -2147217843;  // 0x80040E4D: login or password refused
 inline constexpr std::int32_t kDbErrorConflict = -2147217887;  // 0x80040E21
+inline constexpr std::int32_t kDbErrorTimeout = -2147217871;   // 0x80040E31: took too long
 inline constexpr std::int32_t kDbErrorObjectOpen = 3705;  // not allowed while the object is open
 inline constexpr std::int32_t kDbErrorObjectClosed =
     3704;  // not allowed while the object is closed

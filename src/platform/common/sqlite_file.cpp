@@ -32,15 +32,17 @@ std::string Utf8Path(const std::filesystem::path& path) {
 
 // The file's absolute path. Throws unless it is a file that could be a database.
 std::string FindFile(const std::string& shownPath) {
-  if (shownPath.empty()) ThrowFileMissing(shownPath);
+  if (shownPath.empty()) throw ErrorOf(DatabaseFailure::kFileMissing, shownPath);
   std::error_code error;
   const std::filesystem::path path = std::filesystem::absolute(NativePath(shownPath), error);
   const std::filesystem::file_status status = std::filesystem::status(path, error);
-  if (status.type() == std::filesystem::file_type::not_found) ThrowFileMissing(shownPath);
-  if (!std::filesystem::status_known(status)) ThrowFileUnreadable(shownPath);
+  if (status.type() == std::filesystem::file_type::not_found)
+    throw ErrorOf(DatabaseFailure::kFileMissing, shownPath);
+  if (!std::filesystem::status_known(status))
+    throw ErrorOf(DatabaseFailure::kFileUnreadable, shownPath);
   if (status.type() != std::filesystem::file_type::regular ||
       std::filesystem::file_size(path, error) < kSmallestFileBytes) {
-    ThrowFileNotRecognised(shownPath);
+    throw ErrorOf(DatabaseFailure::kFileNotRecognised, shownPath);
   }
   return Utf8Path(path);
 }
@@ -101,36 +103,50 @@ MemoryRecordset::Row ReadRow(sqlite3_stmt* statement, int columns) {
   return row;
 }
 
-// German text for what went wrong inside an open file.
-std::string FailureText(int code, const std::string& shownPath) {
-  switch (code & 0xFF) {
+// What a result code of an open file means. `extended` is the code with its details.
+DatabaseFailure FailureOfCode(int extended) {
+  switch (extended) {
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_ROWID:
+      return DatabaseFailure::kDuplicate;
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return DatabaseFailure::kNullField;
+    default:
+      break;
+  }
+  switch (extended & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
     case SQLITE_PROTOCOL:
-      return "Die Datei '" + shownPath +
-             "' konnte nicht verwendet werden. Sie wird bereits von einem anderen Programm "
-             "verwendet.";
+      return DatabaseFailure::kFileLocked;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      return "Die Datenbank '" + shownPath + "' ist beschädigt.";
+      return DatabaseFailure::kFileDamaged;
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_CANTOPEN:
-      return "Die Datei '" + shownPath +
-             "' oder ihr Ordner ist schreibgeschützt. Änderungen sind nicht möglich.";
+      return DatabaseFailure::kFileWriteProtected;
     case SQLITE_FULL:
-      return "Der Datenträger mit der Datei '" + shownPath + "' ist voll.";
+      return DatabaseFailure::kDiskFull;
     case SQLITE_NOMEM:
-      return "Nicht genügend Arbeitsspeicher.";
+      return DatabaseFailure::kOutOfMemory;
     case SQLITE_TOOBIG:
-      return "Der Wert ist zu groß für die Datenbank '" + shownPath + "'.";
+      return DatabaseFailure::kValueTooLarge;
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
-      return "Die Änderungen konnten nicht vorgenommen werden, weil sie gegen einen Schlüssel oder "
-             "eine Gültigkeitsregel der Tabelle verstoßen.";
+      return DatabaseFailure::kRule;
     default:
-      return "Fehler beim Lesen oder Schreiben der Datei '" + shownPath + "'.";
+      return DatabaseFailure::kOther;
   }
+}
+
+// The codes that the program's rules know are not covered up by the engine's own.
+DatabaseError ErrorOfCode(int extended, const std::string& shownPath) {
+  const DatabaseFailure failure = FailureOfCode(extended);
+  const bool known =
+      failure == DatabaseFailure::kDuplicate || failure == DatabaseFailure::kNullField;
+  return ErrorOf(failure, shownPath, known ? 0 : extended);
 }
 
 int VacuumInto(sqlite3* database, const std::string& utf8Path) {
@@ -160,9 +176,15 @@ SqliteFile::SqliteFile(const std::string& shownPath, DbMode mode)
   RestrictStatements();
 }
 
+SqliteFile::SqliteFile(const std::string& shownPath, SqliteHandle filled)
+    : shownPath_(shownPath), database_(std::move(filled)) {
+  Harden();
+  RestrictStatements();
+}
+
 SqliteFile::~SqliteFile() = default;
 
-void SqliteFile::Closer::operator()(sqlite3* database) const {
+void SqliteCloser::operator()(sqlite3* database) const {
   sqlite3_close(database);
 }
 
@@ -172,7 +194,7 @@ void SqliteFile::Connect(const std::string& utf8Path, DbMode mode) {
   const int code = sqlite3_open_v2(utf8Path.c_str(), &opened,
                                    access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
   database_.reset(opened);
-  if (code != SQLITE_OK) ThrowFileUnreadable(shownPath_);
+  if (code != SQLITE_OK) throw ErrorOf(DatabaseFailure::kFileUnreadable, shownPath_);
   sqlite3_busy_handler(opened, WaitForLock, this);
 }
 
@@ -197,9 +219,9 @@ void SqliteFile::CheckSchema() {
                                 nullptr, nullptr);
   if (code == SQLITE_OK) return;
   const int primary = code & 0xFF;
-  if (primary == SQLITE_CANTOPEN) ThrowFileUnreadable(shownPath_);
+  if (primary == SQLITE_CANTOPEN) throw ErrorOf(DatabaseFailure::kFileUnreadable, shownPath_);
   if (primary == SQLITE_NOTADB || primary == SQLITE_CORRUPT || primary == SQLITE_ERROR) {
-    ThrowFileNotRecognised(shownPath_, code);
+    throw ErrorOf(DatabaseFailure::kFileNotRecognised, shownPath_, code);
   }
   ThrowFailure(code);
 }
@@ -233,13 +255,8 @@ int SqliteFile::WaitForLock(void* self, int /*count*/) {
 }
 
 DatabaseError SqliteFile::Failure(int code) const {
-  if (!IsRefusedStatement(code)) {
-    return DatabaseError(kDbErrorFailed, FailureText(code, shownPath_), code);
-  }
-  return DatabaseError(kDbErrorSyntax,
-                       std::string("Syntaxfehler oder unbekannter Name in der Anweisung (") +
-                           sqlite3_errmsg(database_.get()) + ").",
-                       code);
+  if (!IsRefusedStatement(code)) return ErrorOfCode(code, shownPath_);
+  return ErrorOf(DatabaseFailure::kSyntax, sqlite3_errmsg(database_.get()), code);
 }
 
 void SqliteFile::ThrowFailure(int code) const {

@@ -16,6 +16,11 @@ namespace orvane {
 // The rule for every wait for another process's lock: Open as a whole and each statement.
 inline constexpr std::chrono::milliseconds kDatabaseLockWait{1000};
 
+struct SqliteCloser {
+  void operator()(sqlite3* database) const;
+};
+using SqliteHandle = std::unique_ptr<sqlite3, SqliteCloser>;
+
 // An open SQLite file. The file may come from anywhere: its triggers and views do not run, and a
 // statement reaches nothing but its tables.
 class SqliteFile {
@@ -25,6 +30,8 @@ class SqliteFile {
   // folder that cannot be written to is known now and not when a call has to be saved.
   // kUnknown writes where it can and reads otherwise. Throws DatabaseError kDbErrorFailed.
   SqliteFile(const std::string& shownPath, DbMode mode);
+  // Serves a database in memory, which is filled already, in the place of the file.
+  SqliteFile(const std::string& shownPath, SqliteHandle filled);
   ~SqliteFile();
   SqliteFile(const SqliteFile&) = delete;
   SqliteFile& operator=(const SqliteFile&) = delete;
@@ -39,10 +46,6 @@ class SqliteFile {
   void SyncToDisk();
 
  private:
-  struct Closer {
-    void operator()(sqlite3* database) const;
-  };
-
   void Connect(const std::string& utf8Path, DbMode mode);
   void Harden();
   void CheckSchema();
@@ -55,7 +58,7 @@ class SqliteFile {
 
   std::string shownPath_;
   std::chrono::steady_clock::time_point lockDeadline_;
-  std::unique_ptr<sqlite3, Closer> database_;
+  SqliteHandle database_;
 };
 
 }  // namespace orvane

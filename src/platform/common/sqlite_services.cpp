@@ -5,7 +5,8 @@
 
 #include "platform/common/connection_properties.h"
 #include "platform/common/database_errors.h"
-#include "platform/common/sqlite_connection.h"
+#include "platform/common/provider_connection.h"
+#include "platform/common/sqlite_database.h"
 #include "platform/errors.h"
 #include "platform/native_path.h"
 
@@ -49,7 +50,7 @@ class TemporaryFile {
 }  // namespace
 
 std::unique_ptr<DatabaseConnection> SqliteServices::NewConnection() {
-  return std::make_unique<SqliteConnection>();
+  return std::make_unique<ProviderConnection>(OpenSqlite);
 }
 
 void SqliteServices::CompactDatabase(std::string_view source, std::string_view destination) {
@@ -57,7 +58,8 @@ void SqliteServices::CompactDatabase(std::string_view source, std::string_view d
   const std::string shownDestination = FileOf(destination);
   std::error_code error;
   const fs::path target = fs::absolute(NativePath(shownDestination), error);
-  if (fs::exists(fs::symlink_status(target, error))) ThrowFileExists(shownDestination);
+  if (fs::exists(fs::symlink_status(target, error)))
+    throw ErrorOf(DatabaseFailure::kFileExists, shownDestination);
 
   SqliteFile original(sourceFile, DbMode::kUnknown);
   fs::path copyPath = target;
@@ -65,7 +67,7 @@ void SqliteServices::CompactDatabase(std::string_view source, std::string_view d
   original.CopyInto(copy.Utf8());
   SqliteFile(copy.Utf8(), DbMode::kUnknown).SyncToDisk();
   fs::rename(copy.Path(), target, error);
-  if (error) ThrowFileUnreadable(shownDestination);
+  if (error) throw ErrorOf(DatabaseFailure::kFileUnreadable, shownDestination);
 }
 
 }  // namespace orvane

@@ -1,11 +1,14 @@
 #include "platform/linux/native.h"
 
+#include <QCoreApplication>
 #include <QtGlobal>
 #include <cstdint>
 #include <limits>
 
+#include "platform/common/database_errors.h"
 #include "platform/common/qt_window_chrome.h"
 #include "platform/linux/compositor.h"
+#include "platform/linux/jet_files.h"
 #include "platform/linux/sip_lines.h"
 
 namespace orvane::native {
@@ -35,6 +38,15 @@ std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
   std::vector<std::unique_ptr<LineServiceProvider>> providers;
   providers.push_back(std::make_unique<SipLines>(loop, handles, baresip));
   return providers;
+}
+
+DatabaseEngines Databases(LongWork& work) {
+  const QString folder = QCoreApplication::applicationDirPath();
+  const auto files = std::make_shared<JetFiles>(folder.toStdString() + "/orvane-jet-reader", work);
+  return {[files](const ConnectionProperties& properties) { return files->Open(properties); },
+          [](const ConnectionProperties&) -> std::unique_ptr<OpenDatabase> {
+            ThrowProviderNotFound();
+          }};
 }
 
 }  // namespace orvane::native

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/common/host_databases.h"
+#include "platform/common/long_work.h"
 #include "platform/event_loop.h"
 #include "platform/line_service_provider.h"
 #include "platform/window_chrome.h"
@@ -38,5 +40,8 @@ std::unique_ptr<WindowChrome> MakeChrome(QWidget& window);
 // The sources of this machine's telephone lines.
 std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
                                                                 CallHandles& handles);
+
+// What opens databases that SQLite does not keep; `work` outlives it.
+DatabaseEngines Databases(LongWork& work);
 
 }  // namespace orvane::native

@@ -5,17 +5,20 @@
 #include <string_view>
 
 #include "platform/common/connection_properties.h"
-#include "platform/common/sqlite_file.h"
+#include "platform/common/open_database.h"
 #include "platform/database.h"
 
 namespace orvane {
 
 inline constexpr std::string_view kJetProvider = "Microsoft.Jet.OLEDB.4.0";
+inline constexpr std::string_view kSqlServerProvider = "SQLOLEDB.1";
 
-// Stands for a Jet connection to a file that is kept by SQLite. Speaks the part of the Jet dialect
-// that TranslateJetSql knows; every cursor is client-side. The file's password is not looked at.
-class SqliteConnection : public DatabaseConnection {
+// Keeps what a connection is told while it is closed, and leaves opening to the opener. Every
+// cursor is client-side.
+class ProviderConnection : public DatabaseConnection {
  public:
+  explicit ProviderConnection(DatabaseOpener opener) : opener_(std::move(opener)) {}
+
   void SetMode(DbMode mode) override;
   void SetCursorLocation(DbCursorLocation location) override;
   void SetProvider(std::string_view provider) override;
@@ -23,16 +26,17 @@ class SqliteConnection : public DatabaseConnection {
   void SetConnectionString(std::string_view text) override;
   std::string ConnectionString() const override { return properties_.ToString(); }
 
-  bool IsOpen() const override { return file_ != nullptr; }
+  bool IsOpen() const override { return database_ != nullptr; }
   void Open() override;
   std::unique_ptr<Recordset> Execute(std::string_view sql) override;
-  void Close() override { file_.reset(); }
+  void Close() override { database_.reset(); }
 
  private:
   void RequireClosed() const;
 
+  DatabaseOpener opener_;
   ConnectionProperties properties_;
-  std::unique_ptr<SqliteFile> file_;
+  std::unique_ptr<OpenDatabase> database_;
 };
 
 }  // namespace orvane

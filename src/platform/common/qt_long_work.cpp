@@ -1,0 +1,35 @@
+#include "platform/common/qt_long_work.h"
+
+#include <QEventLoop>
+#include <QThread>
+#include <exception>
+#include <memory>
+
+namespace orvane {
+namespace {
+
+// Most work is done before anyone could see that the window stands still.
+constexpr unsigned long kUnnoticedMilliseconds = 20;
+
+}  // namespace
+
+void QtLongWork::Run(const std::function<void()>& work) {
+  std::exception_ptr failure;
+  const std::unique_ptr<QThread> thread(QThread::create([&work, &failure] {
+    try {
+      work();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  }));
+  QEventLoop loop;
+  QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+  thread->start();
+  if (!thread->wait(kUnnoticedMilliseconds)) {
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    thread->wait();
+  }
+  if (failure) std::rethrow_exception(failure);
+}
+
+}  // namespace orvane

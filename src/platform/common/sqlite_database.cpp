@@ -1,0 +1,20 @@
+#include "platform/common/sqlite_database.h"
+
+#include "platform/common/database_errors.h"
+#include "platform/common/jet_sql.h"
+#include "platform/common/provider_connection.h"
+
+namespace orvane {
+
+std::unique_ptr<Recordset> SqliteDatabase::Execute(std::string_view sql) {
+  const TranslatedStatement statement = TranslateJetSql(sql);
+  return file_->Run(statement.sql, statement.dates);
+}
+
+std::unique_ptr<OpenDatabase> OpenSqlite(const ConnectionProperties& properties) {
+  if (!EqualsIgnoringCase(properties.Provider(), kJetProvider)) ThrowProviderNotFound();
+  return std::make_unique<SqliteDatabase>(
+      std::make_shared<SqliteFile>(properties.Get("Data Source"), properties.Mode()));
+}
+
+}  // namespace orvane
