@@ -83,9 +83,7 @@ void frmDial::FitNumber() {
   const QMargins margins = field.textMargins();
   const int room = field.width() - margins.left() - margins.right() - kNumberPaddingPixels;
   for (const char* size : {role::kNumber, role::kMediumNumber, role::kLongNumber}) {
-    // The low field of the compact view has room for the smallest digits alone.
-    if (!FullViewShown() && size != role::kLongNumber) continue;
-    SetRole(field, size);
+    SetRole(field, FullViewShown() ? size : role::kCompactNumber);
     if (field.fontMetrics().horizontalAdvance(field.text()) <= room) break;
   }
 }

@@ -118,7 +118,10 @@ bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceCover();
     if (event->type() != QEvent::KeyPress) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible()) return false;
+    // What the list itself could not use comes by here too.
+    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible() || c_.lstLineSel->hasFocus()) {
+      return false;
+    }
     c_.lstLineSel->setFocus();
     QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text());
     return QCoreApplication::sendEvent(c_.lstLineSel, &again);

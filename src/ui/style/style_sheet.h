@@ -22,6 +22,7 @@ inline constexpr char kStrip[] = "strip";
 inline constexpr char kNumber[] = "number";
 inline constexpr char kMediumNumber[] = "mediumNumber";
 inline constexpr char kLongNumber[] = "longNumber";
+inline constexpr char kCompactNumber[] = "compactNumber";
 inline constexpr char kFieldButton[] = "fieldButton";
 inline constexpr char kTool[] = "tool";
 inline constexpr char kCard[] = "card";
