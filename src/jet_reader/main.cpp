@@ -23,7 +23,7 @@
 
 namespace {
 
-constexpr rlim_t kMemoryBytes = rlim_t{256} << 20;
+[[maybe_unused]] constexpr rlim_t kMemoryBytes = rlim_t{256} << 20;
 constexpr rlim_t kProcessorSeconds = 20;
 constexpr rlim_t kOpenFiles = 16;
 constexpr int kExitLimits = 1;
@@ -34,9 +34,17 @@ bool Limit(__rlimit_resource resource, rlim_t most) {
   return setrlimit(resource, &limit) == 0;
 }
 
+bool LimitMemory() {
+#ifdef __SANITIZE_ADDRESS__
+  return true;  // which needs addresses beyond every limit
+#else
+  return Limit(RLIMIT_AS, kMemoryBytes);
+#endif
+}
+
 bool GiveUpMostRights() {
   return prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
-         Limit(RLIMIT_AS, kMemoryBytes) && Limit(RLIMIT_CPU, kProcessorSeconds) &&
+         LimitMemory() && Limit(RLIMIT_CPU, kProcessorSeconds) &&
          Limit(RLIMIT_NOFILE, kOpenFiles) && Limit(RLIMIT_FSIZE, 0) && Limit(RLIMIT_CORE, 0);
 }
 

@@ -29,7 +29,9 @@ KEY_LIMIT_S = 5
 SETTLE_S = 0.2
 FIRST_TALK_S = 3
 LONGEST_TALK_S = 24
-DIALER, HOST = "TALMIX_BRISKO", "TALMIX_TRAY18"
+DIALER, HOST, OPTIONS = "TALMIX_BRISKO", "TALMIX_TRAY18", "Brisko :: Optionen"
+# How often the tabulator key is pressed on the way from the number field.
+TABS_TO_HISTORY, TABS_TO_OPTIONS = 4, 5
 
 
 class NativeSystem:
@@ -119,7 +121,8 @@ class Play:
         self.running = []
         self.main = None
         self.retried = 0
-        self.earlier_calls = 0
+        # The latest call that was in the journal before.
+        self.last_before = 0
 
     def start(self, name, *arguments, **options):
         process = self.system.start(name, *arguments, **options)
@@ -135,12 +138,15 @@ class Play:
         window = wait_for(f"the window {name}", lambda: windows(name), STEP_LIMIT_S)[0]
         subprocess.run(["xdotool", "windowactivate", "--sync", window], check=True)
 
-    def calls(self):
+    def read_journal(self, query, *values):
         file = self.root / "host" / "Daten" / "User" / str(scenarios.USER) / "res" / "TelList.fdb"
         with sqlite3.connect(f"file:{file}?mode=ro", uri=True) as journal:
-            rows = journal.execute("SELECT Firma, Nr, Dauer FROM o ORDER BY ID").fetchall()
-        return [(company or "", digits, bool(duration))
-                for company, digits, duration in rows[self.earlier_calls:]]
+            return journal.execute(query, values).fetchall()
+
+    def calls(self):
+        rows = self.read_journal("SELECT Firma, Nr, Dauer FROM o WHERE ID > ? ORDER BY ID",
+                                 self.last_before)
+        return [(company or "", digits, bool(duration)) for company, digits, duration in rows]
 
     def talked(self):
         calls = self.calls()
@@ -150,26 +156,28 @@ class Play:
         file = self.root / "messages.log"
         return file.read_text().splitlines() if file.exists() else []
 
-    def picture(self):
+    def picture(self, what=""):
         let_settle()
-        subprocess.run(["import", "-window", "root", self.out / f"{self.scenario.name}.png"],
-                       check=True)
+        file = self.out / f"{self.scenario.name}{what}.png"
+        subprocess.run(["import", "-window", "root", file], check=True)
+
+    def demo_host(self, *arguments):
+        return self.start("orvane-demo-host", "--root", self.system.path(self.root),
+                          "--line", self.scenario.line, "--history", str(self.scenario.history),
+                          *arguments)
 
     def install(self):
         shutil.rmtree(self.root, ignore_errors=True)
         (self.root / "run").mkdir(mode=0o700, parents=True)
-        self.ends_well("the installation", self.start(
-            "orvane-demo-host", "--root", self.system.path(self.root), "--install-only"))
+        self.ends_well("the installation", self.demo_host("--install-only"))
 
     def run(self):
         """Plays on the host installation that is there, whose journal may have calls already."""
-        root = self.system.path(self.root)
-        self.earlier_calls = len(self.calls())
+        self.last_before = self.read_journal("SELECT COALESCE(MAX(ID), 0) FROM o")[0][0]
         if self.scenario.command_line:
             self.main = self.start("orvane", self.scenario.command_line)
         else:
-            self.main = self.start("orvane-demo-host", "--root", root,
-                                   "--dialer", self.system.dialer())
+            self.main = self.demo_host("--dialer", self.system.dialer())
         for step in self.scenario.steps:
             getattr(self, "do_" + type(step).__name__)(*step)
         if self.main.poll() is None:
@@ -207,6 +215,30 @@ class Play:
         self.front(HOST)
         press("ctrl+Home", *["Down"] * row, "Return")
         wait_for("the host's message", self.messages, STEP_LIMIT_S)
+
+    def press_from_number(self, tabs, *keys):
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+        self.front(DIALER)
+        let_settle()
+        press(*["Tab"] * tabs, *keys)
+
+    # A first choice is refused until a device of another kind was looked at.
+    def do_ChooseLine(self, notification):
+        self.press_from_number(TABS_TO_OPTIONS, "Return")
+        self.front(OPTIONS)
+        let_settle()
+        press("alt+l", "alt+t")
+        let_settle()
+        press("alt+m", "alt+x", "Tab", "Home")
+        self.picture("-chosen")
+        press("alt+b")
+        wait_for("the notification", lambda: f"< {notification}" in self.messages(), STEP_LIMIT_S)
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+
+    def do_LookAtHistory(self):
+        self.press_from_number(TABS_TO_HISTORY, "Return")
+        self.picture("-open")
+        press("Return", *["shift+Tab"] * TABS_TO_HISTORY)
 
     def do_Type(self, text):
         self.front(DIALER)

@@ -48,7 +48,7 @@ Arguments ReadArguments(const QApplication& application) {
                                   QStringLiteral("file"),
                                   QApplication::applicationDirPath() + QStringLiteral("/orvane"));
   const QCommandLineOption line(QStringLiteral("line"),
-                                QStringLiteral("simulated, modem, sip or choice."),
+                                QStringLiteral("simulated, unset, modem, sip or choice."),
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption areaCodes(
       QStringLiteral("area-codes"), QStringLiteral("The area-code table."), QStringLiteral("file"),

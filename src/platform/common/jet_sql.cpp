@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <initializer_list>
 
+#include "platform/common/jet_query.h"
 #include "platform/common/jet_tokens.h"
 
 namespace orvane {
@@ -177,11 +178,6 @@ class InsertCheck {
   std::size_t at_ = 0;
 };
 
-bool HasOrder(const Tokens& tokens) {
-  return std::any_of(tokens.begin(), tokens.end(),
-                     [](const JetToken& token) { return token.Is("ORDER"); });
-}
-
 void CheckUpdate(const Tokens& tokens) {
   const bool joined = std::any_of(tokens.begin(), tokens.end(),
                                   [](const JetToken& token) { return token.Is("FROM"); });
@@ -265,10 +261,11 @@ TranslatedStatement TranslateJetSql(std::string_view sql) {
   CheckOperators(tokens);
   CheckTexts(tokens);
   TranslatedStatement result = Emit(tokens);
-  if (top > 0) {
-    if (!HasOrder(tokens)) result.sql += " ORDER BY 1 DESC";
-    result.sql += " LIMIT " + std::to_string(top);
-  }
+  std::string ending;
+  if (tokens[0].Is("SELECT")) ending = ImpliedOrder(tokens, top > 0, "LENGTH");
+  if (top > 0) ending += " LIMIT " + std::to_string(top);
+  if (const auto indexed = IndexedJoin(tokens)) result.indexedSql = Emit(*indexed).sql + ending;
+  result.sql += ending;
   return result;
 }
 

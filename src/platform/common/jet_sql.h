@@ -10,6 +10,8 @@ namespace orvane {
 // values, so that a date is the identical number however it gets into the database.
 struct TranslatedStatement {
   std::string sql;
+  // The same by way of the indexes, or empty. SQLite may refuse it for tables without row numbers.
+  std::string indexedSql;
   std::vector<double> dates;
 };
 
@@ -18,8 +20,7 @@ struct TranslatedStatement {
 // between either quote, names in brackets, True and False, and the functions Fix, CDbl, Max, Min,
 // Count, Sum and Avg. The content of quotes is never touched.
 //
-// TOP without an order takes the rows with the largest first column: the newest calls of a query
-// for their times.
+// A query without an order gets the one of ImpliedOrder.
 //
 // Callers put texts between quotes as they are, so a text with an apostrophe changes the statement.
 // What Jet would refuse then is refused here: in VALUES only plain literals may stand, a text only

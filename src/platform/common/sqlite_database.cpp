@@ -8,6 +8,14 @@ namespace orvane {
 
 std::unique_ptr<Recordset> SqliteDatabase::Execute(std::string_view sql) {
   const TranslatedStatement statement = TranslateJetSql(sql);
+  if (!statement.indexedSql.empty()) {
+    try {
+      return file_->Run(statement.indexedSql, statement.dates);
+    } catch (const DatabaseError& error) {
+      // The other form says what is wrong with the statement, if it is the statement.
+      if (error.Number() != kDbErrorSyntax) throw;
+    }
+  }
   return file_->Run(statement.sql, statement.dates);
 }
 

@@ -1,0 +1,9 @@
+#include "databases/contact_engine.h"
+
+namespace orvane {
+
+std::vector<ContactEngineEntry> SystemContactEngines() {
+  return {};
+}
+
+}  // namespace orvane

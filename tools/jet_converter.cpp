@@ -1,0 +1,115 @@
+// Turns a call journal that Jet has written into one that this system can write to.
+//
+//   orvane-jet-umwandeln <TelList.fdb> [Kennwort]
+//
+// The old file stays beside the new one, under its name with ".jet" behind it.
+
+#include <QCoreApplication>
+#include <array>
+#include <charconv>
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+
+#include "journal_schema.h"
+#include "platform/common/host_databases.h"
+#include "platform/common/jet_header.h"
+#include "platform/errors.h"
+#include "platform/linux/native.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using orvane::DbValue;
+
+constexpr const char* kUsage = "Aufruf: orvane-jet-umwandeln <TelList.fdb> [Kennwort]\n";
+constexpr const char* kJournalPassword = "vnar";
+constexpr const char* kColumns = "ID,Ext,Zeit,Firma,Ort,Person,Nr,AdrID,DUID,Dauer";
+constexpr int kColumnCount = 10;
+
+std::string Quoted(const std::string& text) {
+  std::string result = "'";
+  for (const char c : text) result.append(c == '\'' ? 2U : 1U, c);
+  return result + "'";
+}
+
+// The shortest text that is read back as the same number.
+std::string Digits(double number) {
+  std::array<char, 64> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), number);
+  return {text.data(), end.ptr};
+}
+
+std::string Literal(const DbValue& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
+  if (const auto* real = std::get_if<double>(&value)) return Digits(*real);
+  if (const auto* text = std::get_if<std::string>(&value)) return Quoted(*text);
+  return "NULL";
+}
+
+// Statements that insert all rows of one table.
+std::string Rows(orvane::DatabaseConnection& journal, const std::string& table) {
+  std::string script;
+  const auto rows = journal.Execute(std::string("SELECT ") + kColumns + " FROM " + table);
+  for (; !rows->AtEnd(); rows->MoveNext()) {
+    script += "INSERT INTO " + table + " (" + kColumns + ") VALUES (";
+    for (int i = 0; i < kColumnCount; ++i) script += (i > 0 ? "," : "") + Literal(rows->Field(i));
+    script += ");\n";
+  }
+  return script;
+}
+
+std::string AllCalls(const fs::path& file, const std::string& password) {
+  orvane::ImmediateWork work;
+  orvane::HostDatabases databases(orvane::native::Databases(work));
+  const auto journal = databases.NewConnection();
+  journal->SetMode(orvane::DbMode::kRead);
+  journal->SetProvider("Microsoft.Jet.OLEDB.4.0");
+  journal->SetProperty("Data Source", fs::absolute(file).string());
+  journal->SetProperty("Jet OLEDB:Database Password", password);
+  journal->Open();
+  return Rows(*journal, "o") + Rows(*journal, "i");
+}
+
+bool IsJetFile(const fs::path& file) {
+  return orvane::ReadJetHeader(file).has_value();
+}
+
+// At every moment one of the two files lies under the journal's name or beside it whole.
+void Convert(const fs::path& file, const std::string& password) {
+  if (!fs::exists(file)) throw std::runtime_error("Die Datei gibt es nicht.");
+  if (!IsJetFile(file)) throw std::runtime_error("Die Datei ist keine Jet-Datenbank.");
+  const fs::path kept = file.string() + ".jet";
+  if (fs::exists(kept)) throw std::runtime_error("Es gibt schon eine Datei " + kept.string() + ".");
+  const fs::path fresh = file.string() + ".neu";
+  fs::remove(fresh);
+  try {
+    orvane::CreateJournalFile(fresh, AllCalls(file, password));
+    fs::permissions(fresh, fs::status(file).permissions());
+    fs::create_hard_link(file, kept);
+    fs::rename(fresh, file);
+  } catch (...) {
+    std::error_code ignored;
+    fs::remove(fresh, ignored);
+    throw;
+  }
+  std::cout << "Umgewandelt: " << file.string() << "\nDie alte Datei: " << kept.string() << '\n';
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  if (argc < 2 || argc > 3) {
+    std::cerr << kUsage;
+    return 2;
+  }
+  try {
+    Convert(argv[1], argc == 3 ? argv[2] : kJournalPassword);
+    return 0;
+  } catch (const std::exception& error) {
+    std::cerr << argv[1] << ": " << error.what() << '\n';
+    return 1;
+  }
+}
