@@ -13,6 +13,7 @@ import tempfile
 import time
 
 STEP_LIMIT_S = 20
+SCREEN_SIZE = "1360x920"
 
 
 class Failed(Exception):
@@ -57,7 +58,7 @@ def end_group(process):
             time.sleep(0.2)
 
 
-def start_display(size):
+def start_display(size=SCREEN_SIZE):
     read_end, write_end = os.pipe()
     # Without -noreset the display starts anew when its last client leaves, and whoever is just
     # connecting is thrown out.
@@ -86,7 +87,7 @@ def private_environment(folder, display):
     return environment
 
 
-def run_in_session(script, arguments, out, size="1360x920", **settings):
+def run_in_session(script, arguments, out, size=SCREEN_SIZE, **settings):
     """Runs `script --inside <arguments> <empty folder>` in a session of its own; its exit code.
 
     What the programs of the session say goes to session.log in the folder `out`, which is empty
