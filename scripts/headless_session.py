@@ -129,12 +129,14 @@ def end_processes(*processes):
                 process.kill()
 
 
-def descendants(node):
+def descendants(node, closed=()):
+    """All nodes below this one; what is inside of the roles in `closed` is left out."""
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
         if child is not None:
             yield child
-            yield from descendants(child)
+            if child.get_role_name() not in closed:
+                yield from descendants(child, closed)
 
 
 class Screen:
