@@ -102,7 +102,8 @@ def run_in_session(script, arguments, out, size=SCREEN_SIZE, **settings):
             session = subprocess.Popen(
                 ["dbus-run-session", "--", sys.executable, script, "--inside",
                  *map(str, arguments), str(folder)],
-                env=dict(private_environment(folder, name), **settings), start_new_session=True, stderr=log)
+                env=dict(private_environment(folder, name), **settings),
+                start_new_session=True, stderr=log)
         return session.wait()
     finally:
         signal.alarm(0)

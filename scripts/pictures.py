@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Pictures of every state of the windows, made from the real programs on a display without a screen.
+"""Pictures of every state of the windows, from the real programs on a display without a screen.
 
   scripts/pictures.py <folder of the programs> <folder for the pictures> [<scheme>-<percent> ...]
   scripts/pictures.py <folder of the programs> <folder for the pictures> docs
@@ -45,7 +45,7 @@ CHOSEN = {
 
 
 def set_up_desktop(folder, scheme):
-    """The settings lie where the system's do: the demo host has a place of its own for the user's."""
+    """The settings lie where the system's do; the demo host has its own place for the user's."""
     folder.mkdir()
     os.environ["XDG_CONFIG_DIRS"] = str(folder)
     ground, text, field, field_text = SCHEMES[scheme]
