@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "platform/common/database_errors.h"
+#include "platform/common/odbc_databases.h"
 #include "platform/common/qt_window_chrome.h"
 #include "platform/linux/compositor.h"
 #include "platform/linux/jet_files.h"
@@ -43,10 +43,9 @@ std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
 DatabaseEngines Databases(LongWork& work) {
   const QString folder = QCoreApplication::applicationDirPath();
   const auto files = std::make_shared<JetFiles>(folder.toStdString() + "/orvane-jet-reader", work);
+  const auto server = std::make_shared<OdbcDatabases>(SqlServerAccess(), work);
   return {[files](const ConnectionProperties& properties) { return files->Open(properties); },
-          [](const ConnectionProperties&) -> std::unique_ptr<OpenDatabase> {
-            ThrowProviderNotFound();
-          }};
+          [server](const ConnectionProperties& properties) { return server->Open(properties); }};
 }
 
 }  // namespace orvane::native
