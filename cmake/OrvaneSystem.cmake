@@ -4,6 +4,7 @@ if(NOT WIN32)
   return()
 endif()
 set(ORVANE_SYSTEM windows)
+enable_language(RC)
 
 # Wide system calls, and nothing of the system's headers that collides with the standard library.
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
@@ -33,3 +34,5 @@ list(REMOVE_DUPLICATES ORVANE_LIBRARY_FOLDERS)
 string(REPLACE ";" ":" ORVANE_LIBRARY_FOLDERS "${ORVANE_LIBRARY_FOLDERS}")
 set(CMAKE_CROSSCOMPILING_EMULATOR
   "${CMAKE_SOURCE_DIR}/scripts/windows/wine.sh" "${CMAKE_BINARY_DIR}/wine" "${ORVANE_LIBRARY_FOLDERS}")
+# For scripts.
+file(WRITE "${CMAKE_BINARY_DIR}/library_folders" "${ORVANE_LIBRARY_FOLDERS}\n")

@@ -2,7 +2,6 @@
 #
 #   orvane_windows_resources(<target>)
 function(orvane_windows_resources target)
-  enable_language(RC)
   set(icon_file "${CMAKE_BINARY_DIR}/data/orvane.ico")
   string(REPLACE "." "," version_numbers "${PROJECT_VERSION}.0")
   foreach(name orvane.rc orvane.manifest)

@@ -57,12 +57,12 @@ def end_group(process):
             time.sleep(0.2)
 
 
-def start_display():
+def start_display(size):
     read_end, write_end = os.pipe()
     # Without -noreset the display starts anew when its last client leaves, and whoever is just
     # connecting is thrown out.
     display = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1360x920x24", "-nolisten", "tcp",
+        ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{size}x24", "-nolisten", "tcp",
          "-noreset"],
         pass_fds=[write_end], start_new_session=True,
         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -86,21 +86,22 @@ def private_environment(folder, display):
     return environment
 
 
-def run_in_session(script, arguments, out):
+def run_in_session(script, arguments, out, size="1360x920", **settings):
     """Runs `script --inside <arguments> <empty folder>` in a session of its own; its exit code.
 
-    What the programs of the session say goes to session.log in the folder `out`."""
+    What the programs of the session say goes to session.log in the folder `out`, which is empty
+    before. The display has the size; the settings are put into the environment."""
     shutil.rmtree(out, ignore_errors=True)
     out.mkdir(parents=True)
     folder = pathlib.Path(tempfile.mkdtemp(prefix="orvane-"))
     display = session = None
     try:
-        display, name = start_display()
+        display, name = start_display(size)
         with (out / "session.log").open("w") as log:
             session = subprocess.Popen(
                 ["dbus-run-session", "--", sys.executable, script, "--inside",
                  *map(str, arguments), str(folder)],
-                env=private_environment(folder, name), start_new_session=True, stderr=log)
+                env=dict(private_environment(folder, name), **settings), start_new_session=True, stderr=log)
         return session.wait()
     finally:
         signal.alarm(0)
@@ -136,13 +137,16 @@ def descendants(node):
 
 
 class Screen:
-    """The windows as assistive technology sees them, and a pointer."""
+    """The windows as assistive technology sees them, and a pointer.
 
-    def __init__(self):
+    The toolkit tells places in its own pixels; a scale says how many of the display one has."""
+
+    def __init__(self, scale=1.0):
         import gi
         gi.require_version("Atspi", "2.0")
         from gi.repository import Atspi, GLib
         self.atspi = Atspi
+        self.scale = scale
         self.gone = GLib.Error  # raised by nodes whose window has closed meanwhile
 
     def windows(self):
@@ -188,7 +192,8 @@ class Screen:
 
     def click(self, node):
         box = node.get_extents(self.atspi.CoordType.SCREEN)
-        x, y = box.x + box.width // 2, box.y + box.height // 2
+        x = int((box.x + box.width / 2) * self.scale)
+        y = int((box.y + box.height / 2) * self.scale)
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True)
 
     def dump(self):

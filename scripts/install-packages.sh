@@ -2,6 +2,7 @@
 # Installs the Debian 12 packages that this project needs, and only those that are missing.
 #
 #   scripts/install-packages.sh [build] [run] [lint] [bench] [windows] [windows-i686] [wine]
+#                              [package] [package-windows] [prove]
 #
 # Without arguments: build and run. Says nothing when there is nothing to do.
 set -euo pipefail
@@ -23,6 +24,11 @@ packages_windows=(g++-mingw-w64-x86-64-posix qt6-base-dev-tools qt6-translations
 packages_windows_i686=(g++-mingw-w64-i686-posix)
 # The fonts are those that Windows programs ask for.
 packages_wine=(wine wine64 fonts-wine)
+# The package builders of both systems.
+packages_package=(debhelper dpkg-dev lintian)
+packages_package_windows=(nsis)
+# Makes a Debian system to install packages into.
+packages_prove=(debootstrap)
 
 wanted=()
 for group in "${@:-build run}"; do
@@ -35,6 +41,9 @@ for group in "${@:-build run}"; do
       windows) wanted+=("${packages_windows[@]}") ;;
       windows-i686) wanted+=("${packages_windows_i686[@]}") ;;
       wine) wanted+=("${packages_wine[@]}") ;;
+      package) wanted+=("${packages_package[@]}") ;;
+      package-windows) wanted+=("${packages_package_windows[@]}") ;;
+      prove) wanted+=("${packages_prove[@]}") ;;
       *) echo "install-packages.sh: unknown group '$name'" >&2; exit 2 ;;
     esac
   done

@@ -1,5 +1,6 @@
-// Writes the program's icon as Windows wants it, in all sizes that desktops ask for:
-//   orvane-icon-builder <file.ico>
+// Writes the program's icon, as Windows wants it in all sizes that desktops ask for, or in the
+// largest as one picture:
+//   orvane-icon-builder <file.ico|file.png>
 
 #include <QBuffer>
 #include <QDataStream>
@@ -47,9 +48,12 @@ QByteArray Picture(int side) {
   return png.data();
 }
 
-bool Write(const QString& name) {
-  QSaveFile file(name);
-  if (!file.open(QIODevice::WriteOnly)) return false;
+bool WritePicture(QSaveFile& file) {
+  const QByteArray picture = Picture(kLargestSide);
+  return file.write(picture) == picture.size();
+}
+
+bool WriteIcon(QSaveFile& file) {
   QDataStream out(&file);
   out.setByteOrder(QDataStream::LittleEndian);
   out << quint16{0} << kIconType << static_cast<quint16>(kSides.size());
@@ -64,7 +68,14 @@ bool Write(const QString& name) {
     offset += bytes;
     pictures += picture;
   }
-  return file.write(pictures) == pictures.size() && file.commit();
+  return file.write(pictures) == pictures.size();
+}
+
+bool Write(const QString& name) {
+  QSaveFile file(name);
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  const bool written = name.endsWith(QLatin1String(".png")) ? WritePicture(file) : WriteIcon(file);
+  return written && file.commit();
 }
 
 }  // namespace

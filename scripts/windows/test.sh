@@ -9,20 +9,11 @@ preset="$1"
 shift
 wine_folder="$PWD/build/$preset/wine"
 export WINEPREFIX="$wine_folder/prefix"
-display=
-finish() {
-  wineserver -k 2>/dev/null || true
-  [[ -z "$display" ]] || kill "$display" 2>/dev/null || true
-}
-trap finish EXIT
-
-exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1360x920x24 -nolisten tcp -noreset 2>/dev/null)
-display=$!
-read -r DISPLAY <&"$number" || { echo "Xvfb did not start." >&2; exit 1; }
-export DISPLAY=":$DISPLAY"
-
+# Wine's server and what belongs to it would go on for a while.
+trap 'wineserver -k 2>/dev/null || true' EXIT
 # The tests run at once, so none of them can make the prefix.
 scripts/windows/wine_prefix.sh "$wine_folder"
 # The journal is written with care for power cuts; thousands of writes take minutes on a slow disk.
 [[ -w /dev/shm ]] && export TMPDIR=/dev/shm
-ctest --preset "$preset" --parallel "$(nproc)" "$@"
+# Without a window manager Wine waits for seconds whenever a window is hidden.
+/usr/bin/python3 scripts/on_display.py ctest --preset "$preset" --parallel "$(nproc)" "$@"

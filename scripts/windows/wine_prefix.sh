@@ -17,5 +17,8 @@ fi
 # The prefix is whole only when the server has written it down.
 wineserver -w
 # Debian's Wine does not look where its fonts are, and programs get the next best one.
-cp /usr/share/wine/fonts/tahoma*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+for font in /usr/share/wine/fonts/tahoma{,bd}.ttf; do
+  /usr/bin/python3 "$(dirname "$(readlink -f "$0")")/smooth_font.py" "$font" \
+    "$WINEPREFIX/drive_c/windows/Fonts/$(basename "$font")"
+done
 touch "$folder/ready"

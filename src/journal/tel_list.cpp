@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t kMaxCompanyCharacters = 99;
 constexpr std::size_t kMaxPlaceCharacters = 60;
 constexpr std::size_t kMaxPersonCharacters = 99;
+constexpr std::int32_t kErrorObjectNotSet = 91;
 
 struct Call {
   const std::string& startText;
@@ -120,35 +121,35 @@ void SetJournalProperties(DatabaseConnection& journal, const ProgramState& state
   journal.SetProperty("Persist Security Info", "False");
 }
 
-// The stored connection string stays as it is: the next call has to be written.
-bool OpenForReading(DatabaseConnection& journal, const ProgramState& state) {
-  try {
-    SetJournalProperties(journal, state, DbMode::kRead);
+void Reopen(DatabaseConnection& journal, ProgramState& state, JournalUse use) {
+  std::string& stored = state.databases.journalConnectionString;
+  if (use == JournalUse::kRead) {
+    // Takes no write lock, and yet may put right what a program left behind that died writing. The
+    // stored connection string stays as it is: the next call has to be written.
+    SetJournalProperties(journal, state, DbMode::kUnknown);
     journal.Open();
-    return true;
-  } catch (const PlatformError&) {
-    return false;
+    return;
   }
+  if (stored.empty()) {
+    SetJournalProperties(journal, state, DbMode::kWrite);
+  } else {
+    journal.SetConnectionString(stored);
+  }
+  journal.Open();
+  stored = journal.ConnectionString();
 }
 
 }  // namespace
 
 bool ReopenTelDB(Services& services, ProgramState& state, JournalUse use) {
-  DatabaseState& databases = state.databases;
-  if (!databases.journal) throw std::logic_error("no journal connection");
-  DatabaseConnection& journal = *databases.journal;
+  const auto& journal = state.databases.journal;
+  // Who writes has a message of his own for this.
+  if (!journal && use == JournalUse::kWrite) throw std::logic_error("no journal connection");
   try {
-    if (journal.IsOpen()) return true;
-    if (databases.journalConnectionString.empty()) {
-      SetJournalProperties(journal, state, DbMode::kWrite);
-    } else {
-      journal.SetConnectionString(databases.journalConnectionString);
-    }
-    journal.Open();
-    databases.journalConnectionString = journal.ConnectionString();
+    if (!journal) throw DatabaseError(kErrorObjectNotSet, "Objektvariable nicht festgelegt");
+    if (!journal->IsOpen()) Reopen(*journal, state, use);
     return true;
   } catch (const PlatformError& error) {
-    if (use == JournalUse::kRead && OpenForReading(journal, state)) return true;
     ShowOpenFailure(services.prompts, error, "ReopenTelDB",
                     "Telefonliste konnte nicht initialisiert werden!");
     return false;

@@ -19,7 +19,8 @@ enum class JournalUse { kWrite, kRead };
 
 // Makes sure that the journal connection is open. False, after a message box, when it cannot be.
 // Who only reads also gets a journal that cannot be written to, because it or its folder is
-// protected, the disk is full or another program is writing.
+// protected, the disk is full or another program is writing, and does not wait for that program.
+// Throws std::logic_error when there is no connection object to write with.
 bool ReopenTelDB(Services& services, ProgramState& state, JournalUse use = JournalUse::kWrite);
 
 // Inserts a call ("1" to "4": outgoing external, outgoing internal, incoming external, incoming

@@ -32,6 +32,9 @@ class HostRegistry {
   // Creates or replaces a text value, and the key where it is missing. The value is stored for good
   // when the call returns. Throws RegistryError.
   virtual void Write(std::string_view subKey, std::string_view name, std::string_view value) = 0;
+
+  // Removes a value; one that does not exist is no failure. Throws RegistryError.
+  virtual void Remove(std::string_view subKey, std::string_view name) = 0;
 };
 
 // Makes an unbound helper object.

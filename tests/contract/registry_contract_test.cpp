@@ -36,6 +36,15 @@ TEST_P(RegistryContract, EveryTextComesBackAsItWas) {
   }
 }
 
+TEST_P(RegistryContract, WhatIsRemovedCountsAsNeverWritten) {
+  Bound()->Remove("Dial", "L");
+  Bound()->Write("Dial", "L", "1");
+  Bound()->Write("Dial", "Left", "2");
+  Bound()->Remove("dial", "l");
+  EXPECT_EQ(Bound()->Read("Dial", "L", "fallback"), "fallback");
+  EXPECT_EQ(Bound()->Read("Dial", "Left", ""), "2");
+}
+
 TEST_P(RegistryContract, NamesIgnoreTheLetterCaseAndKeysAreApart) {
   Bound()->Write("Dial", "ComPort", "4");
   EXPECT_EQ(Bound("software\\nordel\\TALMIX18")->Read("dial", "comport", ""), "4");

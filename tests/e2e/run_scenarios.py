@@ -26,9 +26,12 @@ import scenarios  # noqa: E402
 TIME_LIMIT_S = 400
 STEP_LIMIT_S = 30
 KEY_LIMIT_S = 5
+SETTLE_S = 0.2
 FIRST_TALK_S = 3
 LONGEST_TALK_S = 24
-DIALER, HOST = "TALMIX_BRISKO", "TALMIX_TRAY18"
+DIALER, HOST, OPTIONS = "TALMIX_BRISKO", "TALMIX_TRAY18", "Brisko :: Optionen"
+# How often the tabulator key is pressed on the way from the number field.
+TABS_TO_HISTORY, TABS_TO_OPTIONS = 4, 5
 
 
 class NativeSystem:
@@ -91,6 +94,20 @@ def windows(name):
     return found.split()
 
 
+def let_settle():
+    """Returns once the screen has not changed for a moment."""
+    def shot():
+        return subprocess.run(["import", "-window", "root", "ppm:-"], check=True,
+                              capture_output=True).stdout
+    pictures = [b"", shot()]
+
+    def unchanged():
+        time.sleep(SETTLE_S)
+        pictures[:] = [pictures[-1], shot()]
+        return pictures[0] == pictures[1]
+    wait_for("an idle screen", unchanged, STEP_LIMIT_S)
+
+
 def press(*keys):
     for key in keys:
         subprocess.run(["xdotool", "key", key], check=True)
@@ -104,6 +121,8 @@ class Play:
         self.running = []
         self.main = None
         self.retried = 0
+        # The latest call that was in the journal before.
+        self.last_before = 0
 
     def start(self, name, *arguments, **options):
         process = self.system.start(name, *arguments, **options)
@@ -119,31 +138,46 @@ class Play:
         window = wait_for(f"the window {name}", lambda: windows(name), STEP_LIMIT_S)[0]
         subprocess.run(["xdotool", "windowactivate", "--sync", window], check=True)
 
-    def calls(self):
+    def read_journal(self, query, *values):
         file = self.root / "host" / "Daten" / "User" / str(scenarios.USER) / "res" / "TelList.fdb"
         with sqlite3.connect(f"file:{file}?mode=ro", uri=True) as journal:
-            rows = journal.execute("SELECT Firma, Nr, Dauer FROM o ORDER BY ID").fetchall()
+            return journal.execute(query, values).fetchall()
+
+    def calls(self):
+        rows = self.read_journal("SELECT Firma, Nr, Dauer FROM o WHERE ID > ? ORDER BY ID",
+                                 self.last_before)
         return [(company or "", digits, bool(duration)) for company, digits, duration in rows]
 
     def talked(self):
         calls = self.calls()
         return bool(calls) and calls[-1][2]
 
-    def picture(self):
-        subprocess.run(["import", "-window", "root", self.out / f"{self.scenario.name}.png"],
-                       check=True)
+    def messages(self):
+        file = self.root / "messages.log"
+        return file.read_text().splitlines() if file.exists() else []
 
-    def run(self):
-        root = self.system.path(self.root)
+    def picture(self, what=""):
+        let_settle()
+        file = self.out / f"{self.scenario.name}{what}.png"
+        subprocess.run(["import", "-window", "root", file], check=True)
+
+    def demo_host(self, *arguments):
+        return self.start("orvane-demo-host", "--root", self.system.path(self.root),
+                          "--line", self.scenario.line, "--history", str(self.scenario.history),
+                          *arguments)
+
+    def install(self):
         shutil.rmtree(self.root, ignore_errors=True)
         (self.root / "run").mkdir(mode=0o700, parents=True)
-        self.ends_well("the installation",
-                       self.start("orvane-demo-host", "--root", root, "--install-only"))
+        self.ends_well("the installation", self.demo_host("--install-only"))
+
+    def run(self):
+        """Plays on the host installation that is there, whose journal may have calls already."""
+        self.last_before = self.read_journal("SELECT COALESCE(MAX(ID), 0) FROM o")[0][0]
         if self.scenario.command_line:
             self.main = self.start("orvane", self.scenario.command_line)
         else:
-            self.main = self.start("orvane-demo-host", "--root", root,
-                                   "--dialer", self.system.dialer())
+            self.main = self.demo_host("--dialer", self.system.dialer())
         for step in self.scenario.steps:
             getattr(self, "do_" + type(step).__name__)(*step)
         if self.main.poll() is None:
@@ -180,13 +214,41 @@ class Play:
         wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
         self.front(HOST)
         press("ctrl+Home", *["Down"] * row, "Return")
+        wait_for("the host's message", self.messages, STEP_LIMIT_S)
+
+    def press_from_number(self, tabs, *keys):
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+        self.front(DIALER)
+        let_settle()
+        press(*["Tab"] * tabs, *keys)
+
+    # A first choice is refused until a device of another kind was looked at.
+    def do_ChooseLine(self, notification):
+        self.press_from_number(TABS_TO_OPTIONS, "Return")
+        self.front(OPTIONS)
+        let_settle()
+        press("alt+l", "alt+t")
+        let_settle()
+        press("alt+m", "alt+x", "Tab", "Home")
+        self.picture("-chosen")
+        press("alt+b")
+        wait_for("the notification", lambda: f"< {notification}" in self.messages(), STEP_LIMIT_S)
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+
+    def do_LookAtHistory(self):
+        self.press_from_number(TABS_TO_HISTORY, "Return")
+        self.picture("-open")
+        press("Return", *["shift+Tab"] * TABS_TO_HISTORY)
 
     def do_Type(self, text):
         self.front(DIALER)
         subprocess.run(["xdotool", "type", "--delay", "40", text], check=True)
 
     def do_Dial(self, calls):
-        # A window that has just come up may not get the first key, nor have the number yet.
+        # A window that has just come up may not have the number yet, nor get the first key.
+        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+        let_settle()
+
         def dialed():
             self.front(DIALER)
             press("Return")
@@ -230,6 +292,7 @@ def play_all(system, root, out):
         play = Play(system, root, out, scenario)
         begin = time.monotonic()
         try:
+            play.install()
             play.run()
             print(f"{scenario.name}: as it should ({time.monotonic() - begin:.1f} s)", flush=True)
         except (Failed, OSError, subprocess.SubprocessError, sqlite3.Error) as failure:

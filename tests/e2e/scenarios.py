@@ -1,8 +1,8 @@
 """What the programs do together, told once for every system; run_scenarios.py plays it.
 
 A scenario starts the dialer with a command line, does its steps, and ends the dialer by the host's
-command. What counts is what stays: the outgoing calls in the journal, as company, digits and whether
-the call was talked on, and that every program ended well.
+command. What counts is what stays: the outgoing calls that the journal has got, as company, digits
+and whether the call was talked on, and that every program ended well.
 """
 from typing import NamedTuple
 
@@ -48,6 +48,15 @@ class Dial(NamedTuple):
     calls: int
 
 
+class ChooseLine(NamedTuple):
+    """The options are opened, the first line is chosen and monitored, and the host hears of it."""
+    notification: str
+
+
+class LookAtHistory(NamedTuple):
+    """The history is opened and closed again; the number field has the focus then."""
+
+
 class HangUp(NamedTuple):
     """The call is answered, and Enter ends it."""
 
@@ -66,6 +75,8 @@ class Scenario(NamedTuple):
     command_line: str
     steps: list
     calls: list
+    line: str = "simulated"  # as the demo host calls it
+    history: int = 0  # calls that the journal has before
 
 
 SCENARIOS = [
@@ -91,4 +102,11 @@ SCENARIOS = [
     Scenario("demo-host", "",
              [PickContact(CONTACT_ROW), Dial(1), HangUp()],
              [(CONTACT, CONTACT_DIGITS, True)]),
+    Scenario("options", "",
+             [ChooseLine(f"TX:{USER}~TAPI_ReInit~Simulierte Leitung 1"), Type(CONTACT_DIGITS),
+              Dial(1), HangUp()],
+             [(CONTACT, CONTACT_DIGITS, True)], line="unset"),
+    Scenario("history", "",
+             [LookAtHistory(), Type(CONTACT_DIGITS), Dial(1), HangUp()],
+             [(CONTACT, CONTACT_DIGITS, True)], history=600),
 ]

@@ -40,6 +40,10 @@ class FakeRegistry : public HostRegistry {
       throw RegistryError(5, "Zugriff verweigert");
     store_->values[Key(subKey, name)] = value;
   }
+  void Remove(std::string_view subKey, std::string_view name) override {
+    if (store_->denyWrites) throw RegistryError(5, "Zugriff verweigert");
+    store_->values.erase(Key(subKey, name));
+  }
 
  private:
   std::string Key(std::string_view subKey, std::string_view name) const {

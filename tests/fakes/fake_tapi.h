@@ -31,9 +31,13 @@ class FakeTapi : public TapiControl {
                 std::int16_t options) override {
     log.push_back("open " + std::to_string(line) + " " + std::to_string(privileges) + " " +
                   std::to_string(mediaModes) + " " + std::to_string(options));
+    if (line == goneLine) throw TapiError(-2147483615, "Gerät entfernt");
     tag_ = "opened";
   }
-  void CloseLine(std::int32_t line) override { log.push_back("close " + std::to_string(line)); }
+  void CloseLine(std::int32_t line) override {
+    log.push_back("close " + std::to_string(line));
+    if (line == goneLine) throw TapiError(-2147483615, "Gerät entfernt");
+  }
   void MakeCall(std::int32_t& line, std::string& dialString, std::int16_t /*options*/) override {
     log.push_back("call " + std::to_string(line) + " " + dialString);
     if (failing) throw TapiError(-2147483576, "Leitung gestört");
@@ -53,6 +57,8 @@ class FakeTapi : public TapiControl {
   LineInfo info;
   // Who hears the events, for tests that play a call.
   TapiEvents* events = nullptr;
+  // The device that was pulled.
+  std::int32_t goneLine = -1;
   // Placing and dropping calls and showing dialogs fails.
   bool failing = false;
 

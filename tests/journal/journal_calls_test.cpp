@@ -79,27 +79,5 @@ TEST_F(JournalCallsTest, ShowsWhatItReadBeforeADamagedPage) {
   EXPECT_LT(rows, 600);
 }
 
-TEST_F(JournalCallsTest, TellsWhyThereIsNothingToRead) {
-  const auto file = UserFile("TelList.fdb");
-  auto other = std::make_unique<RawSqlite>(file);
-  other->Run("BEGIN EXCLUSIVE");
-  const std::pair<std::function<void()>, const char*> kCases[] = {
-      {[] {}, "wird bereits von einem anderen Programm verwendet"},
-      {[&] {
-         other.reset();
-         WriteFile(file, std::string(4096, 'x'));
-       },
-       "Nicht erkennbares Datenbankformat"},
-      {[&] { std::filesystem::remove(file); }, "konnte nicht gefunden werden"}};
-  for (const auto& [spoil, text] : kCases) {
-    prompts.boxes.clear();
-    spoil();
-    EXPECT_EQ(Calls(), "");
-    ASSERT_EQ(prompts.boxes.size(), 1U) << text;
-    EXPECT_TRUE(Contains(prompts.boxes[0].text, text)) << prompts.boxes[0].text;
-    EXPECT_EQ(prompts.boxes[0].title, "(-2147467259) Fehler bei Anmeldung!");
-  }
-}
-
 }  // namespace
 }  // namespace orvane

@@ -10,10 +10,12 @@ namespace {
 
 class SimulatedDemoLine : public DemoLine {
  public:
-  SimulatedDemoLine() { qputenv("ORVANE_SIMULATED_LINES", "1"); }
+  explicit SimulatedDemoLine(bool isSetUp) : isSetUp_(isSetUp) {
+    qputenv("ORVANE_SIMULATED_LINES", "1");
+  }
   void Configure(HostInstallationOptions& options) const override {
-    options.dialMethod = kDialByLine;
-    options.tapiLineName = "Simulierte Leitung 1";
+    options.dialMethod = isSetUp_ ? kDialByLine : kNoDialling;
+    if (isSetUp_) options.tapiLineName = "Simulierte Leitung 1";
   }
   QString Title() const override { return QStringLiteral("Simulierte Leitung"); }
   void Listen(Listener listener) override {
@@ -23,13 +25,17 @@ class SimulatedDemoLine : public DemoLine {
     listener(QStringLiteral("99905 Gegenstelle legt auf, 99906 unbekannt;"));
     listener(QStringLiteral("jede andere Nummer wird angenommen."));
   }
+
+ private:
+  bool isSetUp_;
 };
 
 }  // namespace
 
 std::unique_ptr<DemoLine> MakeDemoLine(const std::string& name,
                                        const std::filesystem::path& folder) {
-  if (name == "simulated") return std::make_unique<SimulatedDemoLine>();
+  if (name == "simulated") return std::make_unique<SimulatedDemoLine>(true);
+  if (name == "unset") return std::make_unique<SimulatedDemoLine>(false);
   if (auto line = MakeSystemDemoLine(name, folder)) return line;
   throw std::runtime_error("Diese Leitung gibt es nicht: " + name);
 }

@@ -28,9 +28,10 @@ class DemoLine {
   virtual void Listen(Listener listener) = 0;
 };
 
-// By name: "simulated", or one that this system offers beside it. Files go into `folder`. What the
-// dialer has to know beside the installation goes into this process's environment, which the dialer
-// inherits. Throws std::runtime_error for another name and for a line that cannot be had.
+// By name: "simulated", "unset" for a simulated line that the options have yet to choose, or one
+// that this system offers beside them. Files go into `folder`. What the dialer has to know beside
+// the installation goes into this process's environment, which the dialer inherits. Throws
+// std::runtime_error for another name and for a line that cannot be had.
 std::unique_ptr<DemoLine> MakeDemoLine(const std::string& name,
                                        const std::filesystem::path& folder);
 

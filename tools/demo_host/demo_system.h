@@ -18,6 +18,8 @@ struct DemoFolders {
   // Files of what the calls go through, and what was heard there.
   std::filesystem::path line;
   std::filesystem::path lineLog;
+  // What the host and the dialer told each other.
+  std::filesystem::path messageLog;
 };
 
 // Creates the folders and keeps the demo apart from a dialer that the user has installed: the demo

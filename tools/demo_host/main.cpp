@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -32,6 +33,13 @@ struct Arguments {
   int history = 0;
 };
 
+// Beside the programs where they were built or where they are installed.
+QString AreaCodeFile() {
+  const QDir programs(QApplication::applicationDirPath());
+  const QString built = programs.filePath(QStringLiteral("../data/VPB.rgt"));
+  return QFile::exists(built) ? built : programs.filePath(QStringLiteral("../share/orvane/VPB.rgt"));
+}
+
 Arguments ReadArguments(const QApplication& application) {
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   const QCommandLineOption root(QStringLiteral("root"), QStringLiteral("Folder of the demo."),
@@ -40,11 +48,11 @@ Arguments ReadArguments(const QApplication& application) {
                                   QStringLiteral("file"),
                                   QApplication::applicationDirPath() + QStringLiteral("/orvane"));
   const QCommandLineOption line(QStringLiteral("line"),
-                                QStringLiteral("simulated, modem, sip or choice."),
+                                QStringLiteral("simulated, unset, modem, sip or choice."),
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
   const QCommandLineOption areaCodes(
       QStringLiteral("area-codes"), QStringLiteral("The area-code table."), QStringLiteral("file"),
-      QApplication::applicationDirPath() + QStringLiteral("/../data/VPB.rgt"));
+      AreaCodeFile());
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
   const QCommandLineOption history(QStringLiteral("history"),
@@ -59,39 +67,43 @@ Arguments ReadArguments(const QApplication& application) {
           parser.isSet(installOnly),           parser.value(history).toInt()};
 }
 
-// Everything that is heard on the line, in the window and in a file.
-class LineLog {
+// A file of lines, each there as soon as it is added.
+class LogFile {
  public:
-  LineLog(const std::filesystem::path& file, DemoWindow& window) : window_(window) {
+  explicit LogFile(const std::filesystem::path& file) {
     file_.setFileName(QString::fromStdString(file.string()));
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-      window_.AddHeard(file_.errorString());
-    }
+    file_.open(QIODevice::WriteOnly | QIODevice::Truncate);
   }
 
+  QString Error() const { return file_.isOpen() ? QString() : file_.errorString(); }
   void Add(const QString& line) {
-    window_.AddHeard(line);
     file_.write(line.toUtf8() + '\n');
     file_.flush();
   }
 
  private:
-  DemoWindow& window_;
   QFile file_;
 };
 
 int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, DemoLine& line,
             const QString& program) {
   DemoWindow window(options.contacts, line.Title());
-  LineLog log(folders.lineLog, window);
-  line.Listen([&log](const QString& text) { log.Add(text); });
+  LogFile heard(folders.lineLog), messages(folders.messageLog);
+  for (const LogFile* log : {&heard, &messages}) {
+    if (!log->Error().isEmpty()) window.AddHeard(log->Error());
+  }
+  line.Listen([&](const QString& text) {
+    window.AddHeard(text);
+    heard.Add(text);
+  });
 
   const auto channel = NewHostChannel();
   channel->Hook(
       window.winId(), window.windowTitle().toStdString(),
-      [&window](const CopyData& data, const HostChannel::Handled& handled) {
+      [&](const CopyData& data, const HostChannel::Handled& handled) {
         if (const auto text = CopyDataText(data)) {
           window.AddNotification(QString::fromStdString(*text));
+          messages.Add(QStringLiteral("< ") + QString::fromStdString(*text));
         }
         handled();
       },
@@ -104,11 +116,12 @@ int RunDemo(const DemoFolders& folders, const HostInstallationOptions& options, 
   QObject::connect(&window, &DemoWindow::DialRequested, &dialer, [&](std::size_t company) {
     const auto message = DialMessage(options.userNumber, options.contacts.companies[company]);
     // A dialer that was closed is started again, with the command on its command line.
-    if (dialer.IsRunning()) {
-      dialer.Send(message);
-    } else {
+    if (!dialer.IsRunning()) {
       dialer.Start(message);
+    } else if (!dialer.Send(message)) {
+      return;
     }
+    messages.Add(QStringLiteral("> ") + QString::fromStdString(message));
   });
   QObject::connect(&window, &DemoWindow::Closing, &dialer,
                    [&] { endedWell = dialer.Close(KillMessage(options.userNumber)); });

@@ -1,5 +1,6 @@
 #include "platform/linux/native.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QtGlobal>
 #include <cstdint>
@@ -13,9 +14,12 @@
 
 namespace orvane::native {
 
-// The compositor of a Wayland desktop places windows as it likes; the dial window has a place.
+// The compositor of a Wayland desktop places windows as it likes; the dial window has a place. Such
+// a desktop may ask all programs for Wayland, which is no wish about this one.
 void PrepareToolkit() {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  if (!qEnvironmentVariableIsEmpty("DISPLAY") &&
+      (platform.isEmpty() || platform.startsWith("wayland"))) {
     qputenv("QT_QPA_PLATFORM", "xcb");
   }
 }

@@ -121,6 +121,10 @@ void RegistryText::SetValue(const QString& key, const QString& value) {
   lines_.append(Line{raw, section, key, encoded});
 }
 
+void RegistryText::RemoveValue(const QString& key) {
+  lines_.removeIf([&](const Line& line) { return !line.key.isEmpty() && SameName(line.key, key); });
+}
+
 QByteArray RegistryText::Text() const {
   QByteArray text;
   for (const Line& line : lines_) text += line.raw + '\n';

@@ -23,6 +23,7 @@ class RegistryText {
   // such key or the value is of a type that has no text (bytes, variants).
   std::optional<QString> Value(const QString& key) const;
   void SetValue(const QString& key, const QString& value);
+  void RemoveValue(const QString& key);
 
   QByteArray Text() const;
 

@@ -102,14 +102,22 @@ std::string SettingsRegistry::Read(std::string_view subKey, std::string_view nam
   return value ? value->toStdString() : std::string(fallback);
 }
 
-void SettingsRegistry::Write(std::string_view subKey, std::string_view name,
-                             std::string_view value) {
+void SettingsRegistry::Change(const std::function<void(RegistryText&)>& change) const {
   if (!QDir().mkpath(QFileInfo(file_).path())) throw AccessDenied();
   QLockFile lock(file_ + QStringLiteral(".lock"));
   if (!lock.tryLock(static_cast<int>(kLockWait.count()))) throw AccessDenied();
   RegistryText text = Load();
-  text.SetValue(FullKey(subKey, name), ToQString(value));
+  change(text);
   Store(text);
+}
+
+void SettingsRegistry::Write(std::string_view subKey, std::string_view name,
+                             std::string_view value) {
+  Change([&](RegistryText& text) { text.SetValue(FullKey(subKey, name), ToQString(value)); });
+}
+
+void SettingsRegistry::Remove(std::string_view subKey, std::string_view name) {
+  Change([&](RegistryText& text) { text.RemoveValue(FullKey(subKey, name)); });
 }
 
 }  // namespace orvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 #include "platform/host_registry.h"
 
@@ -26,10 +27,13 @@ class SettingsRegistry : public HostRegistry {
   std::string Read(std::string_view subKey, std::string_view name,
                    std::string_view fallback) override;
   void Write(std::string_view subKey, std::string_view name, std::string_view value) override;
+  void Remove(std::string_view subKey, std::string_view name) override;
 
  private:
   QString FullKey(std::string_view subKey, std::string_view name) const;
   RegistryText Load() const;
+  // While no other program does the same.
+  void Change(const std::function<void(RegistryText&)>& change) const;
   void Store(const RegistryText& text) const;
 
   QString file_;

@@ -11,6 +11,7 @@ namespace {
 constexpr BYTE kDataBits = 8;
 // Between two characters of one text there is one millisecond.
 constexpr DWORD kPauseMs = 5;
+constexpr DWORD kDrainStepMs = 2;
 
 std::int32_t SerialErrorFor(DWORD code) {
   switch (code) {
@@ -84,17 +85,21 @@ CommDevice::~CommDevice() {
 }
 
 bool CommDevice::StartRead() {
-  return ReadFile(file_.Get(), received_.data(), static_cast<DWORD>(received_.size()), nullptr,
-                  &read_) != 0 ||
-         GetLastError() == ERROR_IO_PENDING;
+  if (reading_) return true;
+  reading_ = ReadFile(file_.Get(), received_.data(), static_cast<DWORD>(received_.size()), nullptr,
+                      &read_) != 0 ||
+             GetLastError() == ERROR_IO_PENDING;
+  return reading_;
 }
 
 std::optional<int> CommDevice::FinishRead() {
   DWORD count = 0;
   if (GetOverlappedResult(file_.Get(), &read_, &count, FALSE) == 0) {
     if (GetLastError() == ERROR_IO_INCOMPLETE) return 0;
+    reading_ = false;
     return std::nullopt;
   }
+  reading_ = false;
   COMSTAT state{};
   DWORD errors = 0;
   // A device that is gone may look like one that has nothing to say.
@@ -121,8 +126,15 @@ CommDevice::Written CommDevice::Write(std::string_view bytes, std::chrono::milli
   return Written::kTooSlow;
 }
 
-void CommDevice::Drain() {
-  FlushFileBuffers(file_.Get());
+// The system's own way to wait for this has no limit, and a device that hangs never gets there.
+void CommDevice::Drain(std::chrono::milliseconds limit) {
+  const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(limit.count());
+  COMSTAT state{};
+  DWORD errors = 0;
+  while (ClearCommError(file_.Get(), &errors, &state) != 0 && state.cbOutQue > 0 &&
+         GetTickCount64() < end) {
+    Sleep(kDrainStepMs);
+  }
 }
 
 }  // namespace orvane

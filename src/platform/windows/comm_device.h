@@ -19,7 +19,7 @@ class CommDevice {
   CommDevice(const CommDevice&) = delete;
   CommDevice& operator=(const CommDevice&) = delete;
 
-  // Starts to wait for characters. False when the device is gone.
+  // Starts to wait for characters, unless it waits already. False when the device is gone.
   bool StartRead();
   // The number of characters that came, once the event is signalled; 0 when the read has not ended.
   // Nothing when the device is gone.
@@ -29,13 +29,15 @@ class CommDevice {
   // Writes what the device takes within `limit`; the rest of a text that it does not take in time
   // is dropped.
   Written Write(std::string_view bytes, std::chrono::milliseconds limit);
-  // Waits until the device has sent everything.
-  void Drain();
+  // Waits until the device has sent everything, at most so long.
+  void Drain(std::chrono::milliseconds limit);
 
  private:
   SystemHandle file_;
   SystemHandle written_;
   OVERLAPPED read_{};
+  // The system has read_.
+  bool reading_ = false;
   std::array<char, 256> received_{};
 };
 

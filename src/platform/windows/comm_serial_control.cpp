@@ -12,6 +12,8 @@ namespace {
 
 // How long Output may wait for the device. A command of 30 characters takes 31 ms.
 constexpr std::chrono::milliseconds kOutputWait{200};
+// How long closing may wait for the device.
+constexpr std::chrono::milliseconds kDrainWait{200};
 
 }  // namespace
 
@@ -54,7 +56,7 @@ void CommSerialControl::Close() {
   if (!open_) return;
   open_ = false;
   readNotifier_.setEnabled(false);
-  if (device_) device_->Drain();
+  if (device_) device_->Drain(kDrainWait);
   device_.reset();
 }
 

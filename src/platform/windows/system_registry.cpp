@@ -96,4 +96,10 @@ void SystemRegistry::Write(std::string_view subKey, std::string_view name, std::
                                    static_cast<DWORD>(bytes)));
 }
 
+void SystemRegistry::Remove(std::string_view subKey, std::string_view name) {
+  const LSTATUS code =
+      RegDeleteKeyValueW(RootKey(root_), FullKey(subKey).c_str(), ToWide(name).c_str());
+  if (code != ERROR_FILE_NOT_FOUND) CheckRegistryCall(code);
+}
+
 }  // namespace orvane

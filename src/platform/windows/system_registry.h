@@ -16,6 +16,7 @@ class SystemRegistry : public HostRegistry {
   std::string Read(std::string_view subKey, std::string_view name,
                    std::string_view fallback) override;
   void Write(std::string_view subKey, std::string_view name, std::string_view value) override;
+  void Remove(std::string_view subKey, std::string_view name) override;
 
  private:
   std::wstring FullKey(std::string_view subKey) const;

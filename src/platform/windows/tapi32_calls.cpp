@@ -56,6 +56,10 @@ void Tapi32Calls::EndAll(int line) {
   }
 }
 
+bool Tapi32Calls::Any() const {
+  return std::any_of(calls_.begin(), calls_.end(), [](const Call& call) { return !call.ended; });
+}
+
 void Tapi32Calls::OnReply(const LINEMESSAGE& message) {
   const std::int32_t request = Number(message.dwParam1);
   const std::int32_t result = Number(message.dwParam2);

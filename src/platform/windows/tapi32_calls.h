@@ -27,6 +27,8 @@ class Tapi32Calls {
   void Drop(int line, std::int32_t handle);
   // The line is closed, and TAPI has taken back its calls.
   void EndAll(int line);
+  // Whether a call is on its way or going on.
+  bool Any() const;
   // TAPI was shut down: no more events.
   void Clear() { calls_.clear(); }
 

@@ -11,6 +11,8 @@ namespace orvane {
 namespace {
 
 constexpr std::size_t kRoomForTextsBytes = 1024;
+// No driver has so much to tell; one that asks for more is broken.
+constexpr std::size_t kMostBytes = 1024 * 1024;
 
 // A record of TAPI's with the texts that follow it in the same memory.
 template <typename Record>
@@ -22,6 +24,7 @@ class VariableRecord {
     std::size_t needed = sizeof(Record) + kRoomForTextsBytes;
     std::int32_t result = 0;
     do {
+      if (needed > kMostBytes) throw LineFailure(static_cast<std::int32_t>(LINEERR_NOMEM));
       memory_.assign(needed, std::byte{});
       Raw().dwTotalSize = static_cast<DWORD>(memory_.size());
       result = read(&Raw());

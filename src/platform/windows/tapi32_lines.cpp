@@ -11,15 +11,24 @@ namespace {
 constexpr const wchar_t* kProgramName = L"Orvane";
 constexpr DWORD kOldestVersion = 0x00010003;
 
+// Whoever waits for a line that was not there at the start looks again.
+void ReportInService(TapiEvents& events) {
+  events.OnLineMessage("INSERVICE", "TapiLineDevState", LINEDEVSTATE_INSERVICE);
+}
+
 }  // namespace
 
 Tapi32Lines::Tapi32Lines(EventLoop& loop, CallHandles& handles, std::wstring library)
-    : library_(std::move(library)), events_(loop), calls_(api_, events_, handles) {}
+    : loop_(loop), library_(std::move(library)), events_(loop), calls_(api_, events_, handles) {}
 
 void Tapi32Lines::Initialise() {
   if (app_ != 0 || !api_.Load(library_)) return;
   Tapi32Receiver::Listener& self = *this;
   receiver_ = std::make_unique<Tapi32Receiver>(self);
+  Start();
+}
+
+bool Tapi32Lines::Start() {
   LINEINITIALIZEEXPARAMS options{};
   options.dwTotalSize = sizeof options;
   options.dwOptions = LINEINITIALIZEEXOPTION_USEHIDDENWINDOW;
@@ -28,13 +37,17 @@ void Tapi32Lines::Initialise() {
   if (api_.initialise(&app_, nullptr, &Tapi32Receiver::Callback, kProgramName, &devices, &version,
                       &options) != 0) {
     app_ = 0;
-    return;
+    return false;
   }
+  stale_ = false;
   for (DWORD device = 0; device < devices; ++device) AddLine(device);
+  return true;
 }
 
 void Tapi32Lines::ShutDown() {
   if (app_ != 0) api_.shutDown(std::exchange(app_, 0));
+  renewal_.reset();
+  stale_ = false;
   receiver_.reset();
   lines_.clear();
   calls_.Clear();
@@ -62,14 +75,17 @@ void Tapi32Lines::ShowDialog(int line, LineDialog dialog, std::uintptr_t owner) 
 // Monitoring lets this program follow calls that are placed or taken at the telephone itself, and
 // takes none of them away from other programs. What is dialled here is owned here in any case.
 void Tapi32Lines::OpenLine(int line) {
-  Line& opened = lines_[IndexOf(line)];
-  if (opened.open != 0) return;
-  if (opened.removed) throw LineFailure(static_cast<std::int32_t>(LINEERR_NODEVICE));
+  if (lines_[IndexOf(line)].open != 0) return;
+  // It is not known when TAPI takes a new registration; now would be good.
+  if (app_ == 0 && stale_) Start();
+  // By value: messages that come while the line is opened may add lines.
+  const Line known = lines_[IndexOf(line)];
+  if (known.removed) throw LineFailure(static_cast<std::int32_t>(LINEERR_NODEVICE));
   HLINE handle = 0;
-  Checked(api_.open(app_, opened.device.id, &handle, opened.device.version, 0,
+  Checked(api_.open(app_, known.device.id, &handle, known.device.version, 0,
                     static_cast<DWORD_PTR>(line), LINECALLPRIVILEGE_MONITOR,
                     LINEMEDIAMODE_INTERACTIVEVOICE, nullptr));
-  opened.open = handle;
+  lines_[IndexOf(line)].open = handle;
 }
 
 void Tapi32Lines::CloseLine(int line) {
@@ -77,6 +93,7 @@ void Tapi32Lines::CloseLine(int line) {
   if (closed.open == 0) return;
   api_.close(std::exchange(closed.open, 0));
   calls_.EndAll(line);
+  PlanRenewal();
 }
 
 void Tapi32Lines::MakeCall(int line, const std::string& number) {
@@ -91,17 +108,29 @@ void Tapi32Lines::DropCall(int line, std::int32_t callHandle) {
 }
 
 void Tapi32Lines::OnTapiMessage(const LINEMESSAGE& message) {
-  // Devices come and go by their numbers, everything else by the number an open line has here.
+  // Devices come and go by their numbers, everything else is about an open line.
   switch (message.dwMessageID) {
     case LINE_CREATE:
-      return OnCreate(static_cast<DWORD>(message.dwParam1));
-    case LINE_REMOVE:
-      return OnRemove(static_cast<DWORD>(message.dwParam1));
-    case LINE_REPLY:
-      return calls_.OnReply(message);
-    default:
+      OnCreate(static_cast<DWORD>(message.dwParam1));
       break;
+    case LINE_REMOVE:
+      OnRemove(static_cast<DWORD>(message.dwParam1));
+      break;
+    case LINE_REPLY:
+      calls_.OnReply(message);
+      break;
+    case LINE_LINEDEVSTATE:
+      // With a second parameter it stands for a message that older programs do not know.
+      if (message.dwParam1 == LINEDEVSTATE_REINIT && message.dwParam2 == 0) stale_ = true;
+      break;
+    default:
+      OnLineMessage(message);
   }
+  PlanRenewal();
+}
+
+// The number that the line has here comes with each message.
+void Tapi32Lines::OnLineMessage(const LINEMESSAGE& message) {
   if (message.dwCallbackInstance >= lines_.size()) return;
   const Line& line = lines_[message.dwCallbackInstance];
   const int number = static_cast<int>(message.dwCallbackInstance);
@@ -122,10 +151,7 @@ void Tapi32Lines::OnTapiMessage(const LINEMESSAGE& message) {
 
 void Tapi32Lines::OnCreate(DWORD device) {
   if (!AddLine(device)) return;
-  // Whoever waits for a line that was not there at the start looks again.
-  events_.Add([](TapiEvents& events) {
-    events.OnLineMessage("INSERVICE", "TapiLineDevState", LINEDEVSTATE_INSERVICE);
-  });
+  events_.Add(&ReportInService);
 }
 
 void Tapi32Lines::OnRemove(DWORD device) {
@@ -142,7 +168,34 @@ void Tapi32Lines::Lose(int line) {
   events_.Add([](TapiEvents& events) { events.OnLineMessage("SUCCESS", "TapiLineClose", 0); });
 }
 
-// Whether there is a new line now.
+void Tapi32Lines::PlanRenewal() {
+  if (!stale_ || app_ == 0 || calls_.Any()) return;
+  // Not from within one of TAPI's own messages.
+  renewal_ = loop_.After(std::chrono::milliseconds(0), [this] { Renew(); });
+}
+
+void Tapi32Lines::Renew() {
+  if (app_ == 0 || calls_.Any()) return;
+  std::vector<int> open;
+  for (int line = 0; line < LineCount(); ++line) {
+    Line& renewed = lines_[IndexOf(line)];
+    if (std::exchange(renewed.open, 0) != 0) open.push_back(line);
+    renewed.removed = true;
+  }
+  api_.shutDown(std::exchange(app_, 0));
+  calls_.Clear();
+  Start();
+  for (const int line : open) {
+    try {
+      OpenLine(line);
+    } catch (const TapiError&) {
+      Lose(line);
+    }
+  }
+  events_.Add(&ReportInService);
+}
+
+// Whether there is a line now that was not there before.
 bool Tapi32Lines::AddLine(DWORD id) {
   const bool known = std::any_of(lines_.begin(), lines_.end(), [id](const Line& line) {
     return line.device.id == id && !line.removed;
@@ -155,7 +208,11 @@ bool Tapi32Lines::AddLine(DWORD id) {
   }
   std::string name = ReadLineName(api_, device);
   if (name.empty()) name = "TAPI-Gerät " + std::to_string(id);
-  lines_.push_back({device, std::move(name), 0, false});
+  const auto back = std::find_if(lines_.begin(), lines_.end(), [&name](const Line& line) {
+    return line.removed && line.name == name;
+  });
+  Line& line = back == lines_.end() ? lines_.emplace_back() : *back;
+  line = {device, std::move(name), 0, false};
   return true;
 }
 

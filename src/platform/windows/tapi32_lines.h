@@ -17,7 +17,8 @@ namespace orvane {
 // The system's own telephone lines (TAPI 2.x). A machine without TAPI, or with one that does not
 // start, has no lines; a device that speaks no version this program knows is no line either.
 //
-// Lines that come up later are added behind the known ones, so this provider is best asked last.
+// Lines that come up later are added behind the known ones, so this provider is best asked last. A
+// line that went away and is back is the same line again, by its name.
 class Tapi32Lines : public LineServiceProvider, private Tapi32Receiver::Listener {
  public:
   // `library`: a path, or a bare name for the system's own library.
@@ -47,14 +48,23 @@ class Tapi32Lines : public LineServiceProvider, private Tapi32Receiver::Listener
   };
 
   void OnTapiMessage(const LINEMESSAGE& message) override;
+  void OnLineMessage(const LINEMESSAGE& message);
   void OnCreate(DWORD device);
   void OnRemove(DWORD device);
   // The line was closed, but not by this program.
   void Lose(int line);
 
+  // Registers with TAPI and finds its devices; whether that worked.
+  bool Start();
+  // TAPI's configuration has changed: registers anew as soon as there is no call, and opens again
+  // what was open.
+  void PlanRenewal();
+  void Renew();
+
   bool AddLine(DWORD device);
   std::size_t IndexOf(int line) const;
 
+  EventLoop& loop_;
   const std::wstring library_;
   Tapi32Api api_;
   LineEventQueue events_;
@@ -62,6 +72,9 @@ class Tapi32Lines : public LineServiceProvider, private Tapi32Receiver::Listener
   std::unique_ptr<Tapi32Receiver> receiver_;
   HLINEAPP app_ = 0;
   std::vector<Line> lines_;
+  // TAPI has asked for a new registration and not had it yet.
+  bool stale_ = false;
+  std::unique_ptr<EventLoop::Timer> renewal_;
 };
 
 }  // namespace orvane

@@ -32,7 +32,8 @@ Tapi32Receiver::~Tapi32Receiver() {
 }
 
 void CALLBACK Tapi32Receiver::Callback(DWORD device, DWORD message, DWORD_PTR instance,
-                                       DWORD_PTR first, DWORD_PTR second, DWORD_PTR third) {
+                                       DWORD_PTR first, DWORD_PTR second,
+                                       DWORD_PTR third) noexcept {
   const LINEMESSAGE record{device, message, instance, first, second, third};
   for (Listener* listener : ListenersOfThisThread()) listener->OnTapiMessage(record);
 }

@@ -25,9 +25,9 @@ class Tapi32Receiver {
   Tapi32Receiver(const Tapi32Receiver&) = delete;
   Tapi32Receiver& operator=(const Tapi32Receiver&) = delete;
 
-  // To be given to TAPI.
+  // To be given to TAPI, through whose frames no exception may pass.
   static void CALLBACK Callback(DWORD device, DWORD message, DWORD_PTR instance, DWORD_PTR first,
-                                DWORD_PTR second, DWORD_PTR third);
+                                DWORD_PTR second, DWORD_PTR third) noexcept;
 
  private:
   HWND window_;

@@ -21,8 +21,9 @@ class WindowHook : public std::enable_shared_from_this<WindowHook> {
   WindowHook(const WindowHook&) = delete;
   WindowHook& operator=(const WindowHook&) = delete;
 
-  // Puts the window's own procedure back; also in the middle of a message. A window that is
-  // destroyed is given back by itself.
+  // Puts the window's own procedure back; also in the middle of a message. Where somebody else has
+  // put a procedure in front of this one meanwhile, it stays and only passes messages on. A window
+  // that is destroyed is given back by itself.
   void Remove();
   bool Installed() const { return window_ != nullptr; }
 

@@ -35,10 +35,8 @@ CallListModel::Call ShownCall(const JournalCall& call) {
   shown.number = QString::fromStdString(call.number);
   shown.texts = {QString(),          TimeOf(call),     line(call.number),
                  line(call.company), line(call.place), line(call.person)};
-  const QString folded =
-      FoldForSearch(QStringList(shown.texts.begin(), shown.texts.end()).join(QLatin1Char('\n')));
-  const QString spelledOut = SpellOutUmlauts(folded);
-  shown.searched = spelledOut == folded ? folded : folded + spelledOut;
+  shown.searched = FoldForSearch(
+      QStringList(shown.texts.begin(), shown.texts.end()).join(CallListModel::kTextStart));
   return shown;
 }
 

@@ -12,6 +12,9 @@ namespace orvane {
 // The calls of the history below their groups, in the columns of CallColumn.
 class CallListModel : public QAbstractItemModel {
  public:
+  // No text of a row holds it.
+  static constexpr QChar kTextStart{u'\n'};
+
   struct Call {
     double time = 0;
     bool external = false;
@@ -19,7 +22,7 @@ class CallListModel : public QAbstractItemModel {
     QString number;
     // What the columns show, by the number of the column.
     std::array<QString, kCallColumns> texts;
-    // All of it, folded for searching.
+    // All of it, folded for searching, kTextStart before each text.
     QString searched;
   };
 

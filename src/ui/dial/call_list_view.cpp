@@ -154,10 +154,8 @@ QModelIndex CallListView::After(const QModelIndex& row) const {
 }
 
 bool CallListView::StartsWith(const QModelIndex& call, const QString& folded) const {
-  const CallListModel::Call* texts = filter_.CallAt(call);
-  return texts != nullptr &&
-         std::any_of(texts->texts.begin(), texts->texts.end(),
-                     [&](const QString& text) { return FoldForSearch(text).startsWith(folded); });
+  const CallListModel::Call* shown = filter_.CallAt(call);
+  return shown != nullptr && shown->searched.contains(CallListModel::kTextStart + folded);
 }
 
 void CallListView::TakeNumber() {

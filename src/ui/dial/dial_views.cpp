@@ -73,7 +73,7 @@ void ArrangeFullView(DialControls& c) {
 
 void ArrangeCompactView(DialControls& c) {
   SizeTitle(c, QSize(22, 13), 11, role::kSmallTitleCaption);
-  c.panBase->layout()->setContentsMargins(8, 1, 6, 1);
+  c.panBase->layout()->setContentsMargins(8, 0, 6, 0);
   c.panBase->setFixedHeight(kCompactTitleHeight);
   c.numberStrip->layout()->setContentsMargins(kCompactMargin, kCompactStripMargin, kCompactMargin,
                                               kCompactStripMargin);

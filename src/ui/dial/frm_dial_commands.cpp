@@ -80,12 +80,11 @@ void frmDial::OnNumberChanged() {
 // A number that does not fit in large digits is shown in smaller ones, whole if possible.
 void frmDial::FitNumber() {
   QLineEdit& field = *c_.txtNr;
-  SetRole(field, role::kNumber);
-  if (!FullViewShown()) SetRole(field, role::kLongNumber);
   const QMargins margins = field.textMargins();
   const int room = field.width() - margins.left() - margins.right() - kNumberPaddingPixels;
-  if (field.fontMetrics().horizontalAdvance(field.text()) > room) {
-    SetRole(field, role::kLongNumber);
+  for (const char* size : {role::kNumber, role::kMediumNumber, role::kLongNumber}) {
+    SetRole(field, FullViewShown() ? size : role::kCompactNumber);
+    if (field.fontMetrics().horizontalAdvance(field.text()) <= room) break;
   }
 }
 

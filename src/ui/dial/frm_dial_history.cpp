@@ -96,7 +96,7 @@ void frmDial::LoadHistory() {
 
 void frmDial::SaveCallColumns() {
   const CallColumns columns = c_.repTel->Columns();
-  if (columns == savedColumns_) return;
+  if (SameArrangement(columns, savedColumns_)) return;
   Attempt([&] { Registry().Write(kDialSection, kColumnsValue, CallColumnsText(columns)); });
   savedColumns_ = columns;
 }

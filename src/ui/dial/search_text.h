@@ -4,11 +4,8 @@
 
 namespace orvane {
 
-// A text in the form in which texts are compared for a search: without regard to case, with "ß" as
-// "ss" and an umlaut as one character.
+// A text in the form in which texts are compared for a search: without regard to case, "ß" as "ss"
+// and umlauts spelled out, so that "Müller" and "Mueller" find each other.
 QString FoldForSearch(const QString& text);
-
-// A folded text with its umlauts spelled out, "müller" as "mueller".
-QString SpellOutUmlauts(QString folded);
 
 }  // namespace orvane

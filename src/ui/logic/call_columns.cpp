@@ -32,6 +32,11 @@ bool IsShown(const CallColumns& columns, CallColumn column) {
 
 }  // namespace
 
+bool SameArrangement(const CallColumns& a, CallColumns b) {
+  if (!a.shown.empty() && !b.shown.empty()) b.shown.back().width = a.shown.back().width;
+  return a == b;
+}
+
 std::string CallColumnsText(const CallColumns& columns) {
   std::string text = std::to_string(static_cast<int>(columns.sortedBy)) + ":" +
                      std::to_string(columns.descending ? 1 : 0) + ";";

@@ -28,6 +28,10 @@ struct CallColumns {
   bool operator==(const CallColumns&) const = default;
 };
 
+// Whether the user has arranged nothing in between: the last column's width does not count, which
+// is the room that is left.
+bool SameArrangement(const CallColumns& a, CallColumns b);
+
 // As stored in the settings, and back; nothing for a text that is not such an arrangement.
 std::string CallColumnsText(const CallColumns& columns);
 std::optional<CallColumns> ParseCallColumns(std::string_view text);

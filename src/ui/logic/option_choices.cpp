@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -38,7 +39,11 @@ class RegistryChanges {
   ~RegistryChanges() {
     for (const auto& [name, value] : former_) {
       try {
-        registry_.Write("", name, value);
+        if (value) {
+          registry_.Write("", name, *value);
+        } else {
+          registry_.Remove("", name);
+        }
       } catch (const RegistryError&) {
         // It refused a value just now; the others may still go in.
       }
@@ -47,26 +52,32 @@ class RegistryChanges {
   RegistryChanges(const RegistryChanges&) = delete;
   RegistryChanges& operator=(const RegistryChanges&) = delete;
 
-  // `fallback` is what a missing value counts as.
-  void Write(std::string_view name, const std::string& value, std::string_view fallback) {
-    former_.emplace_back(name, registry_.Read("", name, fallback));
+  void Write(std::string_view name, const std::string& value) {
+    former_.emplace_back(name, Former(name));
     registry_.Write("", name, value);
   }
   void Keep() { former_.clear(); }
 
  private:
+  // Nothing for a value that does not exist: only then the fallback decides what is read.
+  std::optional<std::string> Former(std::string_view name) {
+    std::string value = registry_.Read("", name, "0");
+    if (value == "0" && registry_.Read("", name, "1") == "1") return std::nullopt;
+    return value;
+  }
+
   HostRegistry& registry_;
-  std::vector<std::pair<std::string, std::string>> former_;
+  std::vector<std::pair<std::string, std::optional<std::string>>> former_;
 };
 
 void WriteChoices(RegistryChanges& registry, const OptionChoices& choices) {
-  registry.Write(kTestNumber, choices.testNumber, "");
-  registry.Write(kTestTarget, std::to_string(choices.testTarget), "0");
-  registry.Write("CTI", std::to_string(choices.dialMethod), "0");
-  registry.Write("AmtInt", choices.outsideLineInt, "");
-  registry.Write("AmtExt", choices.outsideLineExt, "");
-  registry.Write("ComPort", std::to_string(choices.comPort), "1");
-  registry.Write("TapiBez", choices.lineName, "");
+  registry.Write(kTestNumber, choices.testNumber);
+  registry.Write(kTestTarget, std::to_string(choices.testTarget));
+  registry.Write("CTI", std::to_string(choices.dialMethod));
+  registry.Write("AmtInt", choices.outsideLineInt);
+  registry.Write("AmtExt", choices.outsideLineExt);
+  registry.Write("ComPort", std::to_string(choices.comPort));
+  registry.Write("TapiBez", choices.lineName);
 }
 
 std::string HostNotification(const OptionChoices& choices) {

@@ -1,6 +1,8 @@
 #include "ui/logic/speed_dial_file.h"
 
 #include "app/init_settings.h"
+#include "app/text_tools.h"
+#include "platform/ansi.h"
 
 namespace orvane {
 namespace {
@@ -42,6 +44,15 @@ SpeedDialMemory ParseSpeedDialFile(std::string_view text) {
 std::string SpeedDialFileText(const SpeedDialMemory& memory) {
   return BlockText(memory.internalRows) + std::string(kBlockSeparator) +
          BlockText(memory.externalRows);
+}
+
+std::string UnstorableCharacter(std::string_view text) {
+  while (!text.empty()) {
+    const std::string character = FirstCharacters(text, 1);
+    if (DecodeAnsi(EncodeAnsi(character)) != character) return character;
+    text.remove_prefix(character.size());
+  }
+  return {};
 }
 
 }  // namespace orvane

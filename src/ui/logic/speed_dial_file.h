@@ -30,4 +30,7 @@ SpeedDialMemory ParseSpeedDialFile(std::string_view text);
 // "¿" inside a field is written as it is and shifts the fields of the next reading.
 std::string SpeedDialFileText(const SpeedDialMemory& memory);
 
+// The first character of a text that the file's code page does not have; empty when it has all.
+std::string UnstorableCharacter(std::string_view text);
+
 }  // namespace orvane

@@ -60,9 +60,9 @@ bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry, std::string_
   if (const auto state = ReadState(registry, section)) window.SetState(*state);
   if (window.State() != WindowState::kNormal) return true;
   const int left = ReadNumber(registry, section, kLeftValue).value_or(kNothingSaved);
-  const auto top = ReadNumber(registry, section, kTopValue);
-  if (left == kNothingSaved || !top) return false;
-  const TwipPoint saved = {left, *top};
+  if (left == kNothingSaved) return false;
+  const int top = ReadNumber(registry, section, kTopValue).value_or(window.Position().top);
+  const TwipPoint saved = {left, top};
   window.MoveTo(saved);
   const std::vector<TwipScreen> screens = window.Screens();
   const TwipScreen* screen = ScreenShowing(saved, window.Size(), screens);

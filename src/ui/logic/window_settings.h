@@ -36,7 +36,7 @@ void SaveWindowPos(const PlacedWindow& window, HostRegistry& registry, std::stri
 
 // Applies the stored window state or position; the size stays as designed. False when nothing
 // usable is stored, and the caller has to place the window. Values that are no numbers count as not
-// stored.
+// stored; without a stored top the window stays at its height.
 bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry, std::string_view section);
 
 }  // namespace orvane

@@ -77,13 +77,20 @@ void frmOptionen::ConnectControls() {
   connect(c_.dialMethods, &QButtonGroup::idToggled, this, [this](int method, bool selected) {
     if (selected) OnDialMethod(method);
   });
+  // A click on the selected method is one, too.
+  connect(c_.dialMethods, &QButtonGroup::idClicked, this, &frmOptionen::OnDialMethod);
   connect(c_.txtTestNr, &QLineEdit::textChanged, this, [this] { OnTestNumberChanged(); });
-  connect(c_.lstLineSel, &QListWidget::itemSelectionChanged, this,
-          [this] { Later([this] { OnLineSelected(); }); });
+  connect(c_.lstLineSel, &QListWidget::itemSelectionChanged, this, [this] {
+    selectedByPress_ = true;
+    Later([this] { OnLineSelected(); });
+  });
+  connect(c_.lstLineSel, &QListWidget::itemClicked, this, [this] {
+    if (!selectedByPress_) Later([this] { OnLineSelected(); });
+  });
   connect(c_.tabTab, &QTabWidget::currentChanged, this,
           [this] { c_.cmdAktion[kApply]->setFocus(); });
   for (QWidget* watched : {static_cast<QWidget*>(c_.panHead), static_cast<QWidget*>(c_.lblHead),
-                           static_cast<QWidget*>(c_.tabConf)}) {
+                           static_cast<QWidget*>(c_.tabConf), c_.lstLineSel->viewport()}) {
     watched->installEventFilter(this);
   }
 }
@@ -95,6 +102,10 @@ void frmOptionen::Later(const std::function<void()>& work) {
 }
 
 void frmOptionen::Show() {
+  // The line along the round corners continues the frame.
+  QPalette colours = palette();
+  colours.setColor(QPalette::Shadow, CurrentPalette().frame);
+  setPalette(colours);
   chrome_->SetRoundedRegion(width(), height(), kCornerPixels);
   show();
   raise();
@@ -107,12 +118,19 @@ bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceCover();
     if (event->type() != QEvent::KeyPress) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible()) return false;
+    // What the list itself could not use comes by here too.
+    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible() || c_.lstLineSel->hasFocus()) {
+      return false;
+    }
     c_.lstLineSel->setFocus();
     QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text());
     return QCoreApplication::sendEvent(c_.lstLineSel, &again);
   }
   if (event->type() != QEvent::MouseButtonPress) return QDialog::eventFilter(watched, event);
+  if (watched == c_.lstLineSel->viewport()) {
+    selectedByPress_ = false;
+    return false;
+  }
   if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) return false;
   chrome_->Drag([] {});
   return true;
@@ -141,6 +159,7 @@ void frmOptionen::Abandon() {
 }
 
 void frmOptionen::OnAction(std::size_t button) {
+  if (button == kApply && !SpeedDialStorable()) return;
   services_.prompts.SetBusyCursor(true);
   hide();
   const std::int32_t line = state_.settings.tapiLineId;

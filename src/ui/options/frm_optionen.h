@@ -84,6 +84,8 @@ class frmOptionen final : public QDialog, public TestDialPanel {
 
   // Ending.
   void OnAction(std::size_t button);
+  // False, after a message, when the speed-dial file cannot keep a character of its fields.
+  bool SpeedDialStorable();
   bool Apply(ErrorState& failure);
   void ComeBack(std::int32_t line, const ErrorState& failure);
   void RestoreLine();
@@ -110,6 +112,9 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   bool speedDialKnown_ = false;
   // How the test call in progress was placed.
   bool testByModem_ = false;
+  // The mouse button that is down, or was last, has selected a line; otherwise its click chooses
+  // the selected one again.
+  bool selectedByPress_ = false;
   // The button had the focus when it was disabled.
   bool testDialHadFocus_ = false;
 };

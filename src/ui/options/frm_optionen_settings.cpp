@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QTabWidget>
 #include <exception>
 #include <optional>
 
@@ -25,10 +26,15 @@ void ShowRows(const FieldRows& rows, const SpeedDialFields& fields) {
   }
 }
 
+// Umlauts may come from elsewhere as two characters, of which the file could keep only the letter.
+std::string TextOf(const QLineEdit& field) {
+  return field.text().normalized(QString::NormalizationForm_C).toStdString();
+}
+
 FieldRows RowsOf(const SpeedDialFields& fields) {
   FieldRows rows;
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    rows[i] = {fields.names[i]->text().toStdString(), fields.numbers[i]->text().toStdString()};
+    rows[i] = {TextOf(*fields.names[i]), TextOf(*fields.numbers[i])};
   }
   return rows;
 }
@@ -129,6 +135,28 @@ OptionChoices frmOptionen::Choices() const {
     choices.lineName = c_.lstLineSel->item(line)->text().toStdString();
   }
   return choices;
+}
+
+bool frmOptionen::SpeedDialStorable() {
+  if (!speedDialKnown_) return true;
+  for (const SpeedDialFields* block : {&c_.internalRows, &c_.externalRows}) {
+    for (const auto* column : {&block->numbers, &block->names}) {
+      for (QLineEdit* field : *column) {
+        const std::string character = UnstorableCharacter(TextOf(*field));
+        if (character.empty()) continue;
+        c_.tabTab->setCurrentWidget(c_.speedDialPage);
+        field->setFocus();
+        services_.prompts.ShowMessage(
+            PromptIcon::kExclamation,
+            field->accessibleName().toStdString() + ": Das Zeichen „" + character +
+                "“ kann nicht gespeichert werden.\r\rBitte schreiben Sie den Eintrag ohne dieses "
+                "Zeichen. Bisher wurde nichts gespeichert.",
+            "Kurzwahlspeicher");
+        return false;
+      }
+    }
+  }
+  return true;
 }
 
 bool frmOptionen::Apply(ErrorState& failure) {

@@ -15,12 +15,25 @@ constexpr int kArrowSide = 9;
 constexpr int kMostVisibleItems = 16;
 constexpr int kArrowMargin = 9;
 
+// An open list without a chosen entry takes its first one with Enter; that one looks chosen then.
+class EntryDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->state.testFlag(QStyle::State_HasFocus)) option->state |= QStyle::State_Selected;
+    option->state &= ~QStyle::State_HasFocus;
+  }
+};
+
 }  // namespace
 
 // The list shows all that fits the screen, drawn as the style sheet says.
 DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
   setMaxVisibleItems(kMostVisibleItems);
-  setItemDelegate(new QStyledItemDelegate(this));
+  setItemDelegate(new EntryDelegate(this));
 }
 
 // However long its entries are, the box elides them rather than widening the window.

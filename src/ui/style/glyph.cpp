@@ -139,6 +139,23 @@ QPainterPath Triangle(const QPointF& a, const QPointF& b, const QPointF& c) {
   return shape;
 }
 
+// What lies within is cut out.
+QPainterPath Warning() {
+  QPainterPath shape = Stroked(Triangle({12, 4.5}, {20.5, 19.5}, {3.5, 19.5}), 3);
+  shape = United(shape, Triangle({12, 4.5}, {20.5, 19.5}, {3.5, 19.5}));
+  QPainterPath mark = Lines({{{12, 9.5}, {12, 14}}}, 2.2);
+  mark.addEllipse(QPointF(12, 17.6), 1.3, 1.3);
+  shape.addPath(mark);
+  return shape;
+}
+
+QPainterPath Stop() {
+  QPainterPath shape;
+  shape.addEllipse(QPointF(12, 12), 10.5, 10.5);
+  shape.addPath(United(Lines({{{8, 8}, {16, 16}}}, 2.6), Lines({{{16, 8}, {8, 16}}}, 2.6)));
+  return shape;
+}
+
 QPainterPath Shape(Glyph glyph) {
   switch (glyph) {
     case Glyph::kHandset:
@@ -173,8 +190,17 @@ QPainterPath Shape(Glyph glyph) {
       return Triangle({8, 5}, {17, 12}, {8, 19});
     case Glyph::kCheckMark:
       return Lines({{{5, 12.5}, {10, 17.5}, {19, 7}}}, 3);
+    case Glyph::kWarning:
+      return Warning();
+    case Glyph::kStop:
+      return Stop();
   }
   return {};
+}
+
+bool HasCutOut(Glyph glyph) {
+  return glyph == Glyph::kLogo || glyph == Glyph::kGear || glyph == Glyph::kWarning ||
+         glyph == Glyph::kStop;
 }
 
 }  // namespace
@@ -187,7 +213,7 @@ void PaintGlyph(QPainter& painter, Glyph glyph, const QRectF& bounds, const QCol
   painter.scale(side / kDesignSide, side / kDesignSide);
   painter.translate(-kDesignSide / 2, -kDesignSide / 2);
   QPainterPath shape = Shape(glyph);
-  if (glyph != Glyph::kLogo && glyph != Glyph::kGear) shape.setFillRule(Qt::WindingFill);
+  if (!HasCutOut(glyph)) shape.setFillRule(Qt::WindingFill);
   painter.fillPath(shape, colour);
   painter.restore();
 }

@@ -24,6 +24,8 @@ enum class Glyph {
   kArrowUp,
   kArrowRight,
   kCheckMark,
+  kWarning,
+  kStop,
 };
 
 // Draws the picture in one colour into the largest square centred in `bounds`.

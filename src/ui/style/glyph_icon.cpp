@@ -20,13 +20,14 @@ class GlyphEngine : public QIconEngine {
       painter->save();
       painter->setRenderHint(QPainter::Antialiasing);
       painter->setPen(Qt::NoPen);
-      painter->setBrush(palette.*disc_);
+      painter->setBrush(palette.*(mode == QIcon::Disabled ? &Palette::disabledText : disc_));
       painter->drawEllipse(bounds);
       painter->restore();
       const qreal inset = bounds.width() * 0.17;
       bounds.adjust(inset, inset, -inset, -inset);
     }
-    const QColor colour = palette.*(mode == QIcon::Disabled ? &Palette::disabledText : colour_);
+    const auto disabled = disc_ != nullptr ? &Palette::disabledField : &Palette::disabledText;
+    const QColor colour = palette.*(mode == QIcon::Disabled ? disabled : colour_);
     PaintGlyph(*painter, glyph_, bounds, colour);
   }
 

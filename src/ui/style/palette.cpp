@@ -97,6 +97,9 @@ std::vector<TextPair> TextPairs(const Palette& p) {
   return {
       {"title", p.onFrame, p.frame},
       {"title button under the pointer", p.onFrame, p.frameHover},
+      {"close button under the pointer", p.onFrame, p.hangUp},
+      {"close button, pressed", p.onFrame, p.hangUpPressed},
+      {"title button, default command pressed", p.onFrame, p.log},
       {"text", p.text, p.ground},
       {"text on the number strip", p.text, p.strip},
       {"field", p.text, p.field},
@@ -109,6 +112,8 @@ std::vector<TextPair> TextPairs(const Palette& p) {
       {"disabled field", p.disabledText, p.disabledField},
       {"disabled list entry", p.disabledText, p.field},
       {"heading", p.heading, p.field},
+      {"group title, chosen page", p.heading, p.ground},
+      {"title over a covered group", p.heading, p.strip},
       {"icon", p.heading, p.field},
       {"icon, pressed", p.heading, p.selection},
       {"list heading", p.heading, p.band},
@@ -127,6 +132,7 @@ std::vector<TextPair> TextPairs(const Palette& p) {
       {"hang up under the pointer", p.onCommand, p.hangUpHover},
       {"hang up pressed", p.onCommand, p.hangUpPressed},
       {"log", p.onLog, p.log},
+      {"selected in the progress of a test call", p.log, p.onLogMuted},
       {"version", p.onLogMuted, p.log},
   };
 }

@@ -27,7 +27,9 @@ QLabel[role="smallTitleCaption"] { font-size: @tinyPx; }
 QPushButton[role="titleButton"] { background: transparent; border: 1px solid transparent;
   border-radius: 3px; padding: 0; }
 QPushButton[role="titleButton"]:hover { background: @frameHover; }
-QPushButton[role="titleButton"]:pressed { background: @hangUpPressed; }
+QPushButton[role="titleButton"]:pressed { background: @log; }
+#hovClose:hover { background: @hangUp; }
+#hovClose:pressed { background: @hangUpPressed; }
 QPushButton[role="titleButton"]:focus { border: 1px solid @onFrame; }
 
 QFrame[role="body"] { background: @ground; border-bottom-left-radius: 9px;
@@ -42,10 +44,14 @@ QLabel[role="problem"] { color: @problem; font-size: @smallPx; }
 
 QLineEdit { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
   padding: 2px 6px; selection-color: @text; selection-background-color: @selection; }
+QLineEdit:hover { border-color: @mutedText; }
 QLineEdit:focus { border: 2px solid @focus; padding: 1px 5px; }
 QLineEdit:disabled { color: @disabledText; background: @disabledField; }
 QLineEdit[role="number"] { font-size: @numberPx; }
+QLineEdit[role="mediumNumber"] { font-size: @mediumNumberPx; }
 QLineEdit[role="longNumber"] { font-size: @longNumberPx; }
+QLineEdit[role="compactNumber"] { font-size: @compactNumberPx; padding: 0 6px; }
+QLineEdit[role="compactNumber"]:focus { padding: 0 5px; }
 
 QPushButton { color: @text; background: @field; border: 1px solid @border; border-radius: 6px;
   padding: 4px 14px; }
@@ -60,9 +66,10 @@ QPushButton[role="fieldButton"]:hover { background: @fieldHover; }
 QPushButton[role="fieldButton"]:pressed { background: @selection; }
 QPushButton[role="fieldButton"]:focus { border: 2px solid @focus; }
 QPushButton[role="key"] { padding: 0; font-size: @keyPx; }
-QPushButton[role="smallKey"] { padding: 0; border-radius: 4px; font-size: @smallPx; }
+QPushButton[role="smallKey"] { padding: 0; border-radius: 4px; font-size: @compactKeyPx; }
 QPushButton[role="dial"], QPushButton[role="hangUp"] { color: @onCommand; padding: 0;
   font-size: @commandPx; font-weight: bold; }
+#cmdDial_1 { font-size: @compactCommandPx; }
 QPushButton[role="dial"] { background: @dial; border: 1px solid @dial; }
 QPushButton[role="dial"]:hover { background: @dialHover; border-color: @dialHover; }
 QPushButton[role="dial"]:pressed { background: @dialPressed; border-color: @dialPressed; }
@@ -95,6 +102,8 @@ QCheckBox::indicator { width: 13px; height: 13px; border: 1px solid @mutedText; 
 QCheckBox::indicator:hover { border-color: @focus; }
 QCheckBox::indicator:checked { background: @frame; border-color: @frame; }
 QCheckBox::indicator:checked:hover { background: @frameHover; }
+QCheckBox::indicator:pressed { background: @selection; }
+QCheckBox::indicator:checked:pressed { background: @log; }
 QCheckBox::indicator:disabled { background: @disabledField; border-color: @border; }
 
 QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 4px;
@@ -105,6 +114,7 @@ QRadioButton::indicator { width: 13px; height: 13px; border: 1px solid @mutedTex
   border-radius: 7px; background: @field; }
 QRadioButton::indicator:hover { border-color: @focus; }
 QRadioButton::indicator:checked { border-color: @focus; }
+QRadioButton::indicator:pressed { background: @selection; }
 QRadioButton::indicator:disabled { background: @disabledField; border-color: @border; }
 
 QFrame[role="log"] { background: @log; border-bottom-left-radius: 9px;
@@ -123,6 +133,7 @@ QTabBar::tab { color: @mutedText; background: transparent; border: 2px solid tra
   border-top-left-radius: 6px; border-top-right-radius: 6px; border-bottom: none;
   padding: 6px 12px 7px 12px; }
 QTabBar::tab:hover { color: @text; background: @fieldHover; }
+QTabBar::tab:pressed { background: @selection; }
 QTabBar::tab:selected { color: @heading; background: @field; font-weight: bold; }
 QTabBar::tab:selected:focus { border-color: @focus; }
 QTreeView[role="calls"] { background: transparent; border: 1px solid transparent;
@@ -145,6 +156,8 @@ QPushButton[role="primary"] { color: @onFrame; background: @frame; border-color:
   font-weight: bold; }
 QPushButton[role="primary"]:hover { background: @frameHover; border-color: @frameHover; }
 QPushButton[role="primary"]:pressed { background: @log; border-color: @log; }
+QPushButton[role="primary"]:disabled { color: @disabledText; background: @disabledField;
+  border-color: @border; }
 QPushButton[role="primary"]:focus { border: 2px solid @onLogMuted; }
 QGroupBox { color: @heading; font-weight: bold; border: 1px solid @border; border-radius: 6px;
   margin-top: 8px; padding-top: 6px; }
@@ -153,6 +166,8 @@ QGroupBox[role="cover"] { background: @strip; margin-top: 0; padding-top: 22px; 
 QGroupBox[role="cover"]::title { left: 6px; top: 8px; }
 QListView[role="choices"] { color: @text; background: @field; border: 1px solid @border;
   border-radius: 6px; padding: 2px; outline: none; }
+QListView[role="choices"]:hover, QPlainTextEdit:hover { border-color: @mutedText; }
+QListView[role="choices"]:disabled { color: @disabledText; background: @disabledField; }
 QListView[role="choices"]:focus { border: 2px solid @focus; padding: 1px; }
 QListView[role="choices"]::item { min-height: 22px; }
 QListView[role="choices"]::item:selected { color: @text; background: @selection; }
@@ -217,7 +232,12 @@ QString ValueOf(const QString& name, const Palette& palette, int fontPixels) {
   if (name == QLatin1String("keyPx")) return Pixels(fontPixels + 4);
   if (name == QLatin1String("commandPx")) return Pixels(fontPixels + 2);
   if (name == QLatin1String("numberPx")) return Pixels(fontPixels + 5);
+  if (name == QLatin1String("mediumNumberPx")) return Pixels(fontPixels + 3);
   if (name == QLatin1String("longNumberPx")) return Pixels(fontPixels + 1);
+  // The compact view is as low with a large font.
+  if (name == QLatin1String("compactNumberPx")) return Pixels(std::min(fontPixels + 1, 14));
+  if (name == QLatin1String("compactCommandPx")) return Pixels(std::min(fontPixels + 2, 15));
+  if (name == QLatin1String("compactKeyPx")) return Pixels(std::min(fontPixels - 1, 12));
   for (const auto& [known, colour] : kColours) {
     if (name == QLatin1String(known)) return (palette.*colour).name();
   }

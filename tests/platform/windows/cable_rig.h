@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "contract/serial_rig.h"
@@ -18,6 +19,7 @@ class CableEnd {
       : file_(CreateFileW((L"\\\\.\\COM" + std::to_wstring(port)).c_str(),
                           GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {}
 
+  bool Connected() const { return file_.Valid(); }
   void Write(std::string_view bytes) const {
     DWORD count = 0;
     WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr);
@@ -59,6 +61,8 @@ class CableRig : public SerialRig {
 
  private:
   void Order(char what) const {
+    if (!orders_.Connected())
+      throw std::runtime_error("COM14, where the cable takes orders, is missing");
     orders_.Write({&what, 1});
     while (orders_.Read().empty()) Sleep(1);
   }

@@ -176,6 +176,58 @@ TEST_F(Tapi32LinesTest, DevicesComeAndGo) {
   lines.OpenLine(2);
 }
 
+TEST_F(Tapi32LinesTest, ADeviceThatIsBackIsTheSameLine) {
+  DWORD device = ScriptedTapi::kExchange;
+  for (int time = 0; time < 2; ++time) {
+    tapi.RemoveDevice(device);
+    lab.Settle();
+    EXPECT_THROW(lines.OpenLine(0), TapiError);
+    device = tapi.ReturnDevice(device);
+    EXPECT_EQ(Settled().back(), "INSERVICE TapiLineDevState");
+    ASSERT_EQ(lines.LineCount(), 2);
+    EXPECT_EQ(lines.LineName(0), "Telefonanlage Büro");
+    lines.OpenLine(0);
+    Connect();
+  }
+}
+
+TEST_F(Tapi32LinesTest, ADeviceMayComeUpWhileALineIsOpened) {
+  tapi.manner.growsWhileOpening = true;
+  lines.OpenLine(1);
+  tapi.manner.insatiable = true;
+  tapi.AddDevice();
+  lab.Settle();
+  ASSERT_EQ(lines.LineCount(), 4);
+  EXPECT_EQ(lines.LineName(3), "TAPI-Gerät 4");
+  lines.MakeCall(1, lab.answered);
+  EXPECT_TRUE(WaitFor("connected"));
+}
+
+TEST_F(Tapi32LinesTest, RegistersAnewWhenThereIsNoCall) {
+  Connect();
+  tapi.RemoveDevice(ScriptedTapi::kOldCard);
+  tapi.AskForRenewal();
+  lab.Settle();
+  EXPECT_THROW(lines.OpenLine(1), TapiError);
+  lines.DropCall(0, events.handle);
+  EXPECT_EQ(Settled(), kEnd + Log{"INSERVICE TapiLineDevState"});
+  EXPECT_EQ(lines.LineCount(), 2);
+  Connect();
+  lines.CloseLine(0);
+  lab.Settle();
+
+  // Not taken yet, because other programs still use it: the line is lost until it is.
+  lines.OpenLine(0);
+  tapi.results.initialise = static_cast<LONG>(LINEERR_REINIT);
+  events.log.clear();
+  tapi.AskForRenewal();
+  EXPECT_EQ(Settled(), (Log{"SUCCESS TapiLineClose", "INSERVICE TapiLineDevState"}));
+  EXPECT_THROW(lines.OpenLine(0), TapiError);
+  tapi.results.initialise = 0;
+  lines.OpenLine(0);
+  Connect();
+}
+
 TEST_F(Tapi32LinesTest, SomebodyElsesCallIsFollowedFromWhenItIsConnected) {
   tapi.ForeignCall(0, {LINECALLSTATE_OFFERING, LINECALLSTATE_DISCONNECTED, LINECALLSTATE_IDLE});
   EXPECT_EQ(Settled(), Log());

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 #include "native_window.h"
@@ -11,6 +12,8 @@ namespace orvane {
 namespace {
 
 constexpr LRESULT kOwnAnswer = 4711;
+// What Later passes messages on to.
+WNDPROC behindLater = nullptr;
 
 // A window whose own procedure writes down what reaches it.
 class WindowHookTest : public testing::Test {
@@ -29,6 +32,12 @@ class WindowHookTest : public testing::Test {
       return kOwnAnswer;
     }
     return DefWindowProcW(window, message, word, parameter);
+  }
+  // Somebody else's, put in front of the hook.
+  static LRESULT CALLBACK Later(HWND window, UINT message, WPARAM word, LPARAM parameter) {
+    auto* test = reinterpret_cast<WindowHookTest*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (test != nullptr && message == WM_COPYDATA) test->log_ += "later ";
+    return CallWindowProcW(behindLater, window, message, word, parameter);
   }
   LONG_PTR Procedure() const { return GetWindowLongPtrW(window_.Get(), GWLP_WNDPROC); }
   WindowHook::Receiver Logging() {
@@ -64,6 +73,22 @@ TEST_F(WindowHookTest, PutsTheProcedureBack) {
   hook = WindowHook::Install(window_.Get(), [&hook](const CopyData&) { hook.reset(); });
   EXPECT_EQ(Send({3, 4, text_}), kOwnAnswer);
   EXPECT_EQ(Procedure(), own_);
+}
+
+TEST_F(WindowHookTest, LeavesAProcedureInFrontOfItInPlace) {
+  auto hook = WindowHook::Install(window_.Get(), Logging());
+  behindLater = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(window_.Get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Later)));
+  hook.reset();
+  EXPECT_EQ(Procedure(), reinterpret_cast<LONG_PTR>(&Later));
+  EXPECT_EQ(Send({3, 4, text_}), kOwnAnswer);
+  EXPECT_EQ(std::exchange(log_, {}), "later own74,1 ");
+  hook = WindowHook::Install(window_.Get(), Logging());
+  EXPECT_EQ(Send({3, 4, text_}), kOwnAnswer);
+  EXPECT_EQ(std::exchange(log_, {}), "later hookTX:5 own74,1 ");
+  hook.reset();
+  EXPECT_EQ(Send({3, 4, text_}), kOwnAnswer);
+  EXPECT_EQ(log_, "later own74,1 ");
 }
 
 TEST_F(WindowHookTest, AWindowThatGoesTakesItsHookAlong) {

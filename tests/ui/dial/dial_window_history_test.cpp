@@ -4,65 +4,12 @@
 #include <QMenu>
 #include <QScreen>
 #include <QTabBar>
-#include <QTreeView>
 
-#include "dial_window_fixture.h"
+#include "dial_window_history_fixture.h"
+#include "remote/copy_data_text.h"
 
 namespace orvane {
 namespace {
-
-// Today is Wednesday, the 3rd of April 2024, day 45385.
-constexpr const char* kCalls =
-    "INSERT INTO o (ID,Ext,Zeit,Firma,Ort,Person,Nr) VALUES"
-    " (1,-1,45200.5,'Groß & Söhne','Köln','Meier, Hans','0221471'),"
-    " (2,0,45384.25,'Intern','Einkauf','Öztürk, Mehmet','217'),"
-    " (3,-1,45385.375,'Müller Straßenbau','Gießen','Yildirim','0641 1'),"
-    " (4,-1,45385.5,'<Keine Nummer>','','',NULL),"
-    " (5,-1,45385.25,'Alster Verlag','Hamburg','<b>Aydin','0409');"
-    "INSERT INTO i (ID,Ext,Zeit,Firma,Nr) VALUES (1,0,45385.1,'Herein','218');";
-
-class DialWindowHistory : public DialWindowFixture {
- protected:
-  void SetUp() override {
-    CreateJournalFile(UserFile("TelList.fdb"), kCalls);
-    ShowWindow();
-    Open();
-  }
-  void Open() {
-    Click("cmdHistory");
-    list = Find<QTreeView>("repTel");
-  }
-  // The captions of the groups, each followed by those of its calls, one column of each.
-  std::string Shown(int column = 2) const {
-    std::string text;
-    const QAbstractItemModel& model = *list->model();
-    for (int group = 0; group < model.rowCount(); ++group) {
-      const QModelIndex parent = model.index(group, 0);
-      text += (group > 0 ? "; " : "") + parent.data().toString().toStdString() + ":";
-      for (int row = 0; row < model.rowCount(parent); ++row) {
-        text += " " + model.index(row, column, parent).data().toString().toStdString();
-      }
-    }
-    return text;
-  }
-  std::string Setting(const char* name) { return state.host.registry->Read("Dial", name, ""); }
-  QModelIndex Row(int group, int row) const {
-    return list->model()->index(row, 2, list->model()->index(group, 0));
-  }
-  void DoubleClick(const QModelIndex& index) {
-    const QPoint middle = list->visualRect(index).center();
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, middle);
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, middle);
-  }
-  static void Type(const char* text) {
-    for (const QChar c : QString::fromUtf8(text)) {
-      QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, c);
-      QApplication::sendEvent(QApplication::focusWidget(), &press);
-    }
-  }
-
-  QTreeView* list = nullptr;
-};
 
 constexpr const char* kAll = "Heute: 0641 1 0409; Gestern: 217; Älter: 0221471";
 
@@ -148,6 +95,8 @@ TEST_F(DialWindowHistory, TextFilterNarrowsWhileTyping) {
       {"straße", "Heute: 0641 1", "1 von 5 Anrufen"},
       {"mÜller", "Heute: 0641 1", "1 von 5 Anrufen"},
       {"mueller", "Heute: 0641 1", "1 von 5 Anrufen"},
+      {"Jüttner", "Gestern: 217", "1 von 5 Anrufen"},
+      {"muller", "", "0 von 5 Anrufen"},
       {"groß", "Älter: 0221471", "1 von 5 Anrufen"},
       {"ÖZT 217", "Gestern: 217", "1 von 5 Anrufen"},
       {"  einkauf ", "Gestern: 217", "1 von 5 Anrufen"},
@@ -233,6 +182,11 @@ TEST_F(DialWindowHistory, ColumnsStayAsTheUserArrangedThem) {
     const QPoint at(header.sectionViewportPosition(column) + 30, header.height() / 2);
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, at);
   };
+  // The room that is left for the last column is not the user's doing.
+  list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  Click("cmdHistory");
+  EXPECT_EQ(Setting("TelSpalten"), "");
+  Open();
   clickHeader(3);
   EXPECT_EQ(Shown(3),
             "Heute: <Keine Nummer> Alster Verlag Müller Straßenbau; Gestern: Intern; "
@@ -254,33 +208,66 @@ TEST_F(DialWindowHistory, ColumnsStayAsTheUserArrangedThem) {
   EXPECT_TRUE(list->isColumnHidden(0));
 }
 
-TEST_F(DialWindowHistory, AMissingJournalLeavesAnEmptyListAndAMessage) {
-  Click("cmdHistory");
-  std::filesystem::remove(UserFile("TelList.fdb"));
+TEST_F(DialWindowHistory, SaysWhyThereIsNothingToShow) {
+  const std::tuple<std::function<void()>, const char*, const char*> kCases[] = {
+      {[&] { std::filesystem::remove(Journal()); }, "konnte nicht gefunden werden",
+       "(-2147467259) Fehler bei Anmeldung!"},
+      {[&] { WriteFile(Journal(), std::string(4096, 'x')); }, "Nicht erkennbares Datenbankformat",
+       "(-2147467259) Fehler bei Anmeldung!"},
+      {[&] { state.databases.journal.reset(); },
+       "Telefonliste konnte nicht initialisiert werden!\r\rObjektvariable nicht festgelegt",
+       "Zugriffsfehler bei 'Perch: ReopenTelDB',  91"}};
   prompts.whileShown = [this] {
     EXPECT_TRUE(prompts.busy);
-    EXPECT_EQ(Shown(), "");
+    EXPECT_EQ(Shown(), "") << "no message beside the calls of another choice";
   };
-  Open();
-  EXPECT_EQ(Shown(), "");
-  EXPECT_FALSE(prompts.busy);
-  ASSERT_EQ(prompts.boxes.size(), 1U);
-  EXPECT_NE(prompts.boxes[0].text.find("konnte nicht gefunden werden"), std::string::npos);
-  EXPECT_TRUE(window->HistoryShown());
-
-  CreateJournalFile(UserFile("TelList.fdb"), kCalls);
-  Click("chkTelList_3");
-  EXPECT_EQ(Shown(), kAll);
+  for (const auto& [spoil, text, title] : kCases) {
+    SCOPED_TRACE(text);
+    spoil();
+    EXPECT_NE(ShownAgain().find(text), std::string::npos);
+    ASSERT_EQ(prompts.boxes.size(), 1U);
+    EXPECT_EQ(prompts.boxes[0].title, title);
+    EXPECT_EQ(TextOf("lblInf_1"), "0 Anrufe");
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Return);
+    Find<QLineEdit>("txtFilter")->setText(QStringLiteral("x"));
+    Find<QLineEdit>("txtFilter")->clear();
+  }
+  state.databases.journal = databases.NewConnection();
+  std::filesystem::remove(Journal());
+  CreateJournalFile(Journal(), kCalls);
+  EXPECT_EQ(ShownAgain(), "Heute:  0641 1 0409; Gestern: 217; Älter: 0221471");
 }
 
-TEST_F(DialWindowHistory, AnotherUserHasOtherCalls) {
-  window->ReloadSettings();
+TEST_F(DialWindowHistory, ShowsRowsThatHoldNothing) {
+  std::filesystem::remove(Journal());
+  CreateJournalFile(Journal(),
+                    "INSERT INTO o (ID) VALUES (1),(2);"
+                    "INSERT INTO o (ID,Ext,Zeit,Nr) VALUES (3,-1,45385.5,'0409')");
+  ShownAgain();
+  ShownAgain();
+  for (const auto& [column, texts] : {std::pair{1, "Heute: 03.04.24 12:00; Älter: "},
+                                      {2, "Heute: 0409; Älter: "},
+                                      {5, "Heute: ; Älter: "}}) {
+    EXPECT_EQ(Shown(column), texts);
+    list->sortByColumn(column, Qt::AscendingOrder);
+  }
+  Find<QLineEdit>("txtFilter")->setText(QStringLiteral("0409"));
+  EXPECT_EQ(TextOf("lblInf_1"), "1 von 2 Anrufen");
+  Find<QLineEdit>("txtFilter")->clear();
+  DoubleClick(Row(1, 0));
+  EXPECT_EQ(window->NumberText(), "");
+}
+
+TEST_F(DialWindowHistory, ShowsTheCallsOfTheUserThatTheHostNames) {
   std::filesystem::create_directories(folder / "Daten/User/18/res");
   CreateJournalFile(folder / "Daten/User/18/res/TelList.fdb",
                     "INSERT INTO o (ID,Ext,Zeit,Nr) VALUES (1,0,45385.5,'99')");
-  state.host.userPath = UserFolder(state.host, 18);
-  state.databases.journalConnectionString.clear();
-  window->ReloadSettings();
+  FakeChannel host{desktop};
+  for (const PeerWindow& peer : host.Windows()) {
+    host.SendCopyData(peer, MakeCopyData("TX:18~Dial~0|030 1234"));
+  }
+  EXPECT_EQ(state.host.userNumber, 18);
   EXPECT_EQ(Shown(), "Heute: 99");
 }
 

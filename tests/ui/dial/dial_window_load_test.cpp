@@ -50,7 +50,7 @@ TEST_F(DialWindowLoad, OpensWhereItWasOrNearTheCorner) {
   for (const auto& [left, top, position] : {std::tuple{"300", "450", QPoint(20, 30)},
                                             {"-123", "450", Fallback()},
                                             {"-99999", "450", Fallback()},
-                                            {"300", "x", Fallback()}}) {
+                                            {"300", "x", QPoint(20, 0)}}) {
     state.host.registry->Write("Dial", "L", left);
     state.host.registry->Write("Dial", "T", top);
     MakeWindow();

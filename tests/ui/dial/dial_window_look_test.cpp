@@ -32,6 +32,22 @@ class DialWindowLook : public DialWindowFixture {
     QApplication::setPalette(QPalette());
     QApplication::setFont(font);
   }
+  void ExpectNothingIsCutOff() {
+    for (const QWidget* control : window->findChildren<QWidget*>()) {
+      if (control->objectName().isEmpty() || !control->isVisible()) continue;
+      SCOPED_TRACE(control->objectName().toStdString());
+      EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
+      const auto* button = qobject_cast<const QAbstractButton*>(control);
+      const bool isText = control->objectName().startsWith(QLatin1String("lbl")) ||
+                          qobject_cast<const QLineEdit*>(control) != nullptr;
+      QSize text(0, isText ? control->fontMetrics().height() : 0);
+      if (button) text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+      EXPECT_LE(text.width(), control->width());
+      if (isText || (button && !button->text().isEmpty())) {
+        EXPECT_LE(text.height(), control->height());
+      }
+    }
+  }
   const QFont font = QApplication::font();
 };
 
@@ -67,20 +83,13 @@ TEST_F(DialWindowLook, NothingIsCutOffWithLargeFontsAndLongTexts) {
     window->AddStatus(endless);
     Q_EMIT Find<QComboBox>("cboNr")->activated(0);
     EXPECT_EQ(window->size(), designed);
-    for (const QWidget* control : window->findChildren<QWidget*>()) {
-      if (control->objectName().isEmpty() || !control->isVisible()) continue;
-      SCOPED_TRACE(control->objectName().toStdString() + " " + std::to_string(points));
-      EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
-      const auto* button = qobject_cast<const QAbstractButton*>(control);
-      const bool isText = control->objectName().startsWith(QLatin1String("lbl")) ||
-                          qobject_cast<const QLineEdit*>(control) != nullptr;
-      QSize text(0, isText ? control->fontMetrics().height() : 0);
-      if (button) text = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
-      EXPECT_LE(text.width(), control->width());
-      if (isText || (button && !button->text().isEmpty())) {
-        EXPECT_LE(text.height(), control->height());
-      }
-    }
+    SCOPED_TRACE(points);
+    ExpectNothingIsCutOff();
+    Click("hovSizer");
+    EXPECT_LE(window->height(), 66);
+    ExpectNothingIsCutOff();
+    Click("hovSizer");
+    EXPECT_EQ(window->size(), designed);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/ansi.h"
 #include "ui/logic/com_port_choice.h"
+#include "ui/logic/driver_info.h"
 #include "ui/logic/speed_dial_file.h"
 
 namespace orvane {
@@ -49,6 +50,28 @@ TEST(SpeedDialFile, ShiftsBehindASeparatorInAField) {
   const SpeedDialMemory shifted = ParseSpeedDialFile(SpeedDialFileText(memory));
   EXPECT_EQ(shifted.internalRows[0], (SpeedDialRow{"A", "B"}));
   EXPECT_EQ(shifted.internalRows[1], (SpeedDialRow{"1", ""}));
+}
+
+TEST(DriverInfo, NamesEachCapabilityAboveItsValue) {
+  LineInfo info;
+  info.bearerModes = 1;
+  info.busyModes = 2;
+  info.callFeatures = 3;
+  info.callInfoStates = 4;
+  info.callStates = 5;
+  info.dialToneModes = 6;
+  info.disconnectModes = 7;
+  info.mediaModes = 8;
+  info.parkModes = 9;
+  info.addressModes = 0x80000000U;
+  info.addresses = {"30", ""};
+  std::string text;
+  for (const std::string& line : CapabilityLines("Büro", info)) text += line + "\n";
+  EXPECT_EQ(text,
+            "Treiber-Funktionen zu Büro\n\nBearermodes: \n1\nBusymodes: \n2\nCallfeatures: \n3\n"
+            "Callinfostates: \n4\nCallstates: \n5\nDialtonemodes: \n6\nDisconnectmodes: \n7\n"
+            "Mediamodes: \n8\nParkmodes: \n9\nAddressmodes: \n2147483648\nAnzahl Adressen: 2\n"
+            "Adresse 0:30\nAdresse 1:\n");
 }
 
 TEST(ComPorts, AreChoosableUpToEight) {

@@ -126,7 +126,7 @@ TEST(SavedWindowPosition, ComesBackWhereItIsUsable) {
       {"", "", "", false, {1, 2}},         {"", "300", "-10", true, {300, -10}},
       {"", "-123", "50", false, {1, 2}},   {"", "18800", "50", false, {18800, 50}},
       {"", "abc", "50", false, {1, 2}},    {"", "99999999999", "50", false, {1, 2}},
-      {"", "300", "", false, {1, 2}},      {"2", "300", "50", true, {1, 2}},
+      {"", "300", "", true, {300, 2}},     {"2", "300", "50", true, {1, 2}},
       {"0", "300", "50", true, {300, 50}}, {"7", "300", "50", true, {300, 50}}};
   for (const auto& [state, left, top, applied, position] : kCases) {
     SCOPED_TRACE(std::string(state) + " " + left + " " + top);

@@ -141,6 +141,65 @@ TEST_F(OptionsEndingTest, ApplyingThatFailsKeepsEveryEdit) {
   EXPECT_EQ(Registry("TapiBez"), "Büro");
 }
 
+TEST_F(OptionsEndingTest, ACharacterThatTheFileLacksIsNamedBeforeAnythingIsWritten) {
+  OpenOptions();
+  const auto values = registry->values;
+  Type("txtKNe_1", "Micha\u0142 \U0001F600");
+  Type("txtAmtExtern", "7");
+  ClickIn("cmdAktion_0");
+  EXPECT_EQ(prompts.boxes,
+            (std::vector<FakePrompts::Box>{
+                {PromptIcon::kExclamation,
+                 "Kurzwahlbezeichnung extern 2: Das Zeichen „\u0142“ kann nicht "
+                 "gespeichert werden.\r\rBitte schreiben Sie den Eintrag ohne dieses "
+                 "Zeichen. Bisher wurde nichts gespeichert.",
+                 "Kurzwahlspeicher"}}));
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_EQ(FocusName(), "txtKNe_1");
+  EXPECT_EQ(FieldText("txtAmtExtern"), "7");
+  EXPECT_EQ(registry->values, values);
+  EXPECT_EQ(tapi.log, Lines());
+  EXPECT_FALSE(std::filesystem::exists(UserFile("Kurzwahl.dat")));
+  // An umlaut in two parts is no such character.
+  Type("txtKNe_1", "u\u0308");
+  ClickIn("cmdAktion_0");
+  EXPECT_TRUE(Gone());
+  EXPECT_NE(SpeedDialBytes().find("|\xFC|"), std::string::npos);
+}
+
+TEST_F(OptionsEndingTest, ALineThatIsGoneIsAppliedAndReportedAsMissing) {
+  OpenOptions();
+  ChooseLine(0);
+  tapi.lineNames = {"Lager"};
+  tapi.goneLine = 0;
+  ClickIn("cmdAktion_0");
+  EXPECT_TRUE(Gone());
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_FALSE(prompts.busy);
+  EXPECT_EQ(Registry("TapiBez"), "Büro");
+  EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
+  EXPECT_EQ(TextOf("lblBase_2"), "TAPI-Fehler!");
+}
+
+TEST_F(OptionsEndingTest, AHostThatDoesNotAnswerIsNoReasonToSayAnything) {
+  FakeChannel tray{desktop};
+  for (const bool there : {false, true}) {
+    int heard = 0;
+    // It takes the message and never lets the sender go on, who gives up.
+    if (there)
+      tray.Hook(
+          1, "TALMIX_TRAY18", [&](const auto&, const auto&) { ++heard; }, [] {});
+    OpenOptions();
+    Type("txtAmtExtern", there ? "1" : "2");
+    ClickIn("cmdAktion_0");
+    EXPECT_TRUE(Gone());
+    EXPECT_EQ(heard, there ? 1 : 0);
+    EXPECT_TRUE(window->isVisible() && window->isEnabled());
+    EXPECT_EQ(state.settings.outsideLineExt, there ? "1" : "2");
+    EXPECT_TRUE(prompts.boxes.empty() && prompts.markups.empty() && !prompts.busy);
+  }
+}
+
 TEST_F(OptionsEndingTest, ASpeedDialFileThatCannotBeReadIsNotOverwritten) {
   ShowWindow();
   std::filesystem::create_directory(UserFile("Kurzwahl.dat"));

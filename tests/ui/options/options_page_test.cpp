@@ -37,6 +37,10 @@ TEST_F(OptionsPageTest, TheDialMethodDecidesWhatCanBeChosen) {
     EXPECT_EQ(Enabled("chkAnrufmonitor"), step.monitor);
     EXPECT_EQ(Enabled("tabConf"), !step.covered);
   }
+  // A click on what is selected counts, too.
+  dialog->AppendProgress("mehr");
+  Choose("optDial_1");
+  EXPECT_EQ(Progress(), "<Status für Comm-Port - OK>");
   Choose("optDial_0");
   EXPECT_EQ(In("grpDeakt")->pos(), In("lblDialHead")->pos());
   EXPECT_TRUE(In("grpDeakt")->geometry().contains(In("tabConf")->geometry()));
@@ -87,6 +91,10 @@ TEST_F(OptionsPageTest, SelectingALineClosesAndOpensAtOnce) {
   EXPECT_EQ(state.settings.tapiLineId, 0);
   EXPECT_FALSE(dialog->TestDialPressed());
   EXPECT_EQ(FocusName(), "tabConf");
+  dialog->SetTestDialIdle(false);
+  ChooseLine(0);
+  EXPECT_EQ(tapi.log, (Lines{"close 1", "open 0 4 6 9", "close 0", "open 0 4 6 9"}));
+  EXPECT_FALSE(dialog->TestDialPressed());
   // The arrow keys go on from there.
   Key(Qt::Key_Down);
   EXPECT_EQ(state.settings.tapiLineId, 1);
@@ -120,17 +128,25 @@ TEST_F(OptionsPageTest, TheDriverIsDescribed) {
 
 TEST_F(OptionsPageTest, TheSystemsDialogsAreShownOrSaidToBeMissing) {
   OpenOptions();
-  ClickIn("cmdConfigDlg_0");
-  ClickIn("cmdConfigDlg_1");
-  EXPECT_EQ(tapi.log, (Lines{"dialling 1", "device 1"}));
-  EXPECT_TRUE(prompts.boxes.empty());
+  const auto shown = [this](std::vector<const char*> buttons) {
+    prompts.boxes.clear();
+    tapi.log.clear();
+    for (const char* button : buttons) ClickIn(button);
+    Lines lines = tapi.log;
+    for (const auto& box : prompts.boxes) lines.push_back(box.title + ": " + box.text);
+    return lines;
+  };
+  EXPECT_EQ(shown({"cmdConfigDlg_0", "cmdConfigDlg_1"}), (Lines{"dialling 1", "device 1"}));
   tapi.failing = true;
-  ClickIn("cmdConfigDlg_0");
-  ClickIn("cmdConfigDlg_1");
-  EXPECT_EQ(prompts.boxes.size(), 2U);
+  EXPECT_EQ(shown({"cmdConfigDlg_0", "cmdConfigDlg_1"}),
+            (Lines{"dialling 1", "device 1",
+                   "Wählparameter: Für dieses TAPI-Gerät gibt es keine Wählparameter einzustellen.",
+                   "Treibereinstellung: Der Treiber dieses TAPI-Geräts hat keine Einstellungen."}));
   state.settings.tapiLineId = kNoTapiLine;
-  for (const char* button : {"cmdConfigDlg_0", "cmdConfigDlg_1", "cmdConfigDlg_2"}) ClickIn(button);
-  EXPECT_EQ(prompts.boxes.size(), 5U);
+  EXPECT_EQ(shown({"cmdConfigDlg_0", "cmdConfigDlg_1", "cmdConfigDlg_2"}),
+            (Lines{"Wählparameter: Bitte wählen Sie zuerst ein TAPI-Gerät aus.",
+                   "Treibereinstellung: Bitte wählen Sie zuerst ein TAPI-Gerät aus.",
+                   "Treiber-Information: Bitte wählen Sie zuerst ein TAPI-Gerät aus."}));
   EXPECT_TRUE(prompts.markups.empty());
 }
 

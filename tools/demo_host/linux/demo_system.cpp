@@ -27,7 +27,7 @@ void PutPath(const char* name, const std::filesystem::path& path) {
 DemoFolders EnterDemoSession(const std::filesystem::path& root) {
   const auto base = std::filesystem::absolute(root);
   const auto config = base / "config", runtime = base / "run";
-  DemoFolders folders{base / "host", base / "line", base / "line.log"};
+  DemoFolders folders{base / "host", base / "line", base / "line.log", base / "messages.log"};
   for (const auto& folder : {config, runtime, folders.host, folders.line}) {
     std::filesystem::create_directories(folder);
   }

@@ -29,7 +29,7 @@ void RefuseBesideAHost(const std::filesystem::path& demoHost) {
 
 DemoFolders EnterDemoSession(const std::filesystem::path& root) {
   const auto base = std::filesystem::absolute(root);
-  DemoFolders folders{base / "host", base / "line", base / "line.log"};
+  DemoFolders folders{base / "host", base / "line", base / "line.log", base / "messages.log"};
   for (const auto& folder : {folders.host, folders.line}) {
     std::filesystem::create_directories(folder);
   }

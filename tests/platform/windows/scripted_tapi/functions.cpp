@@ -81,12 +81,11 @@ LONG WINAPI lineGetDevCapsW(HLINEAPP, DWORD device, DWORD version, DWORD, LPLINE
   caps->dwAddressModes = LINEADDRESSMODE_ADDRESSID;
   const bool isExchange = device == ScriptedTapi::kExchange;
   caps->dwNumAddresses = isExchange ? 2 : 1;
-  const std::wstring number = std::to_wstring(device);
-  Append(*caps, caps->dwLineNameOffset, caps->dwLineNameSize,
-         isExchange ? L"Telefonanlage Büro" : L"Karte " + number);
+  Append(*caps, caps->dwLineNameOffset, caps->dwLineNameSize, TheScript().NameOf(device));
   Append(*caps, caps->dwSwitchInfoOffset, caps->dwSwitchInfoSize, L"Schalter");
   Append(*caps, caps->dwProviderInfoOffset, caps->dwProviderInfoSize,
          std::wstring(3000, L'x') + std::wstring(1, L'\0') + L"Ende");
+  if (TheScript().manner.insatiable) caps->dwNeededSize = 2 * caps->dwTotalSize;
   return 0;
 }
 

@@ -27,7 +27,10 @@ void Script::Reset() {
   dialogs.clear();
   misuses.clear();
   devices_.clear();
-  for (const DWORD version : kVersions) devices_.push_back({version});
+  for (const DWORD version : kVersions) {
+    devices_.push_back({version, L"Karte " + std::to_wstring(devices_.size())});
+  }
+  devices_[kExchange].name = L"Telefonanlage Büro";
 }
 
 int Script::LeftOver() const {
@@ -45,6 +48,7 @@ void Script::Start(LINECALLBACK callback) {
 
 void Script::Stop() {
   if (window_ != nullptr) DestroyWindow(std::exchange(window_, nullptr));
+  stale_ = false;
   records_.clear();
   calls_.clear();
   for (Device& device : devices_) device.line = 0;
@@ -56,7 +60,11 @@ DWORD Script::VersionOf(DWORD device) const {
 
 LONG Script::Open(DWORD device, DWORD version, DWORD_PTR instance, HLINE* line) {
   if (version == 0 || version != VersionOf(device)) return Misuse("open", LINEERR_BADDEVICEID);
+  if (stale_) return Error(LINEERR_REINIT);
   if (results.open != 0) return results.open;
+  if (manner.growsWhileOpening) {
+    callback_(0, LINE_CREATE, 0, NewDevice(L"Karte " + std::to_wstring(DeviceCount())), 0, 0);
+  }
   devices_[device].line = *line = ++lastHandle_;
   devices_[device].instance = instance;
   return 0;
@@ -144,9 +152,20 @@ void Script::CloseLine(DWORD device) {
 }
 
 DWORD Script::AddDevice() {
-  devices_.push_back({kVersions[kExchange]});
-  Send({{0, LINE_CREATE, 0, DeviceCount() - 1, 0, 0}});
-  return DeviceCount() - 1;
+  const DWORD device = NewDevice(L"Karte " + std::to_wstring(DeviceCount()));
+  Send({{0, LINE_CREATE, 0, device, 0, 0}});
+  return device;
+}
+
+DWORD Script::ReturnDevice(DWORD removed) {
+  const DWORD device = NewDevice(NameOf(removed));
+  Send({{0, LINE_CREATE, 0, device, 0, 0}});
+  return device;
+}
+
+void Script::AskForRenewal() {
+  stale_ = true;
+  Send({{0, LINE_LINEDEVSTATE, 0, LINEDEVSTATE_REINIT, 0, 0}});
 }
 
 void Script::RemoveDevice(DWORD device) {
@@ -219,6 +238,11 @@ void Script::Deliver() {
   }
   callback_(message.hDevice, message.dwMessageID, message.dwCallbackInstance, message.dwParam1,
             message.dwParam2, message.dwParam3);
+}
+
+DWORD Script::NewDevice(const std::wstring& name) {
+  devices_.push_back({kVersions[kExchange], name});
+  return DeviceCount() - 1;
 }
 
 // Its calls and what was still to be told about them are gone.

@@ -19,6 +19,8 @@ class Script : public ScriptedTapi {
   void CloseLine(DWORD device) override;
   DWORD AddDevice() override;
   void RemoveDevice(DWORD device) override;
+  DWORD ReturnDevice(DWORD device) override;
+  void AskForRenewal() override;
   void ForeignCall(DWORD device, const std::vector<DWORD>& states) override;
 
   void Start(LINECALLBACK callback);
@@ -26,6 +28,7 @@ class Script : public ScriptedTapi {
   DWORD DeviceCount() const { return static_cast<DWORD>(devices_.size()); }
   // The version that is agreed on for the device, 0 for none.
   DWORD VersionOf(DWORD device) const;
+  std::wstring NameOf(DWORD device) const { return devices_.at(device).name; }
   LONG Open(DWORD device, DWORD version, DWORD_PTR instance, HLINE* line);
   LONG Close(HLINE line);
   LONG MakeCall(HLINE line, HCALL* place, const std::wstring& number);
@@ -37,6 +40,7 @@ class Script : public ScriptedTapi {
  private:
   struct Device {
     DWORD version = 0;
+    std::wstring name = {};
     // 0 when it is not open.
     HLINE line = 0;
     DWORD_PTR instance = 0;
@@ -65,6 +69,7 @@ class Script : public ScriptedTapi {
   void SendCourse(const Call& call, const std::wstring& number);
   void Deliver();
   void ForgetLine(DWORD device);
+  DWORD NewDevice(const std::wstring& name);
   Call* Find(HCALL handle);
   Device* FindLine(HLINE line);
 
@@ -73,6 +78,7 @@ class Script : public ScriptedTapi {
   std::deque<Record> records_;
   LINECALLBACK callback_ = nullptr;
   HWND window_ = nullptr;
+  bool stale_ = false;
   DWORD lastHandle_ = 0x2000;
   LONG lastRequest_ = 0;
 };

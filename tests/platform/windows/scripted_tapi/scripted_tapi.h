@@ -30,6 +30,10 @@ class ScriptedTapi {
     bool abruptEnds = false;
     // A busy call stays until it is dropped.
     bool busyTone = false;
+    // Asks for ever more room for what it tells about a device.
+    bool insatiable = false;
+    // Another device comes up while a line is being opened.
+    bool growsWhileOpening = false;
   } manner;
 
   // What the functions answer; 0 is success.
@@ -50,6 +54,10 @@ class ScriptedTapi {
   // Gives the new device's number.
   virtual DWORD AddDevice() = 0;
   virtual void RemoveDevice(DWORD device) = 0;
+  // A device that was removed comes back under another number, which it gives.
+  virtual DWORD ReturnDevice(DWORD device) = 0;
+  // Asks for a new registration; before it, no line can be opened.
+  virtual void AskForRenewal() = 0;
   // Somebody else's call on the device's open line runs through the states.
   virtual void ForeignCall(DWORD device, const std::vector<DWORD>& states) = 0;
 };

@@ -1,0 +1,251 @@
+#!/usr/bin/python3
+"""The program without a pointer, and as assistive technology sees it.
+
+  scripts/headless_keyboard.py <folder of the programs> <folder for pictures and transcript>
+
+Places and ends a call, picks a number from the call history, opens and leaves the options, switches
+the view and back: by key events alone, finding each control by its name when it has the focus. In
+every window each control that is named below is there in its role, and none that takes the focus
+lacks a name. Whatever it started is ended when it leaves.
+"""
+import pathlib
+import re
+import subprocess
+import sys
+
+from headless_session import (Failed, Screen, descendants, end_processes, limit_time,
+                              run_in_session, start_window_manager, wait_for)
+
+TIME_LIMIT_S = 110
+COMPACT_HEIGHT = 66  # at most
+LONGEST_TAB_ORDER = 50
+
+DIALER, OPTIONS = "TALMIX_BRISKO", "Brisko :: Optionen"
+NUMBER, DIGITS = "0641 1", "06411"
+
+BUTTON, TOGGLE, TEXT = "push button", "check box", "text"
+COMPACT = {TEXT: ["Rufnummer"],
+           BUTTON: ["Vollansicht", "Schließen"],
+           TOGGLE: ["Wählen"] + [f"Taste {key}" for key in [*range(10), "Stern", "Raute"]]}
+PAD = {TEXT: ["Rufnummer"],
+       BUTTON: ["Kompaktansicht", "Schließen", "Rufnummernfeld leeren", "Letzte gewählte Nummer",
+                "Rufnummer aus Zwischenablage übernehmen", "Optionen"],
+       TOGGLE: ["Anrufhistorie", *COMPACT[TOGGLE]],
+       "combo box": ["Kurzwahlspeicher"],
+       "frame": ["Anzeige, Tasten wählen die Rufnummer"],
+       "list": ["Gesprächsverlauf"],
+       "label": ["Bereit...", "Bitte wählen Sie...", "<Bereit>", "TAPI initialisiert"]}
+HISTORY = {"page tab": ["Eingehende Telefonate", "Ausgehende Telefonate"],
+           # A list box is named by what it shows.
+           "combo box": ["Die letzten 600 Telefonate"],
+           TOGGLE: ["Interne Gespräche", "Externe Gespräche", "Mit Rufnummer", "Ohne Rufnummer"],
+           TEXT: ["Textfilter: Anrufe, in denen alle Wörter vorkommen"],
+           BUTTON: ["Textfilter leeren"],
+           "tree": ["Anrufliste"],
+           "table column header": ["Zeitpunkt", "Rufnummer", "Firmeninfo", "Ort/Abteilung",
+                                   "Personeninfo"]}
+COMMUNICATION = {
+    "page tab": ["Kommunikationseinstellungen", "Kurzwahlspeicher"],
+    "panel": ["Telefonwahl", "Amtskennziffern", "Testwahl"],
+    "radio button": ["Keine / deaktiviert", "Serielle Schnittstelle",
+                     "TAPI-Gerät (z. B. ISDN-Karte)", "intern", "extern"],
+    TOGGLE: ["TAPI-Anrufmonitor", "Wählen..."],
+    "list": ["TAPI-Geräte"],
+    TEXT: ["Amtskennziffer für interne Gespräche", "Amtskennziffer für externe Gespräche",
+           "Angaben zum TAPI-Gerät", "Testrufnummer", "Verlauf der Testwahl"],
+    BUTTON: ["Wählparameter", "Treibereinstellung", "Treiber-Information", "Liste aktualisieren",
+             "Übernehmen", "Abbrechen"]}
+SPEED_DIAL = {TEXT: [f"{what} {kind} {row}" for what in ("Rufnummer", "Kurzwahlbezeichnung")
+                     for kind in ("intern", "extern") for row in range(1, 9)],
+              BUTTON: ["Übernehmen", "Abbrechen"]}
+# What takes the focus together with a control that has a name.
+PARTS = ("list item", "table cell", "tree item", "filler")
+
+
+class Run:
+    def __init__(self, programs, out, folder):
+        self.programs, self.out, self.root = programs, out, folder / "demo"
+        self.screen = Screen()
+        self.lines = []
+        self.manager = self.host = None
+
+    def tell(self, line):
+        print(line, flush=True)
+        self.lines.append(line)
+
+    def picture(self, name):
+        subprocess.run(["import", "-window", "root", str(self.out / name)], check=True)
+
+    def keys(self, *keys):
+        subprocess.run(["xdotool", "key", *keys], check=True)
+
+    def type(self, text):
+        subprocess.run(["xdotool", "type", "--", text], check=True)
+
+    def states(self, caption):
+        """Role, name and states of all that shows in a window."""
+        shown = []
+        try:
+            window = self.screen.window(caption)
+            for node in descendants(window) if window else ():
+                states = node.get_state_set()
+                if states.contains(self.screen.atspi.StateType.SHOWING):
+                    shown.append((node.get_role_name(), node.get_name(), states))
+        except self.screen.gone:
+            pass
+        return shown
+
+    def expect(self, caption, what, controls):
+        kind = self.screen.atspi.StateType
+
+        def missing():
+            shown = {(role, name) for role, name, _ in self.states(caption)}
+            return [name for role, names in controls.items() for name in names
+                    if (role, name) not in shown]
+        try:
+            wait_for(what, lambda: not missing())
+        except Failed:
+            raise Failed(f"{what}: not found in their roles: {missing()}")
+        unnamed = [role for role, name, states in self.states(caption)
+                   if states.contains(kind.FOCUSABLE) and not name and role not in PARTS]
+        if unnamed:
+            raise Failed(f"{what}: without a name: {unnamed}")
+        self.tell(f"{what}: {sum(map(len, controls.values()))} controls found by name and role.")
+
+    def focused(self, caption):
+        focused = self.screen.atspi.StateType.FOCUSED
+        return [name for role, name, states in self.states(caption)
+                if states.contains(focused) and role not in PARTS]
+
+    def wait_for_focus(self, name, caption=DIALER):
+        wait_for(f"the focus on '{name}'", lambda: name in self.focused(caption))
+
+    def go_to(self, name, caption=DIALER, key="Tab"):
+        """Walks along the tab order until the control has the focus."""
+        for _ in range(LONGEST_TAB_ORDER):
+            before = self.focused(caption)
+            if name in before:
+                return
+            self.keys(key)
+            wait_for(f"the focus to leave {before}", lambda: self.focused(caption) != before)
+        raise Failed(f"the tab order does not lead to '{name}'")
+
+    def number(self):
+        return self.screen.text(self.screen.find(DIALER, "Rufnummer", TEXT))
+
+    def wait_for_progress(self, beginning):
+        def last():
+            log = self.screen.find(DIALER, "Gesprächsverlauf", "list")
+            lines = [text for _, text in self.screen.entries(log)]
+            return bool(lines) and lines[-1].startswith(beginning)
+        wait_for(f"'{beginning}' in the progress log", last)
+
+    def start(self):
+        self.manager = start_window_manager()
+        self.host = subprocess.Popen([str(self.programs / "orvane-demo-host"),
+                                      "--root", str(self.root), "--history", "30"])
+        self.expect(DIALER, "Dial window", PAD)
+        subprocess.run(["xdotool", "search", "--name", DIALER, "windowactivate", "--sync"],
+                       check=True)
+        self.wait_for_focus("Rufnummer")
+
+    def call(self):
+        self.type(NUMBER)
+        wait_for("the number", lambda: self.number() == NUMBER)
+        self.keys("Return")
+        self.wait_for_progress("Verbunden um ")
+        self.wait_for_focus("Auflegen")
+        self.picture("1-in-call.png")
+        self.keys("Return")
+        self.wait_for_progress("Gesprächsdauer: ")
+        self.tell("A call was placed and ended.")
+
+    def pick_from_history(self):
+        self.go_to("Anrufhistorie")
+        self.keys("Return")
+        self.expect(DIALER, "Call history", HISTORY)
+        self.go_to("Anrufliste")
+        self.picture("2-history.png")
+        self.keys("Home", "Down", "Return")
+        # The newest call, below the heading of its day, as the journal writes it.
+        wait_for("its number", lambda: self.number() == DIGITS)
+        self.wait_for_focus("Rufnummer")
+        self.tell("Picked from the history: " + self.number())
+
+    def options(self):
+        self.go_to("Optionen")
+        self.keys("Return")
+        self.expect(OPTIONS, "Options", COMMUNICATION)
+        self.wait_for_focus("TAPI-Gerät (z. B. ISDN-Karte)", OPTIONS)
+        self.keys("alt+s")
+        self.expect(OPTIONS, "Speed-dial page", SPEED_DIAL)
+        self.picture("3-options.png")
+        self.keys("Escape")
+        wait_for("the dial window", lambda: not self.screen.window(OPTIONS)
+                 and self.screen.find(DIALER, "Rufnummer", TEXT))
+        self.tell("The options were opened and left.")
+
+    def place(self):
+        geometry = subprocess.run(["xdotool", "search", "--name", DIALER, "getwindowgeometry"],
+                                  capture_output=True, text=True, check=True).stdout
+        return tuple(map(int, re.search(r"Position: (-?\d+),(-?\d+).*Geometry: (\d+)x(\d+)",
+                                        geometry, re.DOTALL).groups()))
+
+    def views(self):
+        full = self.place()
+        self.go_to("Kompaktansicht", key="shift+Tab")
+        self.keys("Return")
+        self.expect(DIALER, "Compact view", COMPACT)
+        screen = int(subprocess.run(["xdotool", "getdisplaygeometry"], capture_output=True,
+                                    text=True, check=True).stdout.split()[0])
+        x, y, width, height = self.place()
+        if (y, x, height <= COMPACT_HEIGHT) != (-1, (screen - width) // 2, True):
+            raise Failed(f"the compact view is at {x},{y} and {width}x{height} large")
+        self.go_to("Rufnummer")
+        self.keys("ctrl+a", "5")
+        wait_for("the typed digit", lambda: self.number() == "5")
+        self.go_to("Taste 7")
+        self.keys("Return")
+        wait_for("the digit of the key", lambda: self.number() == "57")
+        self.picture("4-compact.png")
+        self.go_to("Vollansicht", key="shift+Tab")
+        self.keys("Return")
+        self.expect(DIALER, "Call history in the full view", HISTORY)
+        wait_for("the full view where it was", lambda: self.place() == full)
+        self.tell("The view was switched and switched back.")
+
+    def run(self):
+        try:
+            self.start()
+            self.call()
+            self.pick_from_history()
+            self.options()
+            self.views()
+            return 0
+        except (Failed, OSError, subprocess.SubprocessError, ValueError) as error:
+            self.tell(f"FAILED: {error}")
+            (self.out / "accessibility-tree.txt").write_text(self.screen.dump())
+            self.picture("failed.png")
+            return 1
+        finally:
+            (self.out / "transcript.txt").write_text("\n".join(self.lines) + "\n")
+            end_processes(self.host, self.manager)
+
+
+def main():
+    inside = sys.argv[1:2] == ["--inside"]
+    # The inner limit comes first, so that a step that hangs can still say where.
+    limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
+    paths = [pathlib.Path(text).resolve() for text in sys.argv[2 if inside else 1:]]
+    if len(paths) != (3 if inside else 2):
+        sys.exit(__doc__)
+    if inside:
+        return Run(*paths).run()
+    return run_in_session(__file__, paths, out=paths[1])
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except Failed as failure:
+        sys.exit(f"headless keyboard: {failure}")
