@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -95,6 +96,7 @@ class PostgresCluster {
     const passwd* const account = geteuid() == 0 ? getpwnam("postgres") : nullptr;
     const uid_t user = account != nullptr ? account->pw_uid : geteuid();
     const gid_t group = account != nullptr ? account->pw_gid : getegid();
+    std::fflush(nullptr);
     const pid_t process = fork();
     if (process != 0) return process;
     setenv("PGPASSWORD", kPassword, 1);
