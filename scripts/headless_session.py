@@ -102,7 +102,8 @@ def run_in_session(script, arguments, out, size=SCREEN_SIZE, **settings):
             session = subprocess.Popen(
                 ["dbus-run-session", "--", sys.executable, script, "--inside",
                  *map(str, arguments), str(folder)],
-                env=dict(private_environment(folder, name), **settings), start_new_session=True, stderr=log)
+                env=dict(private_environment(folder, name), **settings),
+                start_new_session=True, stderr=log)
         return session.wait()
     finally:
         signal.alarm(0)
@@ -129,12 +130,14 @@ def end_processes(*processes):
                 process.kill()
 
 
-def descendants(node):
+def descendants(node, closed=()):
+    """All nodes below this one; what is inside of the roles in `closed` is left out."""
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
         if child is not None:
             yield child
-            yield from descendants(child)
+            if child.get_role_name() not in closed:
+                yield from descendants(child, closed)
 
 
 class Screen:
