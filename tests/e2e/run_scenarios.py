@@ -216,10 +216,13 @@ class Play:
         press("ctrl+Home", *["Down"] * row, "Return")
         wait_for("the host's message", self.messages, STEP_LIMIT_S)
 
-    def press_from_number(self, tabs, *keys):
-        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+    # A window that has just come up may not have the number yet, nor get the first key.
+    def front_and_ready(self):
         self.front(DIALER)
         let_settle()
+
+    def press_from_number(self, tabs, *keys):
+        self.front_and_ready()
         press(*["Tab"] * tabs, *keys)
 
     # A first choice is refused until a device of another kind was looked at.
@@ -241,13 +244,11 @@ class Play:
         press("Return", *["shift+Tab"] * TABS_TO_HISTORY)
 
     def do_Type(self, text):
-        self.front(DIALER)
+        self.front_and_ready()
         subprocess.run(["xdotool", "type", "--delay", "40", text], check=True)
 
     def do_Dial(self, calls):
-        # A window that has just come up may not have the number yet, nor get the first key.
-        wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
-        let_settle()
+        self.front_and_ready()
 
         def dialed():
             self.front(DIALER)

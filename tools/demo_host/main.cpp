@@ -37,7 +37,8 @@ struct Arguments {
 QString AreaCodeFile() {
   const QDir programs(QApplication::applicationDirPath());
   const QString built = programs.filePath(QStringLiteral("../data/VPB.rgt"));
-  return QFile::exists(built) ? built : programs.filePath(QStringLiteral("../share/orvane/VPB.rgt"));
+  return QFile::exists(built) ? built
+                              : programs.filePath(QStringLiteral("../share/orvane/VPB.rgt"));
 }
 
 Arguments ReadArguments(const QApplication& application) {
@@ -50,9 +51,9 @@ Arguments ReadArguments(const QApplication& application) {
   const QCommandLineOption line(QStringLiteral("line"),
                                 QStringLiteral("simulated, unset, modem, sip or choice."),
                                 QStringLiteral("kind"), QStringLiteral("simulated"));
-  const QCommandLineOption areaCodes(
-      QStringLiteral("area-codes"), QStringLiteral("The area-code table."), QStringLiteral("file"),
-      AreaCodeFile());
+  const QCommandLineOption areaCodes(QStringLiteral("area-codes"),
+                                     QStringLiteral("The area-code table."), QStringLiteral("file"),
+                                     AreaCodeFile());
   const QCommandLineOption installOnly(QStringLiteral("install-only"),
                                        QStringLiteral("Build the installation and end."));
   const QCommandLineOption history(QStringLiteral("history"),
