@@ -2,7 +2,9 @@
 # it, and the demo host beside it.
 include(GNUInstallDirs)
 
-install(TARGETS orvane orvane-demo-host RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(TARGETS orvane orvane-demo-host orvane-jet-umwandeln
+  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(TARGETS orvane-jet-reader RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/orvane")
 install(FILES "${CMAKE_BINARY_DIR}/data/VPB.rgt" "${CMAKE_BINARY_DIR}/data/TelList.fdb"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/orvane")
 install(FILES "${CMAKE_BINARY_DIR}/data/orvane.png"

@@ -16,4 +16,6 @@ if [[ "${1:-}" == --windows ]]; then
 fi
 scripts/build.sh release -DORVANE_BENCH=ON orvane orvane-demo-host orvane-empty-window \
   orvane-message-sender orvane-bench-classification orvane-sip-demo
+scripts/build.sh release orvane-bench-lookup
+/usr/bin/python3 bench/lookup.py "$PWD/build/release/bin" "$PWD/out/bench/lookup.md"
 /usr/bin/python3 bench/bench.py "$PWD/build/release/bin" "$PWD/out/bench"

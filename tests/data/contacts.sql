@@ -1,12 +1,13 @@
--- The content of the Jet file CONTACT.FDB, for the other engines.
-CREATE TABLE Adressen (AdrID INTEGER, Firma1 VARCHAR(160), Ort VARCHAR(80), RawZentrTel VARCHAR(40));
-CREATE TABLE AdrDetail (AdrID INTEGER, DetID INTEGER, VName VARCHAR(60), NName VARCHAR(80),
-  RawTel1 VARCHAR(40), RawTel2 VARCHAR(40), RawSekTel VARCHAR(40), RawHandy VARCHAR(40),
-  RawHandyprv VARCHAR(40), RawTelprv VARCHAR(40));
-CREATE TABLE Benutzer (ID INTEGER, VName VARCHAR(60), NName VARCHAR(80), AbtID INTEGER,
-  Durchwahl VARCHAR(20));
-CREATE TABLE Grp_Abt (ID INTEGER, Bez VARCHAR(80));
-INSERT INTO Adressen (AdrID, Firma1, Ort, RawZentrTel) VALUES
+-- The content of the Jet file CONTACT.FDB, for the other engines. Quoted names keep their letter
+-- case everywhere.
+CREATE TABLE "Adressen" ("AdrID" INTEGER, "Firma1" VARCHAR(160), "Ort" VARCHAR(80), "RawZentrTel" VARCHAR(40));
+CREATE TABLE "AdrDetail" ("AdrID" INTEGER, "DetID" INTEGER, "VName" VARCHAR(60), "NName" VARCHAR(80),
+  "RawTel1" VARCHAR(40), "RawTel2" VARCHAR(40), "RawSekTel" VARCHAR(40), "RawHandy" VARCHAR(40),
+  "RawHandyprv" VARCHAR(40), "RawTelprv" VARCHAR(40));
+CREATE TABLE "Benutzer" ("ID" INTEGER, "VName" VARCHAR(60), "NName" VARCHAR(80), "AbtID" INTEGER,
+  "Durchwahl" VARCHAR(20));
+CREATE TABLE "Grp_Abt" ("ID" INTEGER, "Bez" VARCHAR(80));
+INSERT INTO "Adressen" ("AdrID", "Firma1", "Ort", "RawZentrTel") VALUES
  (1, 'Havelwerk Maschinenbau GmbH', 'Berlin', '4930123450'),
  (2, 'Muster GmbH', 'Frankfurt', '49697654320'),
  (3, 'Rheinkontor Spedition AG', 'Düsseldorf', '49211445560'),
@@ -22,7 +23,7 @@ INSERT INTO Adressen (AdrID, Firma1, Ort, RawZentrTel) VALUES
  (13, 'Verwaltungsgemeinschaft der vereinigten mitteldeutschen Kommunalversorgungsbetriebe und Zweckverbände Anstalt des öffentlichen Rechts', 'Halle (Saale)', '49345111220'),
  (14, 'Seltene Erden "Saxonia" GmbH', 'Freiberg', '493731445500'),
  (15, 'Čapek & Łukasz Übersetzungen', 'Görlitz', '493581667780');
-INSERT INTO AdrDetail (AdrID, DetID, VName, NName, RawTel1, RawTel2, RawSekTel, RawHandy, RawHandyprv, RawTelprv) VALUES
+INSERT INTO "AdrDetail" ("AdrID", "DetID", "VName", "NName", "RawTel1", "RawTel2", "RawSekTel", "RawHandy", "RawHandyprv", "RawTelprv") VALUES
  (1, 101, 'Katharina', 'Lindner', '4930123456', NULL, '4930123451', '491711112223', NULL, '4930998877'),
  (1, 102, 'Thomas', 'Wagner', '4930123457', '4930123458', NULL, '491722223334', NULL, NULL),
  (1, 103, NULL, 'Einkauf', '4930123459', NULL, NULL, NULL, NULL, NULL),
@@ -41,14 +42,14 @@ INSERT INTO AdrDetail (AdrID, DetID, VName, NName, RawTel1, RawTel2, RawSekTel, 
  (13, 1301, 'Dr. Annegret Hildegard Wilhelmine', 'von der Heydt-Rittershausen-Waldburg', '49345111221', NULL, NULL, NULL, NULL, NULL),
  (14, 1401, 'Ines', 'Böhme', '493731445501', NULL, NULL, NULL, NULL, NULL),
  (15, 1501, 'Zdeněk', 'Čapek', '493581667781', NULL, NULL, NULL, NULL, NULL);
-INSERT INTO Benutzer (ID, VName, NName, AbtID, Durchwahl) VALUES
+INSERT INTO "Benutzer" ("ID", "VName", "NName", "AbtID", "Durchwahl") VALUES
  (17, 'Petra', 'Sommer', 1, '217'),
  (18, 'Jonas', 'Brandt', 2, '218'),
  (19, NULL, 'Empfang', 4, '100'),
  (20, 'Lukas', NULL, 3, '301'),
  (21, 'Mia', 'Keller', 5, '12'),
  (22, 'Ohne', 'Abteilung', 99, '44');
-INSERT INTO Grp_Abt (ID, Bez) VALUES
+INSERT INTO "Grp_Abt" ("ID", "Bez") VALUES
  (1, 'Vertrieb'),
  (2, 'Einkauf'),
  (3, 'Buchhaltung'),

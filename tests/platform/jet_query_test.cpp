@@ -24,6 +24,27 @@ TEST(JetQuery, OrdersRowsWhereTheQueryDoesNot) {
   EXPECT_EQ(ImpliedOrder(SplitJetTokens("SELECT Zeit FROM o"), true, "LEN"), " ORDER BY 1 DESC");
 }
 
+TEST(JetQuery, SpeaksToTheServerAndToJetItself) {
+  const std::tuple<const char*, const char*, const char*> kCases[] = {
+      {"SELECT DISTINCT TOP 5 a FROM o;", "SELECT DISTINCT TOP 5 \"a\" FROM \"o\" ORDER BY 1 DESC",
+       "SELECT DISTINCT TOP 5 a FROM o ORDER BY 1 DESC"},
+      {"SELECT [x\"y], Max(b) FROM T WHERE c='it''s' OR d='Łódź' ",
+       "SELECT \"x\"\"y\" , Max ( \"b\" ) FROM \"T\" WHERE \"c\" = 'it''s' OR \"d\" = N'Łódź'",
+       "SELECT [x\"y], Max(b) FROM T WHERE c='it''s' OR d='Łódź'"},
+      {"SELECT A.AdrID FROM A LEFT JOIN D ON A.x=D.x",
+       "SELECT \"A\" . \"AdrID\" FROM \"A\" LEFT JOIN \"D\" ON \"A\" . \"x\" = \"D\" . \"x\" ORDER "
+       "BY 1",
+       "SELECT A.AdrID FROM A LEFT JOIN D ON A.x=D.x ORDER BY 1"}};
+  for (const auto& [sql, server, jet] : kCases) {
+    EXPECT_EQ(TranslateJetSqlForServer(sql), server);
+    EXPECT_EQ(OrderedJetSql(sql), jet);
+  }
+  for (const char* const sql : {"DROP TABLE o", "SELECT a FROM o; DELETE FROM o",
+                                "SELECT Fix(a) FROM o", "SELECT a FROM o WHERE b=#01/01/2024#"}) {
+    EXPECT_THROW(TranslateJetSqlForServer(sql), DatabaseError) << sql;
+  }
+}
+
 constexpr const char* kSelect = "SELECT A.k,A.n,D.id,D.t FROM A LEFT JOIN D ON A.k=D.k WHERE ";
 
 TEST(JetQuery, LeavesOtherShapesAlone) {

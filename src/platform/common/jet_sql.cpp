@@ -237,14 +237,17 @@ TranslatedStatement Emit(const Tokens& tokens) {
   return result;
 }
 
-}  // namespace
-
-TranslatedStatement TranslateJetSql(std::string_view sql) {
-  Tokens tokens = SplitJetTokens(sql);
-  DropEndMark(tokens);
+struct CheckedStatement {
+  Tokens tokens;  // without TOP
   std::int32_t top = 0;
+};
+
+CheckedStatement Check(std::string_view sql) {
+  CheckedStatement result{SplitJetTokens(sql)};
+  Tokens& tokens = result.tokens;
+  DropEndMark(tokens);
   if (At(tokens, 0).Is("SELECT")) {
-    top = TakeTop(tokens);
+    result.top = TakeTop(tokens);
   } else if (At(tokens, 0).Is("INSERT")) {
     InsertCheck(tokens).Run();
   } else if (At(tokens, 0).Is("UPDATE")) {
@@ -260,13 +263,64 @@ TranslatedStatement TranslateJetSql(std::string_view sql) {
   CheckFunctions(tokens);
   CheckOperators(tokens);
   CheckTexts(tokens);
-  TranslatedStatement result = Emit(tokens);
-  std::string ending;
-  if (tokens[0].Is("SELECT")) ending = ImpliedOrder(tokens, top > 0, "LENGTH");
-  if (top > 0) ending += " LIMIT " + std::to_string(top);
-  if (const auto indexed = IndexedJoin(tokens)) result.indexedSql = Emit(*indexed).sql + ending;
+  return result;
+}
+
+std::string OrderOf(const CheckedStatement& statement, std::string_view lengthFunction) {
+  if (!statement.tokens[0].Is("SELECT")) return {};
+  return ImpliedOrder(statement.tokens, statement.top > 0, lengthFunction);
+}
+
+std::string ServerToken(const JetToken& token, bool isFunction) {
+  if (token.kind == JetTokenKind::kText) {
+    const bool plain = std::all_of(token.text.begin(), token.text.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return (plain ? "" : "N") + QuotedText(token.text);
+  }
+  const bool isDate = token.kind == JetTokenKind::kDate;
+  if (isDate || (isFunction && IsOneOf(token, {"FIX", "CDBL"}))) {
+    ThrowJetSyntaxError("Syntaxfehler: Auf dem Server nicht verfügbar.");
+  }
+  const bool isPlain = token.kind == JetTokenKind::kNumber || token.kind == JetTokenKind::kSymbol;
+  if (isPlain || isFunction) return token.text;
+  if (token.kind == JetTokenKind::kWord && IsOneOf(token, kKeywords)) return token.text;
+  std::string name = "\"";
+  for (const char c : token.text) name.append(c == '"' ? 2U : 1U, c);
+  return name + '"';
+}
+
+}  // namespace
+
+TranslatedStatement TranslateJetSql(std::string_view sql) {
+  const CheckedStatement statement = Check(sql);
+  TranslatedStatement result = Emit(statement.tokens);
+  std::string ending = OrderOf(statement, "LENGTH");
+  if (statement.top > 0) ending += " LIMIT " + std::to_string(statement.top);
+  if (const auto indexed = IndexedJoin(statement.tokens)) {
+    result.indexedSql = Emit(*indexed).sql + ending;
+  }
   result.sql += ending;
   return result;
+}
+
+std::string TranslateJetSqlForServer(std::string_view sql) {
+  const CheckedStatement statement = Check(sql);
+  const Tokens& tokens = statement.tokens;
+  std::string result;
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    const bool isFunction = IsOneOf(tokens[i], kFunctions) && At(tokens, i + 1).Is("(");
+    if (i > 0) result += ' ';
+    result += ServerToken(tokens[i], isFunction);
+    const bool topPlace = i == (At(tokens, 1).Is("DISTINCT") ? 1U : 0U);
+    if (statement.top > 0 && topPlace) result += " TOP " + std::to_string(statement.top);
+  }
+  return result + OrderOf(statement, "LEN");
+}
+
+std::string OrderedJetSql(std::string_view sql) {
+  const std::string order = OrderOf(Check(sql), "LEN");
+  const std::size_t end = sql.find_last_not_of("; \t\r\n");
+  return std::string(sql.substr(0, end + 1)) + order;
 }
 
 }  // namespace orvane

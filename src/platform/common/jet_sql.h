@@ -28,4 +28,11 @@ struct TranslatedStatement {
 // kDbErrorSyntax.
 TranslatedStatement TranslateJetSql(std::string_view sql);
 
+// The same statement for the database server, which keeps no dates that the program asks for: dates
+// and the functions Fix and CDbl are refused.
+std::string TranslateJetSqlForServer(std::string_view sql);
+
+// The same statement for Jet itself, with the order that a query without one gets.
+std::string OrderedJetSql(std::string_view sql);
+
 }  // namespace orvane

@@ -4,15 +4,28 @@
 #include <QCoreApplication>
 #include <QtGlobal>
 #include <cstdint>
+#include <filesystem>
 #include <limits>
 
-#include "platform/common/database_errors.h"
+#include "platform/common/odbc_databases.h"
 #include "platform/common/qt_window_chrome.h"
 #include "platform/linux/compositor.h"
 #include "platform/linux/jet_files.h"
 #include "platform/linux/sip_lines.h"
 
 namespace orvane::native {
+namespace {
+
+// Beside this program where it is built, in a folder for such helpers where it is installed.
+std::filesystem::path JetReaderProgram() {
+  const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
+  const std::filesystem::path beside = folder / "orvane-jet-reader";
+  std::error_code error;
+  if (std::filesystem::exists(beside, error)) return beside;
+  return folder.parent_path() / "libexec/orvane/orvane-jet-reader";
+}
+
+}  // namespace
 
 // The compositor of a Wayland desktop places windows as it likes; the dial window has a place. Such
 // a desktop may ask all programs for Wayland, which is no wish about this one.
@@ -45,12 +58,10 @@ std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
 }
 
 DatabaseEngines Databases(LongWork& work) {
-  const QString folder = QCoreApplication::applicationDirPath();
-  const auto files = std::make_shared<JetFiles>(folder.toStdString() + "/orvane-jet-reader", work);
+  const auto files = std::make_shared<JetFiles>(JetReaderProgram(), work);
+  const auto server = std::make_shared<OdbcDatabases>(SqlServerAccess(), work);
   return {[files](const ConnectionProperties& properties) { return files->Open(properties); },
-          [](const ConnectionProperties&) -> std::unique_ptr<OpenDatabase> {
-            ThrowProviderNotFound();
-          }};
+          [server](const ConnectionProperties& properties) { return server->Open(properties); }};
 }
 
 }  // namespace orvane::native

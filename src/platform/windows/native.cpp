@@ -1,5 +1,6 @@
 #include "platform/windows/native.h"
 
+#include "platform/common/odbc_databases.h"
 #include "platform/windows/command_line.h"
 #include "platform/windows/system_window_chrome.h"
 #include "platform/windows/tapi32_lines.h"
@@ -22,6 +23,13 @@ std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
   std::vector<std::unique_ptr<LineServiceProvider>> providers;
   providers.push_back(std::make_unique<Tapi32Lines>(loop, handles));
   return providers;
+}
+
+DatabaseEngines Databases(LongWork& work) {
+  const auto files = std::make_shared<OdbcDatabases>(JetFileAccess(), work);
+  const auto server = std::make_shared<OdbcDatabases>(SqlServerAccess(), work);
+  return {[files](const ConnectionProperties& properties) { return files->Open(properties); },
+          [server](const ConnectionProperties& properties) { return server->Open(properties); }};
 }
 
 }  // namespace orvane::native

@@ -1,5 +1,6 @@
 #include "databases/contact_engine.h"
 #include "databases/linux/jet_test_support.h"
+#include "databases/linux/postgres_contacts.h"
 
 namespace orvane {
 namespace {
@@ -16,7 +17,8 @@ class JetContacts : public ContactEngine {
 }  // namespace
 
 std::vector<ContactEngineEntry> SystemContactEngines() {
-  return {{"Jet", [] { return std::make_unique<JetContacts>(); }}};
+  return {{"Jet", [] { return std::make_unique<JetContacts>(); }},
+          {"Odbc", [] { return std::make_unique<PostgresContacts>(); }}};
 }
 
 }  // namespace orvane

@@ -1,0 +1,304 @@
+#include "platform/common/odbc_session.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <QString>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/common/memory_recordset.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::intptr_t kLoginSeconds = 8;
+constexpr std::size_t kPieceUnits = 2048;
+// The host's server's own numbers that the program's rules know.
+constexpr std::int32_t kNativeNull = 515;
+constexpr std::int32_t kNativeDuplicateIndex = 2601;
+constexpr std::int32_t kNativeDuplicateKey = 2627;
+
+bool Good(SQLRETURN code) {
+  return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
+}
+
+// A handle that is freed with the object.
+class OdbcHandle {
+ public:
+  OdbcHandle(SQLSMALLINT type, SQLHANDLE parent) : type_(type) {
+    if (!Good(SQLAllocHandle(type, parent, &handle_))) {
+      throw ErrorOf(DatabaseFailure::kOutOfMemory);
+    }
+  }
+  ~OdbcHandle() { SQLFreeHandle(type_, handle_); }
+  OdbcHandle(const OdbcHandle&) = delete;
+  OdbcHandle& operator=(const OdbcHandle&) = delete;
+  SQLHANDLE Get() const { return handle_; }
+
+ private:
+  SQLSMALLINT type_;
+  SQLHANDLE handle_ = SQL_NULL_HANDLE;
+};
+
+class Environment : public OdbcHandle {
+ public:
+  Environment() : OdbcHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
+    SQLSetEnvAttr(Get(), SQL_ATTR_ODBC_VERSION,
+                  reinterpret_cast<SQLPOINTER>(std::uintptr_t{SQL_OV_ODBC3}), 0);
+  }
+};
+
+// UTF-16 as the driver manager wants it.
+class WideText {
+ public:
+  explicit WideText(const std::string& utf8) {
+    const QString text = QString::fromStdString(utf8);
+    units_.assign(text.utf16(), text.utf16() + text.size() + 1);
+  }
+  SQLWCHAR* Get() { return units_.data(); }
+
+ private:
+  std::vector<SQLWCHAR> units_;
+};
+
+std::string Utf8(const SQLWCHAR* units, std::size_t count) {
+  std::u16string text(count, u'\0');
+  for (std::size_t i = 0; i < count; ++i) text[i] = static_cast<char16_t>(units[i]);
+  return QString::fromStdU16String(text).toStdString();
+}
+
+struct Diagnosis {
+  std::string state;  // five characters
+  std::int32_t native = 0;
+  std::string text;
+};
+
+std::vector<Diagnosis> DiagnosesOf(SQLSMALLINT type, SQLHANDLE handle) {
+  std::vector<Diagnosis> result;
+  for (SQLSMALLINT record = 1; record < 16; ++record) {
+    std::array<SQLWCHAR, 6> state{};
+    std::array<SQLWCHAR, 1024> text{};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    if (!Good(SQLGetDiagRecW(type, handle, record, state.data(), &native, text.data(),
+                             static_cast<SQLSMALLINT>(text.size()), &length))) {
+      break;
+    }
+    const auto units = std::min(static_cast<std::size_t>(length), text.size() - 1);
+    result.push_back(
+        {Utf8(state.data(), 5), static_cast<std::int32_t>(native), Utf8(text.data(), units)});
+  }
+  return result;
+}
+
+bool IsIn(const std::string& text, const char* part) {
+  return text.find(part) != std::string::npos;
+}
+
+// Some drivers tell a refused login from a missing server by their words alone.
+bool IsLoginRefusal(const Diagnosis& diagnosis) {
+  return diagnosis.state.starts_with("28") || diagnosis.native == 18456 ||
+         IsIn(diagnosis.text, "password authentication failed") ||
+         IsIn(diagnosis.text, "no password supplied") || IsIn(diagnosis.text, "Login failed");
+}
+
+DatabaseFailure ConnectFailureOf(const std::vector<Diagnosis>& diagnoses) {
+  for (const Diagnosis& diagnosis : diagnoses) {
+    if (IsLoginRefusal(diagnosis)) return DatabaseFailure::kLoginRefused;
+    if (diagnosis.state.starts_with("IM") || IsIn(diagnosis.text, "Can't open lib")) {
+      return DatabaseFailure::kDriverMissing;
+    }
+  }
+  return DatabaseFailure::kServerNotFound;
+}
+
+DatabaseFailure StatementFailureOf(const Diagnosis& diagnosis) {
+  const std::string group = diagnosis.state.substr(0, 2);
+  if (group == "42" || group == "37" || group == "S0" || group == "07") {
+    return DatabaseFailure::kSyntax;
+  }
+  if (diagnosis.native == kNativeNull || diagnosis.state == "23502") {
+    return DatabaseFailure::kNullField;
+  }
+  if (diagnosis.native == kNativeDuplicateIndex || diagnosis.native == kNativeDuplicateKey ||
+      diagnosis.state == "23505") {
+    return DatabaseFailure::kDuplicate;
+  }
+  if (group == "23") return DatabaseFailure::kRule;
+  if (group == "08" || group == "57") return DatabaseFailure::kServerLost;
+  if (diagnosis.state == "HYT00" || diagnosis.state == "HY008") {
+    return DatabaseFailure::kStatementTooLong;
+  }
+  return DatabaseFailure::kOther;
+}
+
+bool IsWhole(SQLLEN type) {
+  return type == SQL_INTEGER || type == SQL_SMALLINT || type == SQL_TINYINT || type == SQL_BIGINT ||
+         type == SQL_BIT;
+}
+
+bool IsReal(SQLLEN type) {
+  return type == SQL_DOUBLE || type == SQL_FLOAT || type == SQL_REAL || type == SQL_NUMERIC ||
+         type == SQL_DECIMAL;
+}
+
+// Reads the rows of a statement that was run.
+class RowReader {
+ public:
+  explicit RowReader(SQLHANDLE statement) : statement_(statement) {
+    SQLSMALLINT count = 0;
+    SQLNumResultCols(statement_, &count);
+    for (SQLSMALLINT column = 1; column <= count; ++column) Describe(column);
+  }
+
+  std::vector<std::string> TakeNames() { return std::move(names_); }
+  // False at the end; `failed` when the end came too early.
+  bool Next(MemoryRecordset::Row& row, bool& failed) {
+    const SQLRETURN code = SQLFetch(statement_);
+    failed = code != SQL_NO_DATA && !Good(code);
+    if (!Good(code)) return false;
+    row.clear();
+    for (std::size_t i = 0; i < types_.size() && !failed; ++i) row.push_back(Value(i, failed));
+    return !failed;
+  }
+
+ private:
+  void Describe(SQLSMALLINT column) {
+    std::array<SQLWCHAR, 256> name{};
+    SQLSMALLINT length = 0;
+    SQLSMALLINT type = 0;
+    SQLULEN size = 0;
+    SQLSMALLINT digits = 0;
+    SQLSMALLINT nullable = 0;
+    SQLDescribeColW(statement_, static_cast<SQLUSMALLINT>(column), name.data(),
+                    static_cast<SQLSMALLINT>(name.size()), &length, &type, &size, &digits,
+                    &nullable);
+    names_.push_back(
+        Utf8(name.data(), std::min(static_cast<std::size_t>(length), name.size() - 1)));
+    types_.push_back(type);
+  }
+
+  template <typename Number>
+  DbValue NumberAt(SQLUSMALLINT column, SQLSMALLINT type, bool& failed) {
+    Number number{};
+    SQLLEN size = 0;
+    failed = !Good(SQLGetData(statement_, column, type, &number, sizeof number, &size));
+    if (failed || size == SQL_NULL_DATA) return std::monostate();
+    return number;
+  }
+
+  DbValue TextAt(SQLUSMALLINT column, bool& failed) {
+    std::string text;
+    std::array<SQLWCHAR, kPieceUnits> piece{};
+    while (true) {
+      SQLLEN size = 0;
+      const SQLRETURN code =
+          SQLGetData(statement_, column, SQL_C_WCHAR, piece.data(), sizeof piece, &size);
+      if (code == SQL_NO_DATA) return text;
+      failed = !Good(code);
+      if (failed || size == SQL_NULL_DATA) return std::monostate();
+      std::size_t units = 0;
+      while (units < piece.size() && piece[units] != 0) ++units;
+      text += Utf8(piece.data(), units);
+      if (code == SQL_SUCCESS) return text;
+    }
+  }
+
+  DbValue Value(std::size_t index, bool& failed) {
+    const auto column = static_cast<SQLUSMALLINT>(index + 1);
+    if (IsWhole(types_[index])) return NumberAt<std::int64_t>(column, SQL_C_SBIGINT, failed);
+    if (IsReal(types_[index])) return NumberAt<double>(column, SQL_C_DOUBLE, failed);
+    return TextAt(column, failed);
+  }
+
+  SQLHANDLE statement_;
+  std::vector<std::string> names_;
+  std::vector<SQLLEN> types_;
+};
+
+}  // namespace
+
+struct OdbcSession::Handles {
+  Environment environment;
+  OdbcHandle connection{SQL_HANDLE_DBC, environment.Get()};
+};
+
+std::vector<std::string> InstalledOdbcDrivers() {
+  const Environment environment;
+  std::vector<std::string> result;
+  std::array<SQLWCHAR, 256> name{};
+  SQLSMALLINT length = 0;
+  SQLUSMALLINT direction = SQL_FETCH_FIRST;
+  while (Good(SQLDriversW(environment.Get(), direction, name.data(),
+                          static_cast<SQLSMALLINT>(name.size()), &length, nullptr, 0, nullptr))) {
+    std::size_t units = 0;
+    while (units < name.size() && name[units] != 0) ++units;
+    result.push_back(Utf8(name.data(), units));
+    direction = SQL_FETCH_NEXT;
+  }
+  return result;
+}
+
+OdbcSession::OdbcSession(const std::string& connectionString, Subject subject)
+    : subject_(std::move(subject)), handles_(std::make_unique<Handles>()) {
+  const SQLHANDLE connection = handles_->connection.Get();
+  SQLSetConnectAttrW(connection, SQL_ATTR_LOGIN_TIMEOUT,
+                     reinterpret_cast<SQLPOINTER>(kLoginSeconds), 0);
+  WideText text(connectionString);
+  const SQLRETURN code = SQLDriverConnectW(connection, nullptr, text.Get(), SQL_NTS, nullptr, 0,
+                                           nullptr, SQL_DRIVER_NOPROMPT);
+  if (!Good(code)) ThrowFailure(SQL_HANDLE_DBC, connection, true);
+}
+
+OdbcSession::~OdbcSession() {
+  SQLDisconnect(handles_->connection.Get());
+}
+
+std::unique_ptr<Recordset> OdbcSession::Execute(const std::string& sql) {
+  const OdbcHandle statement(SQL_HANDLE_STMT, handles_->connection.Get());
+  WideText text(sql);
+  const SQLRETURN code = SQLExecDirectW(statement.Get(), text.Get(), SQL_NTS);
+  if (!Good(code) && code != SQL_NO_DATA) {
+    ThrowFailure(SQL_HANDLE_STMT, statement.Get(), false);
+  }
+  RowReader reader(statement.Get());
+  std::vector<MemoryRecordset::Row> rows;
+  MemoryRecordset::Row row;
+  bool failed = false;
+  std::vector<std::string> names = reader.TakeNames();
+  if (!names.empty()) {
+    while (reader.Next(row, failed)) rows.push_back(row);
+  }
+  if (failed) ThrowFailure(SQL_HANDLE_STMT, statement.Get(), false);
+  return std::make_unique<MemoryRecordset>(std::move(names), std::move(rows));
+}
+
+void OdbcSession::ThrowFailure(short handleType, void* handle, bool connecting) const {
+  const std::vector<Diagnosis> diagnoses = DiagnosesOf(handleType, handle);
+  const Diagnosis first = diagnoses.empty() ? Diagnosis{} : diagnoses.front();
+  if (!connecting) {
+    const DatabaseFailure failure = StatementFailureOf(first);
+    // What another server than the host's calls it is no number that anyone knows.
+    const bool known = first.native == kNativeNull || first.native == kNativeDuplicateIndex ||
+                       first.native == kNativeDuplicateKey;
+    const bool looked =
+        failure == DatabaseFailure::kNullField || failure == DatabaseFailure::kDuplicate;
+    throw ErrorOf(failure, first.text, looked && !known ? 0 : first.native);
+  }
+  DatabaseFailure failure = ConnectFailureOf(diagnoses);
+  if (failure == DatabaseFailure::kDriverMissing) throw ErrorOf(failure, subject_.database);
+  if (subject_.isFile) {
+    failure = failure == DatabaseFailure::kLoginRefused ? DatabaseFailure::kPasswordRefused
+                                                        : DatabaseFailure::kOther;
+    throw ErrorOf(failure, subject_.database, first.native);
+  }
+  throw ErrorOf(failure, subject_.user, first.native);
+}
+
+}  // namespace orvane

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+
+#include "databases/contact_engine.h"
+#include "databases/linux/postgres_cluster.h"
+#include "platform/common/host_databases.h"
+#include "platform/common/odbc_databases.h"
+
+namespace orvane {
+
+// Counts what is waited for.
+class CountingWork : public LongWork {
+ public:
+  void Run(const std::function<void()>& work) override {
+    ++runs;
+    work();
+  }
+  int runs = 0;
+};
+
+// What the logic needs of a database server, from another server than the host's.
+inline OdbcAccess PostgresAccess(int port) {
+  OdbcAccess access = SqlServerAccess();
+  access.connectionString = [port](const ConnectionProperties& properties) {
+    return "DRIVER={PostgreSQL Unicode};SERVER=" + properties.Get("Data Source") +
+           ";PORT=" + std::to_string(port) + ";DATABASE=" + properties.Get("Initial Catalog") +
+           ";UID=" + properties.Get("User ID") + ";PWD={" +
+           (properties.Get("Password") == PostgresCluster::kPassword ? "geheim;}}"
+                                                                     : properties.Get("Password")) +
+           "};";
+  };
+  return access;
+}
+
+inline HostDatabases ServerDatabases(OdbcAccess access, LongWork& work) {
+  const auto server = std::make_shared<OdbcDatabases>(std::move(access), work);
+  return HostDatabases(
+      {{}, [server](const ConnectionProperties& properties) { return server->Open(properties); }});
+}
+
+class PostgresContacts : public ContactEngine {
+ public:
+  PostgresContacts() {
+    if (Obstacle().empty()) cluster_.emplace(TestDataText("contacts.sql"));
+    databases_.emplace(ServerDatabases(PostgresAccess(cluster_ ? cluster_->Port() : 0), work_));
+  }
+  DatabaseServices& Databases() override { return *databases_; }
+  void Select(HostEnvironment& host) override {
+    host.useSqlServer = true;
+    host.sqlServerName = "127.0.0.1";
+    host.sqlLogin = "orvane";
+    host.sqlPassword = PostgresCluster::kPassword;
+  }
+  std::string Obstacle() const override {
+    return PostgresCluster::Programs().empty() ? "no PostgreSQL on this machine" : "";
+  }
+
+ private:
+  ImmediateWork work_;
+  std::optional<PostgresCluster> cluster_;
+  std::optional<HostDatabases> databases_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,192 @@
+// Servers that refuse, vanish, are slow or talk nonsense.
+
+#include <gtest/gtest.h>
+
+#include "databases/linux/postgres_contacts.h"
+#include "fakes/program_fixture.h"
+#include "journal/contact_lookup.h"
+
+namespace orvane {
+namespace {
+
+constexpr const char* kNotFound = "SQL Server existiert nicht oder Zugriff verweigert.";
+
+std::string Failure(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const DatabaseError& error) {
+    return std::to_string(error.Number()) + " " + error.Description();
+  }
+  return "no failure";
+}
+
+std::unique_ptr<DatabaseConnection> ServerConnection(DatabaseServices& databases,
+                                                     const std::string& server,
+                                                     const std::string& password) {
+  auto connection = databases.NewConnection();
+  connection->SetProvider("SQLOLEDB.1");
+  connection->SetProperty("Data Source", server);
+  connection->SetProperty("Initial Catalog", "Talmix");
+  connection->SetProperty("User ID", "orvane");
+  connection->SetProperty("Password", password);
+  return connection;
+}
+
+class ServerFailures : public ProgramFixture {
+ protected:
+  void SetUp() override {
+    if (PostgresCluster::Programs().empty()) GTEST_SKIP() << "no PostgreSQL on this machine";
+  }
+};
+
+TEST_F(ServerFailures, AreReportedAndTheCallGoesOn) {
+  PostgresCluster cluster(
+      "CREATE VIEW \"Langsam\" AS SELECT 1 AS \"ID\" FROM pg_sleep(60);"
+      "CREATE TABLE \"Eins\" (\"ID\" INTEGER PRIMARY KEY, \"Ort\" TEXT NOT NULL);"
+      "INSERT INTO \"Eins\" VALUES (1, 'Köln')");
+  CountingWork work;
+  HostDatabases servers = ServerDatabases(PostgresAccess(cluster.Port()), work);
+  const auto refused = ServerConnection(servers, "127.0.0.1", "falsch");
+  EXPECT_EQ(Failure([&] { refused->Open(); }),
+            "-2147217843 Fehler bei der Anmeldung für den Benutzer 'orvane'.");
+
+  const auto contacts = ServerConnection(servers, "127.0.0.1", PostgresCluster::kPassword);
+  contacts->Open();
+  EXPECT_EQ(contacts->Execute("SELECT ID FROM Eins WHERE Ort='Köln'")->Field("id"),
+            DbValue(std::int64_t{1}));
+  const std::pair<const char*, int> kRules[] = {
+      {"INSERT INTO Eins (ID,Ort) VALUES (1,'Bonn')", -1605},
+      {"INSERT INTO Eins (ID,Ort) VALUES (2,NULL)", 515}};
+  for (const auto& [sql, native] : kRules) {
+    try {
+      contacts->Execute(sql);
+      ADD_FAILURE() << sql;
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.Number(), kDbErrorFailed);
+      EXPECT_EQ(error.NativeNumber(), native);
+    }
+  }
+
+  std::thread killer([&cluster] {
+    std::this_thread::sleep_for(std::chrono::milliseconds{200});
+    cluster.Kill();
+  });
+  const std::string died = Failure([&] { contacts->Execute("SELECT ID FROM Langsam"); });
+  killer.join();
+  EXPECT_TRUE(died.starts_with("-2147467259 ")) << died;
+  contacts->Close();
+  EXPECT_EQ(Failure([&] { contacts->Open(); }), std::string("-2147467259 ") + kNotFound);
+
+  state.databases.host = servers.NewConnection();
+  state.host.useSqlServer = true;
+  state.host.sqlServerName = "127.0.0.1";
+  state.host.sqlLogin = "orvane";
+  call.company = "vorher";
+  ResolveNumber(services, state, call);
+  EXPECT_EQ(call.company, "vorher");
+  EXPECT_EQ(prompts.boxes.back(), (FakePrompts::Box{PromptIcon::kExclamation, kNotFound,
+                                                    "(-2147467259) Fehler bei Anmeldung!"}));
+}
+
+TEST_F(ServerFailures, SlowStatementsAreGivenUp) {
+  PostgresCluster cluster("CREATE VIEW \"Langsam\" AS SELECT 1 AS \"ID\" FROM pg_sleep(1);");
+  CountingWork work;
+  OdbcAccess access = PostgresAccess(cluster.Port());
+  access.limit = std::chrono::milliseconds{300};
+  HostDatabases servers = ServerDatabases(access, work);
+  const auto contacts = ServerConnection(servers, "127.0.0.1", PostgresCluster::kPassword);
+  for (int attempt = 0; !contacts->IsOpen() && attempt < 20; ++attempt) {
+    // A machine under load may take longer than the limit for the login.
+    Failure([&] { contacts->Open(); });
+    std::this_thread::sleep_for(std::chrono::milliseconds{100});
+  }
+  EXPECT_EQ(Failure([&] { contacts->Execute("SELECT ID FROM Langsam"); }),
+            "-2147217871 Timeout abgelaufen.");
+}
+
+// Takes connections on a port and does something to each.
+class Listener {
+ public:
+  explicit Listener(std::function<void(int)> answer) : answer_(std::move(answer)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    listen(socket_, 8);
+    socklen_t size = sizeof address;
+    getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
+    port_ = ntohs(address.sin_port);
+    thread_ = std::thread([this] { Serve(); });
+  }
+  ~Listener() {
+    shutdown(socket_, SHUT_RDWR);
+    thread_.join();
+    for (const int peer : peers_) close(peer);
+    close(socket_);
+  }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+  int Port() const { return port_; }
+
+ private:
+  void Serve() {
+    for (int peer = 0; (peer = accept(socket_, nullptr, nullptr)) >= 0;) {
+      peers_.push_back(peer);
+      answer_(peer);
+    }
+  }
+
+  std::function<void(int)> answer_;
+  int socket_ = socket(AF_INET, SOCK_STREAM, 0);
+  int port_ = 0;
+  std::vector<int> peers_;
+  std::thread thread_;
+};
+
+void Reset(int peer) {
+  const linger now{1, 0};
+  setsockopt(peer, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+  shutdown(peer, SHUT_RDWR);
+}
+
+void TalkNonsense(int peer) {
+  const std::string nonsense(4096, '\x04');
+  send(peer, nonsense.data(), nonsense.size(), MSG_NOSIGNAL);
+  shutdown(peer, SHUT_WR);
+}
+
+TEST(ServerDriver, ReportsWhateverIsNoServer) {
+  OdbcAccess access = SqlServerAccess();
+  access.limit = std::chrono::milliseconds{4000};
+  const std::pair<const char*, std::function<void(int)>> kCases[] = {{"reset", Reset},
+                                                                     {"nonsense", TalkNonsense}};
+  for (const auto& [what, answer] : kCases) {
+    CountingWork work;
+    HostDatabases servers = ServerDatabases(access, work);
+    Listener listener(answer);
+    const auto contacts =
+        ServerConnection(servers, "127.0.0.1," + std::to_string(listener.Port()), "x");
+    EXPECT_EQ(Failure([&] { contacts->Open(); }), std::string("-2147467259 ") + kNotFound) << what;
+  }
+  CountingWork work;
+  HostDatabases servers = ServerDatabases(access, work);
+  const auto nobody = ServerConnection(servers, "127.0.0.1," + std::to_string(FreePort()), "x");
+  EXPECT_EQ(Failure([&] { nobody->Open(); }), std::string("-2147467259 ") + kNotFound);
+}
+
+TEST(ServerDriver, IsWaitedForOnceWhenNobodyAnswers) {
+  OdbcAccess access = SqlServerAccess();
+  access.limit = std::chrono::milliseconds{200};
+  CountingWork work;
+  HostDatabases servers = ServerDatabases(access, work);
+  Listener silent([](int) {});
+  const auto contacts =
+      ServerConnection(servers, "127.0.0.1," + std::to_string(silent.Port()), "x");
+  for (int time = 0; time < 3; ++time) {
+    EXPECT_EQ(Failure([&] { contacts->Open(); }), std::string("-2147467259 ") + kNotFound);
+    EXPECT_EQ(work.runs, 1);
+  }
+}
+
+}  // namespace
+}  // namespace orvane
