@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QGroupBox>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
@@ -90,7 +91,8 @@ void frmOptionen::ConnectControls() {
   connect(c_.tabTab, &QTabWidget::currentChanged, this,
           [this] { c_.cmdAktion[kApply]->setFocus(); });
   for (QWidget* watched : {static_cast<QWidget*>(c_.panHead), static_cast<QWidget*>(c_.lblHead),
-                           static_cast<QWidget*>(c_.tabConf), c_.lstLineSel->viewport()}) {
+                           static_cast<QWidget*>(c_.tabConf), static_cast<QWidget*>(c_.lstLineSel),
+                           c_.lstLineSel->viewport()}) {
     watched->installEventFilter(this);
   }
 }
@@ -125,6 +127,14 @@ bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
     c_.lstLineSel->setFocus();
     QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text());
     return QCoreApplication::sendEvent(c_.lstLineSel, &again);
+  }
+  if (watched == c_.lstLineSel) {
+    // The tabulator key makes the first line the current one without selecting it, and keys that
+    // lead to the current line do nothing.
+    const bool moves =
+        event->type() == QEvent::KeyPress && MovesInList(static_cast<QKeyEvent*>(event)->key());
+    if (moves && SelectedLine() < 0) c_.lstLineSel->selectionModel()->clearCurrentIndex();
+    return false;
   }
   if (event->type() != QEvent::MouseButtonPress) return QDialog::eventFilter(watched, event);
   if (watched == c_.lstLineSel->viewport()) {

@@ -101,6 +101,19 @@ TEST_F(OptionsPageTest, SelectingALineClosesAndOpensAtOnce) {
   EXPECT_EQ(FocusName(), "tabConf");
 }
 
+TEST_F(OptionsPageTest, KeysSelectALineWhereNoneIsSelected) {
+  SetRegistry("TapiBez", "");
+  for (const int key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Up}) {
+    state.settings.tapiLineId = kNoTapiLine;
+    OpenOptions();
+    In<QListWidget>("lstLineSel")->clearSelection();
+    In("lstLineSel")->setFocus(Qt::TabFocusReason);
+    Key(key);
+    EXPECT_EQ(state.settings.tapiLineId, 0);
+    ClickIn("cmdAktion_1");
+  }
+}
+
 TEST_F(OptionsPageTest, AListThatIsReadAnewMayLackTheCurrentLine) {
   OpenOptions();
   tapi.lineNames = {"Büro"};
