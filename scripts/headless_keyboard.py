@@ -59,7 +59,7 @@ SPEED_DIAL = {TEXT: [f"{what} {kind} {row}" for what in ("Rufnummer", "Kurzwahlb
                      for kind in ("intern", "extern") for row in range(1, 9)],
               BUTTON: ["Übernehmen", "Abbrechen"]}
 # What takes the focus together with a control that has a name.
-PARTS = ("list item", "table cell", "tree item", "filler")
+PARTS = ("list item", "page tab", "table cell", "tree item", "filler")
 
 
 class Run:
@@ -113,21 +113,30 @@ class Run:
         self.tell(f"{what}: {sum(map(len, controls.values()))} controls found by name and role.")
 
     def focused(self, caption):
+        """The name of the control with the focus; empty while there is none."""
         focused = self.screen.atspi.StateType.FOCUSED
-        return [name for role, name, states in self.states(caption)
-                if states.contains(focused) and role not in PARTS]
+        try:
+            window = self.screen.window(caption)
+            for node in descendants(window, closed=("tree", "combo box", "list")) if window else ():
+                if node.get_state_set().contains(focused) and node.get_role_name() not in PARTS:
+                    return node.get_name()
+        except self.screen.gone:
+            pass
+        return ""
 
     def wait_for_focus(self, name, caption=DIALER):
-        wait_for(f"the focus on '{name}'", lambda: name in self.focused(caption))
+        wait_for(f"the focus on '{name}'", lambda: self.focused(caption) == name)
 
     def go_to(self, name, caption=DIALER, key="Tab"):
         """Walks along the tab order until the control has the focus."""
+        at = self.focused(caption)
         for _ in range(LONGEST_TAB_ORDER):
-            before = self.focused(caption)
-            if name in before:
+            if at == name:
                 return
+            before = at
             self.keys(key)
-            wait_for(f"the focus to leave {before}", lambda: self.focused(caption) != before)
+            at = wait_for(f"the focus to leave '{before}'", lambda: next(
+                (now for now in [self.focused(caption)] if now != before), ""))
         raise Failed(f"the tab order does not lead to '{name}'")
 
     def number(self):
@@ -143,7 +152,7 @@ class Run:
     def start(self):
         self.manager = start_window_manager()
         self.host = subprocess.Popen([str(self.programs / "orvane-demo-host"),
-                                      "--root", str(self.root), "--history", "30"])
+                                      "--root", str(self.root), "--history", "3"])
         self.expect(DIALER, "Dial window", PAD)
         subprocess.run(["xdotool", "search", "--name", DIALER, "windowactivate", "--sync"],
                        check=True)

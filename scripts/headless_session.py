@@ -13,6 +13,7 @@ import tempfile
 import time
 
 STEP_LIMIT_S = 20
+SCREEN_SIZE = "1360x920"
 
 
 class Failed(Exception):
@@ -57,7 +58,7 @@ def end_group(process):
             time.sleep(0.2)
 
 
-def start_display(size):
+def start_display(size=SCREEN_SIZE):
     read_end, write_end = os.pipe()
     # Without -noreset the display starts anew when its last client leaves, and whoever is just
     # connecting is thrown out.
@@ -86,7 +87,7 @@ def private_environment(folder, display):
     return environment
 
 
-def run_in_session(script, arguments, out, size="1360x920", **settings):
+def run_in_session(script, arguments, out, size=SCREEN_SIZE, **settings):
     """Runs `script --inside <arguments> <empty folder>` in a session of its own; its exit code.
 
     What the programs of the session say goes to session.log in the folder `out`, which is empty
@@ -101,7 +102,8 @@ def run_in_session(script, arguments, out, size="1360x920", **settings):
             session = subprocess.Popen(
                 ["dbus-run-session", "--", sys.executable, script, "--inside",
                  *map(str, arguments), str(folder)],
-                env=dict(private_environment(folder, name), **settings), start_new_session=True, stderr=log)
+                env=dict(private_environment(folder, name), **settings),
+                start_new_session=True, stderr=log)
         return session.wait()
     finally:
         signal.alarm(0)
@@ -128,12 +130,14 @@ def end_processes(*processes):
                 process.kill()
 
 
-def descendants(node):
+def descendants(node, closed=()):
+    """All nodes below this one; what is inside of the roles in `closed` is left out."""
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
         if child is not None:
             yield child
-            yield from descendants(child)
+            if child.get_role_name() not in closed:
+                yield from descendants(child, closed)
 
 
 class Screen:

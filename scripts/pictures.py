@@ -1,10 +1,12 @@
 #!/usr/bin/python3
-"""Pictures of every state of the windows, made from the real programs on a display without a screen.
+"""Pictures of every state of the windows, from the real programs on a display without a screen.
 
   scripts/pictures.py <folder of the programs> <folder for the pictures> [<scheme>-<percent> ...]
+  scripts/pictures.py <folder of the programs> <folder for the pictures> docs
 
 Schemes are light and dark, as the desktop's colours ask for; without a choice, both are taken at
-100, 150 and 200 percent, each into a folder of its own. Whatever was started is ended at the end.
+100, 150 and 200 percent, each into a folder of its own. With "docs", a chosen few become the
+pictures of the README and the guide. Whatever was started is ended at the end.
 """
 import os
 import pathlib
@@ -31,9 +33,19 @@ SCHEMES = {
 }
 PERCENTS = (100, 150, 200)
 
+DOCUMENTS = pathlib.Path(__file__).resolve().parents[1] / "docs" / "images"
+CHOSEN = {
+    "idle": "light-100/01-idle", "number": "light-100/02-number", "call": "light-100/04-in-call",
+    "call-dark": "dark-100/04-in-call", "refused": "light-100/05-refused",
+    "speed-dial": "light-100/07-speed-dial", "history": "light-100/08-history-outgoing",
+    "history-filtered": "light-100/10-history-filtered",
+    "options": "light-100/12-options-communication",
+    "options-speed-dial": "light-100/13-options-speed-dial", "compact": "light-100/14-compact",
+}
+
 
 def set_up_desktop(folder, scheme):
-    """The settings lie where the system's do: the demo host has a place of its own for the user's."""
+    """The settings lie where the system's do; the demo host has its own place for the user's."""
     folder.mkdir()
     os.environ["XDG_CONFIG_DIRS"] = str(folder)
     ground, text, field, field_text = SCHEMES[scheme]
@@ -181,6 +193,13 @@ class Album:
             end_processes(*self.started)
 
 
+def renew_documents(pictures):
+    for name, source in CHOSEN.items():
+        subprocess.run(["convert", str(pictures / f"{source}.png"), "-trim", "+repage", "+dither",
+                        "-colors", "96", "-strip", "-define", "png:compression-level=9",
+                        str(DOCUMENTS / f"{name}.png")], check=True)
+
+
 def main():
     limit_time(TIME_LIMIT_S)
     if sys.argv[1:2] == ["--inside"]:
@@ -189,6 +208,9 @@ def main():
         sys.exit(__doc__)
     programs, out = (pathlib.Path(text).resolve() for text in sys.argv[1:3])
     choice = sys.argv[3:] or [f"{scheme}-{percent}" for percent in PERCENTS for scheme in SCHEMES]
+    for_documents = choice == ["docs"]
+    if for_documents:
+        choice = sorted({source.split("/")[0] for source in CHOSEN.values()})
     result = 0
     for variant in choice:
         limit_time(TIME_LIMIT_S)
@@ -197,6 +219,8 @@ def main():
             __file__, [programs, out / variant], out=out / variant,
             size=f"{int(1360 * scale)}x{int(920 * scale)}", QT_SCALE_FACTOR=str(scale),
             QT_QPA_PLATFORMTHEME="kde", XDG_CURRENT_DESKTOP="KDE", KDE_SESSION_VERSION="5")
+    if for_documents and result == 0:
+        renew_documents(out)
     return result
 
 

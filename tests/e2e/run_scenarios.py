@@ -229,7 +229,7 @@ class Play:
         let_settle()
         press("alt+l", "alt+t")
         let_settle()
-        press("alt+m", "alt+x", "Tab", "Home")
+        press("alt+m", "alt+x", "Tab", "Down", "Up")
         self.picture("-chosen")
         press("alt+b")
         wait_for("the notification", lambda: f"< {notification}" in self.messages(), STEP_LIMIT_S)

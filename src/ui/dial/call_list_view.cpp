@@ -73,6 +73,8 @@ void CallListView::SetFilterText(const QString& text) {
   filter_.SetText(text);
   Unfold();
   if (!currentIndex().isValid()) SelectFirstCall();
+  // Left to the next painting, the new layout would have everything painted a second time.
+  executeDelayedItemsLayout();
 }
 
 void CallListView::Unfold() {

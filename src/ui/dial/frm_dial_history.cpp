@@ -52,11 +52,16 @@ void frmDial::ConnectHistory() {
       });
     });
   }
-  connect(c_.tabTab, &QTabBar::currentChanged, this, [this](int tab) {
+  const auto onTab = [this](int tab) {
     queue_.Submit([this, tab] {
       OnCallFilter(kTabValue, tab);
       c_.repTel->setFocus();
     });
+  };
+  connect(c_.tabTab, &QTabBar::currentChanged, this, onTab);
+  // A click on the selected tab reads its calls anew.
+  connect(c_.tabTab, &QTabBar::tabBarClicked, this, [this, onTab](int tab) {
+    if (tab == c_.tabTab->currentIndex()) onTab(tab);
   });
   connect(c_.txtFilter, &QLineEdit::textChanged, this, [this] { OnTextFilter(); });
   connect(c_.cmdClrTextFilter, &QPushButton::clicked, this, [this] {

@@ -78,8 +78,10 @@ QHBoxLayout* BuildTextFilter(DialControls& c) {
   c.lblInf[0]->setText(QStringLiteral("Textfilter:"));
   SetRole(*c.lblInf[1], role::kMuted);
   c.lblInf[1]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  c.lblInf[1]->setMinimumWidth(
-      c.lblInf[1]->fontMetrics().horizontalAdvance(QStringLiteral("600 von 600 Anrufen")));
+  // A label of fixed size does not have the window laid out anew at each key in the filter.
+  c.lblInf[1]->setFixedSize(
+      c.lblInf[1]->fontMetrics().horizontalAdvance(QStringLiteral("600 von 600 Anrufen")),
+      kFieldHeight);
 
   c.txtFilter = new QLineEdit(c.grpFilter);
   Name(*c.txtFilter, "txtFilter");

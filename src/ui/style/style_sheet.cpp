@@ -233,7 +233,8 @@ QString ValueOf(const QString& name, const Palette& palette, int fontPixels) {
   if (name == QLatin1String("commandPx")) return Pixels(fontPixels + 2);
   if (name == QLatin1String("numberPx")) return Pixels(fontPixels + 5);
   if (name == QLatin1String("mediumNumberPx")) return Pixels(fontPixels + 3);
-  if (name == QLatin1String("longNumberPx")) return Pixels(fontPixels + 1);
+  // The field is hardly wider with a large font.
+  if (name == QLatin1String("longNumberPx")) return Pixels(std::min(fontPixels + 1, 18));
   // The compact view is as low with a large font.
   if (name == QLatin1String("compactNumberPx")) return Pixels(std::min(fontPixels + 1, 14));
   if (name == QLatin1String("compactCommandPx")) return Pixels(std::min(fontPixels + 2, 15));

@@ -75,8 +75,15 @@ TEST_F(DialWindowHistory, ShowsTheCallsOfTheFilters) {
     EXPECT_FALSE(prompts.busy);
   }
   EXPECT_EQ(TextOf("lblInf_1"), "1 Anruf");
-  Find<QTabBar>("tabTab")->setCurrentIndex(1);
-  EXPECT_EQ(FocusName(), "repTel");
+  auto* tabs = Find<QTabBar>("tabTab");
+  for (const int clicked : {1, 1, 0, 1}) {
+    const auto statements = databases.statements.size();
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(clicked).center());
+    EXPECT_EQ(databases.statements.size(), statements + 1);
+    EXPECT_EQ(Setting("TelTab"), std::to_string(clicked));
+    EXPECT_EQ(FocusName(), "repTel");
+    Focus("txtNr");
+  }
 
   // A new window begins as the last one was left, and stores nothing by that.
   Find<QTabBar>("tabTab")->setCurrentIndex(0);
