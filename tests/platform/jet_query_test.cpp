@@ -79,12 +79,13 @@ TEST(JetQuery, FindsTheSameRowsThroughIndexes) {
       std::string(kSelect) + "D.t IN('1','2') OR D.u='3' OR A.n IN('2','5') OR A.n='6'";
   TranslatedStatement statement = TranslateJetSql(query);
   ASSERT_FALSE(statement.indexedSql.empty());
-  const std::string row = "quote(k)||quote(n)||quote(id)||quote(t)";
+  const std::string select = "SELECT quote(k)||quote(n)||quote(id)||quote(t) FROM (";
   for (int round = 0; round < 40; ++round) {
     RawSqlite database(":memory:");
     database.Run(RandomTables(random));
     const auto rows = [&](const std::string& sql) {
-      return database.Run("SELECT " + row + " FROM (" + sql + ") ORDER BY 1");
+      std::string whole = select;
+      return database.Run(whole.append(sql).append(") ORDER BY 1"));
     };
     EXPECT_EQ(rows(statement.indexedSql), rows(statement.sql)) << round;
   }

@@ -203,17 +203,20 @@ std::string ImpliedOrder(const Tokens& query, bool hasTop, std::string_view leng
 std::optional<Tokens> IndexedJoin(const Tokens& query) {
   const std::optional<Join> join = ParseJoin(query);
   if (!join) return std::nullopt;
-  const auto& [columns, left, right, on, leftTerms, rightTerms] = *join;
-  const auto rowNumbers = [&](Builder& out) {
+  const JetToken& left = join->left;
+  const JetToken& right = join->right;
+  const auto addRowNumbers = [&](Builder& out) {
     out.Add("SELECT").Add(left).Add(".rowid AS l,").Add(right).Add(".rowid AS r FROM");
   };
   Builder out;
-  out.Add("SELECT").Add(columns).Add("FROM (");
-  rowNumbers(out);
-  out.Add(right).Add("CROSS JOIN").Add(left).Add("ON").Add(on).Add("WHERE").Add(rightTerms);
+  out.Add("SELECT").Add(join->columns).Add("FROM (");
+  addRowNumbers(out);
+  out.Add(right).Add("CROSS JOIN").Add(left).Add("ON").Add(join->on);
+  out.Add("WHERE").Add(join->rightTerms);
   out.Add("UNION");
-  rowNumbers(out);
-  out.Add(left).Add("LEFT JOIN").Add(right).Add("ON").Add(on).Add("WHERE").Add(leftTerms);
+  addRowNumbers(out);
+  out.Add(left).Add("LEFT JOIN").Add(right).Add("ON").Add(join->on);
+  out.Add("WHERE").Add(join->leftTerms);
   out.Add(") AS found CROSS JOIN").Add(left).Add("ON").Add(left).Add(".rowid = found.l");
   out.Add("LEFT JOIN").Add(right).Add("ON").Add(right).Add(".rowid = found.r");
   return out.Take();

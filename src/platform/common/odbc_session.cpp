@@ -17,12 +17,17 @@
 namespace orvane {
 namespace {
 
-constexpr std::intptr_t kLoginSeconds = 8;
+constexpr std::uintptr_t kLoginSeconds = 8;
 constexpr std::size_t kPieceUnits = 2048;
 // The host's server's own numbers that the program's rules know.
 constexpr std::int32_t kNativeNull = 515;
 constexpr std::int32_t kNativeDuplicateIndex = 2601;
 constexpr std::int32_t kNativeDuplicateKey = 2627;
+
+// The interface takes numbers where pointers stand.
+SQLPOINTER AsPointer(std::uintptr_t number) {
+  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
+}
 
 bool Good(SQLRETURN code) {
   return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
@@ -49,8 +54,7 @@ class OdbcHandle {
 class Environment : public OdbcHandle {
  public:
   Environment() : OdbcHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
-    SQLSetEnvAttr(Get(), SQL_ATTR_ODBC_VERSION,
-                  reinterpret_cast<SQLPOINTER>(std::uintptr_t{SQL_OV_ODBC3}), 0);
+    SQLSetEnvAttr(Get(), SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
   }
 };
 
@@ -248,8 +252,7 @@ std::vector<std::string> InstalledOdbcDrivers() {
 OdbcSession::OdbcSession(const std::string& connectionString, Subject subject)
     : subject_(std::move(subject)), handles_(std::make_unique<Handles>()) {
   const SQLHANDLE connection = handles_->connection.Get();
-  SQLSetConnectAttrW(connection, SQL_ATTR_LOGIN_TIMEOUT,
-                     reinterpret_cast<SQLPOINTER>(kLoginSeconds), 0);
+  SQLSetConnectAttrW(connection, SQL_ATTR_LOGIN_TIMEOUT, AsPointer(kLoginSeconds), 0);
   WideText text(connectionString);
   const SQLRETURN code = SQLDriverConnectW(connection, nullptr, text.Get(), SQL_NTS, nullptr, 0,
                                            nullptr, SQL_DRIVER_NOPROMPT);

@@ -56,6 +56,7 @@ pid_t Start(const std::filesystem::path& program, const std::vector<std::string>
   std::vector<std::string> words{program.string()};
   words.insert(words.end(), names.begin(), names.end());
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   char* environment[] = {nullptr};

@@ -19,7 +19,7 @@ namespace {
 // Beside this program where it is built, in a folder for such helpers where it is installed.
 std::filesystem::path JetReaderProgram() {
   const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
-  const std::filesystem::path beside = folder / "orvane-jet-reader";
+  std::filesystem::path beside = folder / "orvane-jet-reader";
   std::error_code error;
   if (std::filesystem::exists(beside, error)) return beside;
   return folder.parent_path() / "libexec/orvane/orvane-jet-reader";

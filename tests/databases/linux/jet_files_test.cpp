@@ -70,11 +70,11 @@ TEST(JetFiles, FindNumbersAmongManyRows) {
       services.Open(std::string(ORVANE_BUILD_DIR) + "/testdata/CONTACT-large.FDB", kHostPassword);
   for (const int key : {1, 25'000, 50'000}) {
     const std::string number = "49" + std::to_string(3'000'000'000 + 10LL * key);
-    EXPECT_EQ(Column(*contacts,
-                     "SELECT AdrDetail.DetID FROM Adressen LEFT JOIN AdrDetail ON "
-                     "Adressen.AdrID=AdrDetail.AdrID WHERE AdrDetail.RawTel1='" +
-                         number + "' OR Adressen.RawZentrTel='" + number + "'"),
-              std::to_string(key) + " ");
+    std::string sql =
+        "SELECT AdrDetail.DetID FROM Adressen LEFT JOIN AdrDetail ON "
+        "Adressen.AdrID=AdrDetail.AdrID WHERE AdrDetail.RawTel1='";
+    sql.append(number).append("' OR Adressen.RawZentrTel='").append(number).append("'");
+    EXPECT_EQ(Column(*contacts, sql), std::to_string(key) + " ");
   }
   EXPECT_EQ(Column(*contacts, "SELECT Count(AdrID) FROM Adressen"), "20000 ");
 }
@@ -125,7 +125,7 @@ TEST(JetFiles, AreReadAgainWhenTheyChange) {
 TEST(JetFiles, FailWhenTheReaderDoes) {
   const std::string contacts = kJetTestData + "CONTACT.FDB";
   const auto sleeper = [](TemporaryFolder& folder, const char* script) {
-    const auto file = folder.Write("reader", script);
+    auto file = folder.Write("reader", script);
     std::filesystem::permissions(file, std::filesystem::perms::owner_all);
     return file;
   };

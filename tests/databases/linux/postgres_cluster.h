@@ -26,7 +26,8 @@ inline int FreePort() {
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   socklen_t size = sizeof address;
-  bind(probe, reinterpret_cast<sockaddr*>(&address), size);
+  if (bind(probe, reinterpret_cast<sockaddr*>(&address), size) != 0)
+    throw std::runtime_error("no free port");
   getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
   close(probe);
   return ntohs(address.sin_port);
@@ -41,8 +42,7 @@ class PostgresCluster {
   // Empty when there is no PostgreSQL on this machine.
   static std::filesystem::path Programs() {
     for (int version = 30; version > 9; --version) {
-      const std::filesystem::path folder =
-          "/usr/lib/postgresql/" + std::to_string(version) + "/bin";
+      std::filesystem::path folder = "/usr/lib/postgresql/" + std::to_string(version) + "/bin";
       if (std::filesystem::exists(folder / "postgres")) return folder;
     }
     return {};
@@ -91,6 +91,7 @@ class PostgresCluster {
   static pid_t Start(std::vector<std::string> words) {
     words[0] = (Programs() / words[0]).string();
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     const passwd* const account = geteuid() == 0 ? getpwnam("postgres") : nullptr;

@@ -42,7 +42,7 @@ inline HostDatabases ServerDatabases(OdbcAccess access, LongWork& work) {
 class PostgresContacts : public ContactEngine {
  public:
   PostgresContacts() {
-    if (Obstacle().empty()) cluster_.emplace(TestDataText("contacts.sql"));
+    if (!PostgresCluster::Programs().empty()) cluster_.emplace(TestDataText("contacts.sql"));
     databases_.emplace(ServerDatabases(PostgresAccess(cluster_ ? cluster_->Port() : 0), work_));
   }
   DatabaseServices& Databases() override { return *databases_; }
