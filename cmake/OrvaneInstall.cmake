@@ -2,7 +2,10 @@
 # it, and the demo host beside it.
 include(GNUInstallDirs)
 
-install(TARGETS orvane orvane-demo-host RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+install(TARGETS orvane-demo-host RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+# The programs that read Jet files stand together; users reach what they call through links.
+install(TARGETS orvane orvane-jet-reader orvane-jet-umwandeln
+  RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/orvane")
 install(FILES "${CMAKE_BINARY_DIR}/data/VPB.rgt" "${CMAKE_BINARY_DIR}/data/TelList.fdb"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/orvane")
 install(FILES "${CMAKE_BINARY_DIR}/data/orvane.png"
