@@ -75,7 +75,8 @@ def main():
         environment = private_environment(folder, os.environ["DISPLAY"])
         libraries = (windows / "library_folders").read_text().strip()
         program = windows / "program"
-        wine = WineSystem(windows / "bin", folder / "wine-demo", environment, folder, program, libraries)
+        wine = WineSystem(windows / "bin", folder / "wine-demo", environment, folder, libraries)
+        wine.put_program(program)
         systems = {"native": NativeSystem(native, folder / "demo", environment), "Windows under Wine": wine}
         lines = ["| Measured | p50 | p99 |", "|---|---|---|",
                  f"| program folder for Windows | {folder_size(program) / 1e6:.1f} MB | |",

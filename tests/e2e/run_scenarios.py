@@ -54,13 +54,18 @@ class NativeSystem:
 
 
 class WineSystem:
-    def __init__(self, programs, root, environment, folder, program_folder, libraries):
+    """A fresh Wine prefix, to which put_program brings the dialer's folder."""
+
+    def __init__(self, programs, root, environment, folder, libraries):
         self.programs, self.root, self.environment = programs, root, environment
         self.wine, self.libraries = folder / "wine", libraries
-        self.program_folder = self.wine / "prefix" / "drive_c" / "Orvane"
+        self.drive = self.wine / "prefix" / "drive_c"
+        self.program_folder = self.drive / "Orvane"
         subprocess.run([PROJECT / "scripts" / "windows" / "wine_prefix.sh", self.wine],
                        env=environment, check=True)
-        shutil.copytree(program_folder, self.program_folder)
+
+    def put_program(self, folder):
+        shutil.copytree(folder, self.program_folder)
 
     def command(self, libraries, *arguments):
         return [PROJECT / "scripts" / "windows" / "wine.sh", self.wine, libraries, *arguments]
@@ -316,8 +321,8 @@ def play_inside(arguments, folder):
         if len(arguments) == 2:
             system = NativeSystem(programs, root, environment)
         else:
-            system = WineSystem(programs, root, environment, folder,
-                                pathlib.Path(arguments[3]), arguments[4])
+            system = WineSystem(programs, root, environment, folder, arguments[4])
+            system.put_program(pathlib.Path(arguments[3]))
         return 1 if play_all(system, root, out) else 0
     finally:
         if system:
