@@ -8,15 +8,13 @@ bus, demo host with dialer and line) and clicks with real pointer events. Exits 
 line heard the right digits and the hang-up, and the journal holds the call. Whatever it started is
 ended when it leaves.
 """
-import pathlib
 import re
 import sqlite3
 import subprocess
-import sys
 import time
 
-from headless_session import (STEP_LIMIT_S, Failed, Screen, end_processes, limit_time,
-                              run_in_session, start_window_manager, wait_for)
+from headless_run import DIALER, Run, main
+from headless_session import Failed, start_window_manager, wait_for
 
 TIME_LIMIT_S = 100
 
@@ -40,36 +38,13 @@ COURSES = {
 TALK_S = 1.5  # long enough for a duration to tell
 
 HOST = "TALMIX_TRAY18"
-DIALER = "TALMIX_BRISKO"
 
 
-class Call:
-    def __init__(self, programs, out, line, folder):
-        self.programs, self.out, self.root = programs, out, folder / "demo"
-        self.line = line.name
-        self.expected, self.in_call, self.ended = COURSES[self.line]
-        self.screen = Screen()
-        self.lines = []
-        self.manager = self.host = None
-
-    def tell(self, line=""):
-        print(line, flush=True)
-        self.lines.append(line)
-
-    def picture(self, name):
-        subprocess.run(["import", "-window", "root", str(self.out / name)], check=True)
-
-    def heard(self):
-        log = self.root / "line.log"
-        lines = log.read_text().splitlines() if log.exists() else []
-        return [line[2:] for line in lines if line.startswith("< ")]
-
-    def progress_lines(self):
-        log = self.screen.find(DIALER, "Gesprächsverlauf", "list")
-        return [text for _, text in self.screen.entries(log)]
-
-    def number(self):
-        return self.screen.text(self.screen.find(DIALER, "Rufnummer", "text"))
+class Call(Run):
+    def __init__(self, programs, out, folder, line):
+        super().__init__(programs, out, folder)
+        self.line = line
+        self.expected, self.in_call, self.ended = COURSES[line]
 
     def start(self):
         self.manager = start_window_manager()
@@ -168,44 +143,17 @@ class Call:
         if bool(rows[0]["Dauer"]) == (self.line == "modem"):
             raise Failed("the journal's duration is wrong")
 
-    def run(self):
-        try:
-            self.start()
-            self.type_number()
-            self.send_dial()
-            self.dial()
-            self.hang_up()
-            self.close()
-            self.check_line()
-            self.check_journal()
-            self.tell("\nThe call happened as it should.")
-            return 0
-        except (Failed, OSError, subprocess.SubprocessError, ValueError, sqlite3.Error) as error:
-            self.tell(f"\nFAILED: {error}")
-            for line in self.heard():
-                self.tell("  heard: " + line)
-            (self.out / "accessibility-tree.txt").write_text(self.screen.dump())
-            subprocess.run(["import", "-window", "root", str(self.out / "failed.png")], check=False)
-            return 1
-        finally:
-            (self.out / "transcript.txt").write_text("\n".join(self.lines) + "\n")
-            end_processes(self.host, self.manager)
-
-
-def main():
-    inside = sys.argv[1:2] == ["--inside"]
-    # The inner limit comes first, so that a call that hangs can still say where.
-    limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
-    paths = [pathlib.Path(text).resolve() for text in sys.argv[2 if inside else 1:]]
-    if len(paths) != (4 if inside else 3) or paths[2].name not in COURSES:
-        sys.exit(__doc__)
-    if inside:
-        return Call(*paths).run()
-    return run_in_session(__file__, paths, out=paths[1])
+    def play(self):
+        self.start()
+        self.type_number()
+        self.send_dial()
+        self.dial()
+        self.hang_up()
+        self.close()
+        self.check_line()
+        self.check_journal()
+        self.tell("\nThe call happened as it should.")
 
 
 if __name__ == "__main__":
-    try:
-        sys.exit(main())
-    except Failed as failure:
-        sys.exit(f"headless call: {failure}")
+    main(Call, __file__, __doc__, TIME_LIMIT_S, choices=COURSES)

@@ -8,19 +8,17 @@ the view and back: by key events alone, finding each control by its name when it
 every window each control that is named below is there in its role, and none that takes the focus
 lacks a name. Whatever it started is ended when it leaves.
 """
-import pathlib
 import re
 import subprocess
-import sys
 
-from headless_session import (Failed, Screen, descendants, end_processes, limit_time,
-                              run_in_session, start_window_manager, wait_for)
+from headless_run import DIALER, Run, main
+from headless_session import Failed, descendants, start_window_manager, wait_for
 
 TIME_LIMIT_S = 110
 COMPACT_HEIGHT = 66  # at most
 LONGEST_TAB_ORDER = 50
 
-DIALER, OPTIONS = "TALMIX_BRISKO", "Brisko :: Optionen"
+OPTIONS = "Brisko :: Optionen"
 NUMBER, DIGITS = "0641 1", "06411"
 
 BUTTON, TOGGLE, TEXT = "push button", "check box", "text"
@@ -62,20 +60,7 @@ SPEED_DIAL = {TEXT: [f"{what} {kind} {row}" for what in ("Rufnummer", "Kurzwahlb
 PARTS = ("list item", "page tab", "table cell", "tree item", "filler")
 
 
-class Run:
-    def __init__(self, programs, out, folder):
-        self.programs, self.out, self.root = programs, out, folder / "demo"
-        self.screen = Screen()
-        self.lines = []
-        self.manager = self.host = None
-
-    def tell(self, line):
-        print(line, flush=True)
-        self.lines.append(line)
-
-    def picture(self, name):
-        subprocess.run(["import", "-window", "root", str(self.out / name)], check=True)
-
+class KeyboardRun(Run):
     def keys(self, *keys):
         subprocess.run(["xdotool", "key", *keys], check=True)
 
@@ -139,16 +124,6 @@ class Run:
                 (now for now in [self.focused(caption)] if now != before), ""))
         raise Failed(f"the tab order does not lead to '{name}'")
 
-    def number(self):
-        return self.screen.text(self.screen.find(DIALER, "Rufnummer", TEXT))
-
-    def wait_for_progress(self, beginning):
-        def last():
-            log = self.screen.find(DIALER, "Gesprächsverlauf", "list")
-            lines = [text for _, text in self.screen.entries(log)]
-            return bool(lines) and lines[-1].startswith(beginning)
-        wait_for(f"'{beginning}' in the progress log", last)
-
     def start(self):
         self.manager = start_window_manager()
         self.host = subprocess.Popen([str(self.programs / "orvane-demo-host"),
@@ -162,11 +137,11 @@ class Run:
         self.type(NUMBER)
         wait_for("the number", lambda: self.number() == NUMBER)
         self.keys("Return")
-        self.wait_for_progress("Verbunden um ")
+        self.wait_for_last_progress("Verbunden um ")
         self.wait_for_focus("Auflegen")
         self.picture("1-in-call.png")
         self.keys("Return")
-        self.wait_for_progress("Gesprächsdauer: ")
+        self.wait_for_last_progress("Gesprächsdauer: ")
         self.tell("A call was placed and ended.")
 
     def pick_from_history(self):
@@ -223,38 +198,13 @@ class Run:
         wait_for("the full view where it was", lambda: self.place() == full)
         self.tell("The view was switched and switched back.")
 
-    def run(self):
-        try:
-            self.start()
-            self.call()
-            self.pick_from_history()
-            self.options()
-            self.views()
-            return 0
-        except (Failed, OSError, subprocess.SubprocessError, ValueError) as error:
-            self.tell(f"FAILED: {error}")
-            (self.out / "accessibility-tree.txt").write_text(self.screen.dump())
-            self.picture("failed.png")
-            return 1
-        finally:
-            (self.out / "transcript.txt").write_text("\n".join(self.lines) + "\n")
-            end_processes(self.host, self.manager)
-
-
-def main():
-    inside = sys.argv[1:2] == ["--inside"]
-    # The inner limit comes first, so that a step that hangs can still say where.
-    limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
-    paths = [pathlib.Path(text).resolve() for text in sys.argv[2 if inside else 1:]]
-    if len(paths) != (3 if inside else 2):
-        sys.exit(__doc__)
-    if inside:
-        return Run(*paths).run()
-    return run_in_session(__file__, paths, out=paths[1])
+    def play(self):
+        self.start()
+        self.call()
+        self.pick_from_history()
+        self.options()
+        self.views()
 
 
 if __name__ == "__main__":
-    try:
-        sys.exit(main())
-    except Failed as failure:
-        sys.exit(f"headless keyboard: {failure}")
+    main(KeyboardRun, __file__, __doc__, TIME_LIMIT_S)

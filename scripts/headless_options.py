@@ -8,38 +8,22 @@ test call through each with real pointer and key events, applies the SIP line an
 entry, and calls. Exits with 0 only when the lines heard every call and its end, and the host was
 notified. Whatever it started is ended when it leaves.
 """
-import pathlib
 import re
 import subprocess
-import sys
 
-from headless_session import (Failed, Screen, end_processes, limit_time, run_in_session,
-                              start_window_manager, wait_for)
+from headless_run import DIALER, Run, main
+from headless_session import Failed, start_window_manager, wait_for
 
 TIME_LIMIT_S = 110
 
 HOST = "TALMIX_TRAY18"
-DIALER = "TALMIX_BRISKO"
 OPTIONS = "Brisko :: Optionen"
 TEST_NUMBER = "0301"
 MARK_OFFSET = 10  # of a radio button's or check box's mark from its left edge
 NAME, NUMBER = "Jäger & Söhne, Weiß", "217"
 
 
-class Tour:
-    def __init__(self, programs, out, folder):
-        self.programs, self.out, self.root = programs, out, folder / "demo"
-        self.screen = Screen()
-        self.lines = []
-        self.manager = self.host = None
-
-    def tell(self, line):
-        print(line, flush=True)
-        self.lines.append(line)
-
-    def picture(self, name):
-        subprocess.run(["import", "-window", "root", str(self.out / name)], check=True)
-
+class Tour(Run):
     def control(self, name, *roles, window=OPTIONS):
         return wait_for(f"'{name}'", lambda: self.screen.find(window, name, *roles))
 
@@ -63,11 +47,6 @@ class Tour:
 
     def wait_for_progress(self, text):
         wait_for(f"'{text}' in the progress of the test call", lambda: text in self.progress())
-
-    def heard(self):
-        log = self.root / "line.log"
-        lines = log.read_text().splitlines() if log.exists() else []
-        return [line[2:] for line in lines if line.startswith("< ")]
 
     def wait_for_heard(self, pattern):
         wait_for(f"'{pattern}' at the other end",
@@ -157,39 +136,13 @@ class Tour:
         self.wait_for_heard("(BYE|CANCEL) .*")
         self.tell("A call went through the line that was set up.")
 
-    def run(self):
-        try:
-            self.start()
-            self.try_lines()
-            self.apply()
-            self.check_speed_dial()
-            self.call()
-            return 0
-        except (Failed, OSError, subprocess.SubprocessError, ValueError) as error:
-            self.tell(f"FAILED: {error}")
-            self.tell("heard: " + ", ".join(self.heard()))
-            (self.out / "accessibility-tree.txt").write_text(self.screen.dump())
-            self.picture("failed.png")
-            return 1
-        finally:
-            (self.out / "transcript.txt").write_text("\n".join(self.lines) + "\n")
-            end_processes(self.host, self.manager)
-
-
-def main():
-    inside = sys.argv[1:2] == ["--inside"]
-    # The inner limit comes first, so that a step that hangs can still say where.
-    limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
-    paths = [pathlib.Path(text).resolve() for text in sys.argv[2 if inside else 1:]]
-    if len(paths) != (3 if inside else 2):
-        sys.exit(__doc__)
-    if inside:
-        return Tour(*paths).run()
-    return run_in_session(__file__, paths, out=paths[1])
+    def play(self):
+        self.start()
+        self.try_lines()
+        self.apply()
+        self.check_speed_dial()
+        self.call()
 
 
 if __name__ == "__main__":
-    try:
-        sys.exit(main())
-    except Failed as failure:
-        sys.exit(f"headless options: {failure}")
+    main(Tour, __file__, __doc__, TIME_LIMIT_S)
