@@ -158,6 +158,8 @@ Section "Uninstall"
   Call un.RemoveListedFiles
   Delete "$INSTDIR\Deinstallieren.exe"
   RMDir "$INSTDIR"
+  ; Stays when other programs are in it.
+  RMDir "$LOCALAPPDATA\Programs"
   ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "AreaCodes"
   ${If} $1 != ""
     Delete "$1"

@@ -178,6 +178,7 @@ class Play:
 
     def run(self):
         """Plays on the host installation that is there, whose journal may have calls already."""
+        (self.root / "messages.log").unlink(missing_ok=True)
         self.last_before = self.read_journal("SELECT COALESCE(MAX(ID), 0) FROM o")[0][0]
         if self.scenario.command_line:
             self.main = self.start("orvane", self.scenario.command_line)
@@ -217,13 +218,13 @@ class Play:
 
     def do_PickContact(self, row):
         wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
-        self.front(HOST)
+        self.front_and_ready(HOST)
         press("ctrl+Home", *["Down"] * row, "Return")
         wait_for("the host's message", self.messages, STEP_LIMIT_S)
 
     # A window that has just come up may not have the number yet, nor get the first key.
-    def front_and_ready(self):
-        self.front(DIALER)
+    def front_and_ready(self, name=DIALER):
+        self.front(name)
         let_settle()
 
     def press_from_number(self, tabs, *keys):

@@ -109,4 +109,5 @@ if __name__ == "__main__":
     try:
         sys.exit(main())
     except Failed as failure:
-        sys.exit(f"proof: {failure}")
+        say(f"proof: FAILED, {failure}")
+        sys.exit(1)
