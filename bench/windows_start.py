@@ -49,7 +49,7 @@ def folder_size(folder):
 
 def measure(systems, display):
     for system in systems.values():
-        (system.root / "run").mkdir(parents=True)
+        (system.root / "run").mkdir(mode=0o700, parents=True)
         system.start("orvane-demo-host", "--root", system.path(system.root),
                      "--install-only").wait(60)
         timed_start(system, display)
