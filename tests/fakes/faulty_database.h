@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +28,8 @@ class FaultyDatabase : public DatabaseServices {
   std::vector<Pair> properties;
   std::vector<Pair> compactions;  // source and destination
   int opens = 0;
+  // What comes in while a file is being opened.
+  std::function<void()> whileOpening;
 
   // Every Open fails from now on.
   void FailOpen(std::int32_t number, const std::string& description) {
@@ -88,6 +91,7 @@ class FaultyDatabase : public DatabaseServices {
     bool IsOpen() const override { return inner_->IsOpen(); }
     void Open() override {
       ++owner_.opens;
+      if (owner_.whileOpening) owner_.whileOpening();
       if (owner_.openFault_) throw DatabaseError(*owner_.openFault_);
       inner_->Open();
     }

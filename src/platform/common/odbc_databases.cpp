@@ -15,6 +15,7 @@ namespace orvane {
 namespace {
 
 constexpr std::string_view kSqlServer = "SQL Server";
+constexpr std::chrono::seconds kNoticeableWait{2};
 
 // The newest first; FreeTDS is what other systems than Windows have.
 constexpr std::array<std::string_view, 8> kServerDrivers{"ODBC Driver 18 for SQL Server",
@@ -158,36 +159,48 @@ class OdbcDatabase : public OpenDatabase {
 };
 
 std::unique_ptr<OpenDatabase> OdbcDatabases::Open(const ConnectionProperties& properties) {
-  Session session;
-  if (background_) {
-    session = TakeBackgroundSession(properties);
-  } else {
-    const auto attempt = Connect(properties);
-    if (!Await(*attempt)) {
-      background_ = attempt;
-      throw ErrorOf(DatabaseFailure::kServerNotFound);
-    }
-    session = attempt->Take();
-  }
+  const std::string text = access_.connectionString(properties);
+  auto session = background_.contains(text) ? TakeBackgroundSession(text, properties)
+                                            : FirstSession(text, properties);
   return std::make_unique<OdbcDatabase>(shared_from_this(), std::move(session));
 }
 
 std::shared_ptr<OdbcDatabases::Connecting> OdbcDatabases::Connect(
-    const ConnectionProperties& properties) const {
-  return Start<Session>(
-      [text = access_.connectionString(properties), subject = access_.subject(properties)] {
-        return std::make_shared<OdbcSession>(text, subject);
-      });
+    const std::string& text, const ConnectionProperties& properties) const {
+  return Start<Session>([text, subject = access_.subject(properties)] {
+    return std::make_shared<OdbcSession>(text, subject);
+  });
+}
+
+OdbcDatabases::Session OdbcDatabases::FirstSession(const std::string& text,
+                                                   const ConnectionProperties& properties) {
+  const auto start = std::chrono::steady_clock::now();
+  const auto attempt = Connect(text, properties);
+  if (!Await(*attempt)) {
+    background_[text] = attempt;
+    throw ErrorOf(DatabaseFailure::kServerNotFound);
+  }
+  try {
+    return attempt->Take();
+  } catch (const DatabaseError&) {
+    // Drivers have limits of their own, and who was waited for until then is not waited for again.
+    if (std::chrono::steady_clock::now() - start > kNoticeableWait) {
+      background_[text] = Connect(text, properties);
+    }
+    throw;
+  }
 }
 
 OdbcDatabases::Session OdbcDatabases::TakeBackgroundSession(
-    const ConnectionProperties& properties) {
-  if (!background_->Done()) throw ErrorOf(DatabaseFailure::kServerNotFound);
-  const auto finished = std::exchange(background_, nullptr);
+    const std::string& text, const ConnectionProperties& properties) {
+  auto& attempt = background_.at(text);
+  if (!attempt->Done()) throw ErrorOf(DatabaseFailure::kServerNotFound);
+  const auto finished = std::move(attempt);
+  background_.erase(text);
   try {
     return finished->Take();
   } catch (const DatabaseError&) {
-    background_ = Connect(properties);
+    background_[text] = Connect(text, properties);
     throw;
   }
 }

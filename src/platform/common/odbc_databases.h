@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -51,14 +52,16 @@ class OdbcDatabases : public std::enable_shared_from_this<OdbcDatabases> {
   template <typename Result>
   bool Await(Attempt<Result>& attempt);
 
-  std::shared_ptr<Connecting> Connect(const ConnectionProperties& properties) const;
-  Session TakeBackgroundSession(const ConnectionProperties& properties);
+  std::shared_ptr<Connecting> Connect(const std::string& text,
+                                      const ConnectionProperties& properties) const;
+  Session FirstSession(const std::string& text, const ConnectionProperties& properties);
+  Session TakeBackgroundSession(const std::string& text, const ConnectionProperties& properties);
   std::unique_ptr<Recordset> Execute(const Session& session, std::string_view sql);
 
   OdbcAccess access_;
   LongWork& work_;
-  // Set while nobody answers.
-  std::shared_ptr<Connecting> background_;
+  // Those that do not answer, by the connection string.
+  std::map<std::string, std::shared_ptr<Connecting>> background_;
 };
 
 }  // namespace orvane

@@ -74,7 +74,13 @@ void frmDial::OnNumberChanged() {
   // An entry that was picked names another number from now on.
   c_.cboNr->setCurrentIndex(-1);
   ShowSpeedDialKind(-1);
-  ShowDestination();
+  // Events come in while the table is being read, and what they bring has to wait for the answer: a
+  // host command may close the window and with it the table.
+  if (queue_.Busy()) {
+    ShowDestination();
+  } else {
+    queue_.Submit([this] { ShowDestination(); });
+  }
 }
 
 // A number that does not fit in large digits is shown in smaller ones, whole if possible.

@@ -84,6 +84,15 @@ TEST_F(DialWindowLoad, ClosesInEveryWayForGood) {
          };
          Send("TX:17~Wahl~x~Dial~0|030123");
        }},
+      {"host while the area codes are read",
+       [&] {
+         databases.whileOpening = [&] {
+           databases.whileOpening = nullptr;
+           kill();
+           EXPECT_TRUE(window->IsLoaded());
+         };
+         QTest::keyClicks(Find<QLineEdit>("txtNr"), "02");
+       }},
       {"host between two commands", [&] {
          loop.Post(kill);
          Send("TX:17~Dial~0|030123");
