@@ -189,8 +189,7 @@ TEST(ServerDriver, IsWaitedForOnceWhenNobodyAnswers) {
     EXPECT_EQ(work.runs, 1);
   }
   // Whoever else is asked for gets a try of his own.
-  const auto others =
-      ServerConnection(servers, "127.0.0.1," + std::to_string(silent.Port()), "y");
+  const auto others = ServerConnection(servers, "127.0.0.1," + std::to_string(silent.Port()), "y");
   EXPECT_EQ(Failure([&] { others->Open(); }), std::string("-2147467259 ") + kNotFound);
   EXPECT_EQ(work.runs, 2);
 }
