@@ -13,7 +13,7 @@ class CallListDelegate;
 
 // The call history: calls in groups that fold, with columns that the user sizes, sorts and moves.
 // Enter and a double click take the number of a call, Ctrl+C copies it, and typed characters find
-// the next call that has a text which begins so.
+// the next call that has a text which begins so and unfold its group.
 class CallListView : public QTreeView {
   Q_OBJECT
 
@@ -37,6 +37,7 @@ class CallListView : public QTreeView {
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -49,7 +50,9 @@ class CallListView : public QTreeView {
   void Unfold();
   void RememberFold(const QModelIndex& group, bool folded);
   void SelectFirstCall();
-  QModelIndex After(const QModelIndex& row) const;
+  enum class Search { kFromHere, kBelow };
+  bool GoToCall(const QString& beginning, Search search);
+  QModelIndex CallAfter(const QModelIndex& row) const;
   bool StartsWith(const QModelIndex& call, const QString& folded) const;
 
   const CallListModel::Call* CurrentCall() const { return filter_.CallAt(currentIndex()); }

@@ -152,9 +152,14 @@ TEST_F(DialWindowHistory, MouseAndKeysTakeAndCopyNumbers) {
       {{Qt::Key_Home}, "0221", "0221471"},
       {{Qt::Key_Home}, "m", "0641 1"},
       {{Qt::Key_Home}, "mm", "0221471"},
-      {{Qt::Key_Up, Qt::Key_Up}, "", "217"}};
+      {{Qt::Key_Home}, "mE", "0221471"},
+      {{Qt::Key_Home}, "00", "0221471"},
+      {{Qt::Key_Home}, "-", "0641 1"},
+      {{Qt::Key_Home, Qt::Key_Left}, "als", "0409"},
+      {{Qt::Key_Home, Qt::Key_Left}, "+4", "0641 1"},
+      {{Qt::Key_End, Qt::Key_Up, Qt::Key_Up}, "", "217"}};
   for (const auto& [keys, typed, number] : kKeys) {
-    SCOPED_TRACE(number);
+    SCOPED_TRACE(typed);
     list->setFocus();
     for (const int key : keys) Key(key);
     Type(typed);
