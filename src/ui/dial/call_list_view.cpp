@@ -70,7 +70,13 @@ void CallListView::SetUpHeader() {
   setSortingEnabled(true);
 }
 
+void CallListView::Clear() {
+  filled_ = false;
+  calls_.SetGroups({});
+}
+
 void CallListView::SetGroups(const std::vector<GroupedCalls>& groups) {
+  filled_ = true;
   calls_.SetGroups(groups);
   Unfold();
   SelectFirstCall();
@@ -236,13 +242,11 @@ void CallListView::contextMenuEvent(QContextMenuEvent* event) {
   const QModelIndex index = byKeyboard ? currentIndex() : indexAt(event->pos());
   if (filter_.CallAt(index) == nullptr) return;
   setCurrentIndex(index);
-  const bool hasNumber = !CurrentCall()->number.isEmpty();
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addAction(QStringLiteral("Rufnummer übernehmen\tEingabe"), this, &CallListView::TakeNumber)
-      ->setEnabled(hasNumber);
+  menu->addAction(QStringLiteral("Rufnummer übernehmen\tEingabe"), this, &CallListView::TakeNumber);
   menu->addAction(QStringLiteral("Rufnummer kopieren\tStrg+C"), this, &CallListView::CopyNumber)
-      ->setEnabled(hasNumber);
+      ->setEnabled(!CurrentCall()->number.isEmpty());
   menu->popup(byKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
                          : event->globalPos());
 }
@@ -271,7 +275,7 @@ void CallListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option
 
 void CallListView::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
-  if (filter_.rowCount() > 0) return;
+  if (!filled_ || filter_.rowCount() > 0) return;
   QPainter painter(viewport());
   painter.setPen(CurrentPalette().mutedText);
   painter.drawText(viewport()->rect().adjusted(12, 24, -12, 0), Qt::AlignHCenter | Qt::TextWordWrap,

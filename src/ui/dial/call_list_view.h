@@ -20,6 +20,8 @@ class CallListView : public QTreeView {
  public:
   explicit CallListView(QWidget* parent);
 
+  // Takes the calls away until others come.
+  void Clear();
   // Replaces the calls; groups that the user has folded stay folded.
   void SetGroups(const std::vector<GroupedCalls>& groups);
   // Narrows the calls; while a text is set every group is unfolded.
@@ -62,6 +64,8 @@ class CallListView : public QTreeView {
   CallListModel calls_;
   CallListFilter filter_;
   CallListDelegate* delegate_;
+  // There may be no calls, but nobody waits for them.
+  bool filled_ = false;
   QSet<QString> folded_;
   QString typed_;
   QElapsedTimer sinceTyped_;
