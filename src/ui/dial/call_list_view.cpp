@@ -9,7 +9,6 @@
 #include <algorithm>
 
 #include "ui/dial/call_list_delegate.h"
-#include "ui/dial/call_list_header.h"
 #include "ui/dial/search_text.h"
 #include "ui/style/palette.h"
 #include "ui/style/tabular_font.h"
@@ -34,7 +33,6 @@ CallListView::CallListView(QWidget* parent)
     : QTreeView(parent), filter_(calls_), delegate_(new CallListDelegate(filter_, this)) {
   setFont(TabularDigitFont(font()));
   setItemDelegate(delegate_);
-  setHeader(new CallListHeader(this));
   setModel(&filter_);
   setRootIsDecorated(false);
   setIndentation(0);
@@ -54,6 +52,8 @@ CallListView::CallListView(QWidget* parent)
 
 void CallListView::SetUpHeader() {
   QHeaderView& head = *header();
+  // The first column, too, may stand elsewhere.
+  head.setFirstSectionMovable(true);
   head.resizeSection(static_cast<int>(CallColumn::kOrder), kOrderWidth);
   setColumnHidden(static_cast<int>(CallColumn::kOrder), true);
   const auto widthOf = [this](const char* sample) {
