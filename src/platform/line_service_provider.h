@@ -49,6 +49,7 @@ class LineServiceProvider {
   virtual void ShutDown() = 0;
 
   virtual int LineCount() const = 0;
+  // Empty when the device is gone: the line keeps its place but cannot be chosen.
   virtual std::string LineName(int line) const = 0;
   virtual LineInfo Info(int line) const = 0;
   // Lines without dialogs refuse; see TapiControl.

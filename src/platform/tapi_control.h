@@ -30,6 +30,7 @@ class TapiControl {
 
   virtual void Initialise() = 0;
   virtual int LineCount() = 0;
+  // UTF-8; empty when the line's device is gone, which keeps its index until ShutDown.
   virtual std::string LineName(int line) = 0;
   // The line need not be open.
   virtual LineInfo Info(int line) = 0;

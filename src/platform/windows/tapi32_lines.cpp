@@ -55,7 +55,10 @@ void Tapi32Lines::ShutDown() {
 }
 
 std::string Tapi32Lines::LineName(int line) const {
-  return lines_[IndexOf(line)].name;
+  const Line& named = lines_[IndexOf(line)];
+  // As long as TAPI has not taken the new registration, it is not known what is gone.
+  const bool gone = named.removed && app_ != 0;
+  return gone ? std::string() : named.name;
 }
 
 LineInfo Tapi32Lines::Info(int line) const {

@@ -96,10 +96,12 @@ void frmOptionen::LoadTapiList() {
       const QString name = QString::fromStdString(tapi.LineName(line));
       c_.lstLineSel->addItem(name);
       c_.lstLineSel->item(line)->setToolTip(name);
+      // It keeps its place for the sake of the others' numbers.
+      c_.lstLineSel->item(line)->setHidden(name.isEmpty());
     }
     const std::int32_t current = state_.settings.tapiLineId;
     if (current < 0) return;
-    if (current < count) {
+    if (current < count && !c_.lstLineSel->item(current)->isHidden()) {
       c_.lstLineSel->setCurrentRow(current);
       return;
     }

@@ -168,17 +168,33 @@ TEST_F(OptionsEndingTest, ACharacterThatTheFileLacksIsNamedBeforeAnythingIsWritt
 }
 
 TEST_F(OptionsEndingTest, ALineThatIsGoneIsAppliedAndReportedAsMissing) {
-  OpenOptions();
-  ChooseLine(0);
-  tapi.lineNames = {"Lager"};
-  tapi.goneLine = 0;
-  ClickIn("cmdAktion_0");
-  EXPECT_TRUE(Gone());
-  EXPECT_TRUE(window->isVisible());
-  EXPECT_FALSE(prompts.busy);
-  EXPECT_EQ(Registry("TapiBez"), "Büro");
-  EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
-  EXPECT_EQ(TextOf("lblBase_2"), "TAPI-Fehler!");
+  const struct {
+    const char* name;
+    Lines lines;
+    std::size_t reports;
+  } kCases[] = {{"not listed", {"Lager"}, 0},
+                {"without a name", {"", "Lager"}, 0},
+                {"listed, but not to be opened", {"Büro", "Lager"}, 1}};
+  for (const auto& [name, lines, reports] : kCases) {
+    SCOPED_TRACE(name);
+    tapi.lineNames = {"Büro", "Lager"};
+    tapi.goneLine = -1;
+    SetRegistry("TapiBez", "Lager");
+    MakeWindow();
+    OpenOptions();
+    ASSERT_EQ(TextOf("lblBase_2"), "<Bereit>");
+    ChooseLine(0);
+    tapi.lineNames = lines;
+    tapi.goneLine = 0;
+    ClickIn("cmdAktion_0");
+    EXPECT_TRUE(Gone());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(prompts.busy);
+    EXPECT_EQ(Registry("TapiBez"), "Büro");
+    EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
+    EXPECT_EQ(TextOf("lblBase_2") + TextOf("lblBase_3"), "TAPI-Fehler!Bitte konfigurieren.");
+    EXPECT_EQ(prompts.markups.size(), reports);
+  }
 }
 
 TEST_F(OptionsEndingTest, AHostThatDoesNotAnswerIsNoReasonToSayAnything) {

@@ -116,14 +116,18 @@ TEST_F(OptionsPageTest, KeysSelectALineWhereNoneIsSelected) {
 
 TEST_F(OptionsPageTest, AListThatIsReadAnewMayLackTheCurrentLine) {
   OpenOptions();
-  tapi.lineNames = {"Büro"};
-  ClickIn("cmdConfigDlg_3");
-  EXPECT_EQ(tapi.log, (Lines{"shutdown", "init"}));
-  EXPECT_EQ(prompts.boxes,
-            (std::vector<FakePrompts::Box>{{PromptIcon::kExclamation,
-                                            "Der TAPI-Treiber wurde entfernt oder umbenannt.",
-                                            "TAPI-Treiber nicht mehr gültig!"}}));
-  EXPECT_TRUE(In<QListWidget>("lstLineSel")->selectedItems().isEmpty());
+  for (const Lines& lines : {Lines{"Büro"}, Lines{"Büro", ""}}) {
+    tapi.log.clear();
+    prompts.boxes.clear();
+    tapi.lineNames = lines;
+    ClickIn("cmdConfigDlg_3");
+    EXPECT_EQ(tapi.log, (Lines{"shutdown", "init"}));
+    EXPECT_EQ(prompts.boxes,
+              (std::vector<FakePrompts::Box>{{PromptIcon::kExclamation,
+                                              "Der TAPI-Treiber wurde entfernt oder umbenannt.",
+                                              "TAPI-Treiber nicht mehr gültig!"}}));
+    EXPECT_TRUE(In<QListWidget>("lstLineSel")->selectedItems().isEmpty());
+  }
   EXPECT_EQ(In<QPlainTextEdit>("txtTapiInfo")->toPlainText().toStdString(),
             "TAPI-Geräteliste wurde erneut ausgelesen.");
 }
