@@ -99,10 +99,10 @@ void Tapi32Lines::CloseLine(int line) {
   PlanRenewal();
 }
 
-void Tapi32Lines::MakeCall(int line, const std::string& number) {
+std::int32_t Tapi32Lines::MakeCall(int line, const std::string& number) {
   const Line& calling = lines_[IndexOf(line)];
   if (calling.open == 0) throw TapiError(kLineErrorInvalidLine, "Die Leitung ist nicht geöffnet.");
-  calls_.Dial(line, calling.open, number);
+  return calls_.Dial(line, calling.open, number);
 }
 
 void Tapi32Lines::DropCall(int line, std::int32_t callHandle) {

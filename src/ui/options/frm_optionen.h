@@ -43,6 +43,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   // TestDialPanel
   void SetTestDialIdle(bool idle) override;
   bool TestDialPressed() const override;
+  bool TestsByModem() const override { return testByModem_; }
   void SetTestDialEnabled(bool enabled) override;
   void EnableAndFocusTestDial() override;
   int SelectedComPort() const override;

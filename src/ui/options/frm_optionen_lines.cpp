@@ -169,7 +169,7 @@ void frmOptionen::RefreshLines() {
   services_.tapi.ShutDown();
   services_.tapi.SetTag("");
   // Calls are over without another word.
-  call_.tapiCallHandle = 0;
+  call_.ForgetLineCall();
   if (TestDialPressed() && !testByModem_) SetTestDialIdle(true);
   LoadTapiList();
   SetTapiInfo({"TAPI-Geräteliste wurde erneut ausgelesen."});

@@ -210,7 +210,7 @@ void frmOptionen::RestoreLine() {
 }
 
 void frmOptionen::CloseCurrentLine() {
-  call_.tapiCallHandle = 0;
+  call_.ForgetLineCall();
   if (state_.settings.tapiLineId < 0) return;
   try {
     services_.tapi.CloseLine(state_.settings.tapiLineId);
