@@ -173,4 +173,12 @@ void InitSettings(Services& services, ProgramState& state, SettingsPanel& panel)
   }
 }
 
+void ReopenConfiguredLine(Services& services, ProgramState& state, SettingsPanel& panel) {
+  try {
+    ShowDialMethod(services, state, panel);
+  } catch (const std::exception&) {
+    // The window shows that the line is not there.
+  }
+}
+
 }  // namespace orvane

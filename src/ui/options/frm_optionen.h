@@ -105,7 +105,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   std::unique_ptr<WindowChrome> chrome_;
 
   bool ended_ = false;
-  // As they were when the dialog opened.
+  // As they were when the dialog opened, or last applied.
   std::int32_t lineBefore_ = kNoTapiLine;
   bool callMonitorBefore_ = false;
   std::string userPath_;

@@ -166,7 +166,11 @@ bool frmOptionen::Apply(ErrorState& failure) {
   context.userPath = userPath_;
   if (speedDialKnown_) context.speedDial = {RowsOf(c_.internalRows), RowsOf(c_.externalRows)};
   context.callMonitorBefore = callMonitorBefore_;
-  context.reloadSettings = [this] { owner_.ReloadAppliedSettings(); };
+  context.reloadSettings = [this] {
+    owner_.ReloadAppliedSettings();
+    // Even if the last step fails, cancelling leads back to here and not to before.
+    lineBefore_ = state_.settings.tapiLineId;
+  };
   try {
     ApplyOptions(services_, state_, Choices(), context);
     return true;
@@ -189,24 +193,12 @@ void frmOptionen::ComeBack(std::int32_t line, const ErrorState& failure) {
   ShowError(services_.prompts, failure, "Optionen übernehmen");
 }
 
-// The list may have been read anew since the dialog opened: a line that is not at its place any
-// more is looked for by its name, or reported as missing, as at the start of the program.
+// The lines may have been counted anew since the dialog opened, so the configured one is looked for
+// by its name.
 void frmOptionen::RestoreLine() {
-  std::int32_t& line = state_.settings.tapiLineId;
-  line = kNoTapiLine;
-  if (state_.settings.dialMethod != kDialMethodTapi || lineBefore_ < 0) return;
-  try {
-    TapiControl& tapi = services_.tapi;
-    if (tapi.LineName(lineBefore_) == state_.settings.tapiLineName) {
-      std::int32_t id = lineBefore_;
-      OpenTapiLine(tapi, id);
-      line = id;
-      return;
-    }
-  } catch (const std::exception&) {
-    // The line is gone.
-  }
-  owner_.ReloadAppliedSettings();
+  const bool hadLine = state_.settings.dialMethod == kDialMethodTapi && lineBefore_ >= 0;
+  state_.settings.tapiLineId = kNoTapiLine;
+  if (hadLine) owner_.ReopenConfiguredLine();
 }
 
 void frmOptionen::CloseCurrentLine() {
