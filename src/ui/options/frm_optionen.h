@@ -67,12 +67,14 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   void ShowChoices();
   void ShowSpeedDial();
   void LoadTapiList();
+  void FollowCurrentLine(const QString& name);
   void CheckComPorts();
 
   // Page "Kommunikationseinstellungen".
   void OnDialMethod(int method);
   void PlaceCover();
   void OnTestNumberChanged();
+  bool DialUsable() const;
   void OnLineSelected();
   void OnConfigDialog(std::size_t button);
   void ShowLineDialog(LineDialog dialog);

@@ -88,6 +88,8 @@ void frmOptionen::ShowSpeedDial() {
 void frmOptionen::LoadTapiList() {
   try {
     TapiControl& tapi = services_.tapi;
+    const auto* const known = c_.lstLineSel->item(state_.settings.tapiLineId);
+    const QString nameBefore = known == nullptr ? QString() : known->text();
     if (!TapiInitialised(tapi)) tapi.Initialise();
     const QSignalBlocker selectedByProgram(c_.lstLineSel);
     c_.lstLineSel->clear();
@@ -99,6 +101,7 @@ void frmOptionen::LoadTapiList() {
       // It keeps its place for the sake of the others' numbers.
       c_.lstLineSel->item(line)->setHidden(name.isEmpty());
     }
+    FollowCurrentLine(nameBefore);
     const std::int32_t current = state_.settings.tapiLineId;
     if (current < 0) return;
     if (current < count && !c_.lstLineSel->item(current)->isHidden()) {
@@ -112,6 +115,16 @@ void frmOptionen::LoadTapiList() {
   } catch (const std::exception& error) {
     ShowError(services_.prompts, ErrorStateOf(error), "Laden der TAPI-Liste");
   }
+}
+
+// Lines that are counted anew may have other numbers; without a line of that name the number
+// counts.
+void frmOptionen::FollowCurrentLine(const QString& name) {
+  std::int32_t& line = state_.settings.tapiLineId;
+  const auto* const there = c_.lstLineSel->item(line);
+  if (name.isEmpty() || (there != nullptr && there->text() == name)) return;
+  const auto found = c_.lstLineSel->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+  if (!found.isEmpty()) line = c_.lstLineSel->row(found.front());
 }
 
 void frmOptionen::CheckComPorts() {

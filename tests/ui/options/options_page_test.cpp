@@ -116,7 +116,12 @@ TEST_F(OptionsPageTest, KeysSelectALineWhereNoneIsSelected) {
 
 TEST_F(OptionsPageTest, AListThatIsReadAnewMayLackTheCurrentLine) {
   OpenOptions();
-  for (const Lines& lines : {Lines{"Büro"}, Lines{"Büro", ""}}) {
+  tapi.lineNames = {"Lager", "Büro", "Flur"};
+  ClickIn("cmdConfigDlg_3");
+  EXPECT_EQ(In<QListWidget>("lstLineSel")->currentRow(), 0);
+  EXPECT_EQ(state.settings.tapiLineId, 0);
+  state.settings.tapiLineId = 2;
+  for (const Lines& lines : {Lines{"Büro"}, Lines{"Büro", "Lager", ""}}) {
     tapi.log.clear();
     prompts.boxes.clear();
     tapi.lineNames = lines;
@@ -186,13 +191,18 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   EXPECT_EQ(FocusName(), "cmdDial");
   tapi.events->OnConnected(7);
   EXPECT_TRUE(dialog->TestDialPressed());
+  // Neither what is typed or chosen nor a registry that takes nothing keeps it from being ended.
+  Type("txtTestNr", "");
+  Choose("optDial_0");
+  registry->deniedName = "TestRufNr";
   ClickIn("cmdDial");
   EXPECT_EQ(tapi.log.back(), "drop 1 7");
+  EXPECT_FALSE(Enabled("cmdDial"));
   tapi.events->OnCallState(7, 8, kLineCallDisconnected);
   tapi.events->OnDisconnected(7);
   tapi.events->OnCallState(7, 8, kLineCallIdle);
   EXPECT_TRUE(ProgressEndsWith("*Verbindung getrennt! - Handle, ID: 7  8"));
-  EXPECT_FALSE(dialog->TestDialPressed());
+  EXPECT_FALSE(dialog->TestDialPressed() || Enabled("cmdDial"));
   EXPECT_EQ(call.tapiCallHandle, 0);
   EXPECT_EQ(Log(), Lines());
   EXPECT_TRUE(databases.statements.empty());
@@ -213,6 +223,13 @@ TEST_F(OptionsPageTest, ATestCallThroughTheModemEndsTheWayItBegan) {
   Choose("optDial_2");
   ClickIn("cmdDial");
   EXPECT_EQ(serial.sent, "AT\rATDT 0301\rATH0\r");
+  EXPECT_FALSE(dialog->TestDialPressed());
+  // Selecting a line ends the call before it, too.
+  Choose("optDial_1");
+  ClickIn("cmdDial");
+  Choose("optDial_2");
+  ChooseLine(0);
+  EXPECT_EQ(serial.sent, "AT\rATDT 0301\rATH0\rAT\rATH0\r");
   EXPECT_FALSE(dialog->TestDialPressed());
 }
 
