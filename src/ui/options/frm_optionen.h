@@ -59,6 +59,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
 
  private:
   void FitSize();
+  bool DialsByEnter(const QEvent& event);
   void ConnectControls();
   // Runs the work when nothing else is in the middle of its own, unless the dialog is over by then.
   void Later(const std::function<void()>& work);

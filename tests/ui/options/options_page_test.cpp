@@ -176,7 +176,8 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   OpenOptions();
   Type("txtAmtIntern", " 9 ");
   Type("txtTestNr", "0 30/1");
-  ClickIn("cmdDial");
+  // Enter in the number dials it; it does not apply the options.
+  QTest::keyClick(In("txtTestNr"), Qt::Key_Return);
   EXPECT_EQ(tapi.log, (Lines{"call 1 90 30/1"}));
   EXPECT_EQ(Progress(),
             "<Bereit>\n<09:05:07, Beginn der Befehlskette>\nÖffne TAPI-Line: #1\nTAPI-Gerät: "
