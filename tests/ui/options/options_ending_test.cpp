@@ -298,17 +298,5 @@ TEST_F(OptionsEndingTest, TheProgramCanEndInATestCall) {
   }
 }
 
-TEST_F(OptionsEndingTest, ABusyPortIsSaidAndLeavesNothingOpen) {
-  SetRegistry("CTI", "1");
-  serial.busyPorts = {1};
-  OpenOptions();
-  StartTestCall();
-  EXPECT_NE(Progress().find("\n>>> Fehler Nr.8005: "), std::string::npos);
-  ClickIn("cmdDial");
-  EXPECT_FALSE(dialog->TestDialPressed());
-  ClickIn("cmdAktion_1");
-  EXPECT_TRUE(Gone());
-}
-
 }  // namespace
 }  // namespace orvane

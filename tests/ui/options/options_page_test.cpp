@@ -198,6 +198,9 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   registry->deniedName = "TestRufNr";
   ClickIn("cmdDial");
   EXPECT_EQ(tapi.log.back(), "drop 1 7");
+  EXPECT_EQ(Progress(),
+            "<CTI deaktiviert>\n<09:05:07, Beginn der Befehlskette>\nVerbindung wird "
+            "getrennt...\n<09:05:07, Ende der Befehlskette>");
   EXPECT_FALSE(Enabled("cmdDial"));
   tapi.events->OnCallState(7, 8, kLineCallDisconnected);
   tapi.events->OnDisconnected(7);
