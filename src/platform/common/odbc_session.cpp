@@ -12,6 +12,7 @@
 #include <array>
 #include <utility>
 
+#include "platform/common/jet_date.h"
 #include "platform/common/memory_recordset.h"
 
 namespace orvane {
@@ -152,6 +153,20 @@ bool IsReal(SQLLEN type) {
          type == SQL_DECIMAL;
 }
 
+bool IsDate(SQLLEN type) {
+  return type == SQL_TYPE_TIMESTAMP || type == SQL_TYPE_DATE || type == SQL_TIMESTAMP ||
+         type == SQL_DATE;
+}
+
+// As every engine gives dates. One that Jet does not know is no value.
+DbValue DateValue(const SQL_TIMESTAMP_STRUCT& time) {
+  constexpr double kNanosecond = 1e-9;
+  const std::optional<double> number =
+      DateNumber({time.year, time.month, time.day, time.hour, time.minute,
+                  time.second + kNanosecond * static_cast<double>(time.fraction)});
+  return number ? DbValue(*number) : DbValue();
+}
+
 // Reads the rows of a statement that was run.
 class RowReader {
  public:
@@ -197,6 +212,14 @@ class RowReader {
     return number;
   }
 
+  DbValue DateAt(SQLUSMALLINT column, bool& failed) {
+    SQL_TIMESTAMP_STRUCT time{};
+    SQLLEN size = 0;
+    failed =
+        !Good(SQLGetData(statement_, column, SQL_C_TYPE_TIMESTAMP, &time, sizeof time, &size));
+    return failed || size == SQL_NULL_DATA ? DbValue() : DateValue(time);
+  }
+
   DbValue TextAt(SQLUSMALLINT column, bool& failed) {
     std::string text;
     std::array<SQLWCHAR, kPieceUnits> piece{};
@@ -218,6 +241,7 @@ class RowReader {
     const auto column = static_cast<SQLUSMALLINT>(index + 1);
     if (IsWhole(types_[index])) return NumberAt<std::int64_t>(column, SQL_C_SBIGINT, failed);
     if (IsReal(types_[index])) return NumberAt<double>(column, SQL_C_DOUBLE, failed);
+    if (IsDate(types_[index])) return DateAt(column, failed);
     return TextAt(column, failed);
   }
 

@@ -43,7 +43,9 @@ TEST_F(ServerFailures, AreReportedAndTheCallGoesOn) {
   PostgresCluster cluster(
       "CREATE VIEW \"Langsam\" AS SELECT 1 AS \"ID\" FROM pg_sleep(60);"
       "CREATE TABLE \"Eins\" (\"ID\" INTEGER PRIMARY KEY, \"Ort\" TEXT NOT NULL);"
-      "INSERT INTO \"Eins\" VALUES (1, 'Köln')");
+      "INSERT INTO \"Eins\" VALUES (1, 'Köln');"
+      "CREATE VIEW \"Zeiten\" AS SELECT TIMESTAMP '2024-04-03 09:05:07' AS \"Zeit\","
+      "DATE '2024-04-03' AS \"Tag\", CAST(NULL AS TIMESTAMP) AS \"Nie\"");
   CountingWork work;
   HostDatabases servers = ServerDatabases(PostgresAccess(cluster.Port()), work);
   const auto refused = ServerConnection(servers, "127.0.0.1", "falsch");
@@ -54,6 +56,10 @@ TEST_F(ServerFailures, AreReportedAndTheCallGoesOn) {
   contacts->Open();
   EXPECT_EQ(contacts->Execute("SELECT ID FROM Eins WHERE Ort='Köln'")->Field("id"),
             DbValue(std::int64_t{1}));
+  const auto times = contacts->Execute("SELECT Zeit,Tag,Nie FROM Zeiten");
+  EXPECT_EQ(times->Field(0), DbValue(45385 + 32707 / 86400.0));
+  EXPECT_EQ(times->Field(1), DbValue(45385.0));
+  EXPECT_EQ(times->Field(2), DbValue());
   const std::pair<const char*, int> kRules[] = {
       {"INSERT INTO Eins (ID,Ort) VALUES (1,'Bonn')", -1605},
       {"INSERT INTO Eins (ID,Ort) VALUES (2,NULL)", 515}};
