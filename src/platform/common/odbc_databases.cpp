@@ -41,34 +41,47 @@ std::string BestDriver(const std::array<std::string_view, count>& wanted,
   throw ErrorOf(DatabaseFailure::kDriverMissing, database);
 }
 
-// One pair of an ODBC connection string.
-std::string Pair(std::string_view name, std::string_view value) {
-  std::string result = std::string(name) + "={";
+std::string Braced(std::string_view value) {
+  std::string result = "{";
   for (const char c : value) result.append(c == '}' ? 2U : 1U, c);
-  return result + "};";
+  return result + '}';
+}
+
+// One pair of an ODBC connection string. Not every driver takes braces off where none are needed.
+std::string Pair(std::string_view name, std::string_view value) {
+  const bool plain = value.find_first_of("[]{}();?*=!@") == std::string_view::npos &&
+                     !value.starts_with(' ') && !value.ends_with(' ');
+  return std::string(name) + "=" + (plain ? std::string(value) : Braced(value)) + ";";
+}
+
+// FreeTDS wants a port, which others take behind a comma, under a name of its own. It asks the
+// machine itself for the port of a named instance, unless it is told one.
+std::string FreeTdsServer(const std::string& server) {
+  const std::size_t comma = server.find(',');
+  const bool named = server.find('\\') != std::string::npos;
+  std::string result = Pair("SERVER", server.substr(0, comma));
+  if (comma != std::string::npos) {
+    result += Pair("PORT", server.substr(comma + 1));
+  } else if (!named) {
+    result += "PORT=1433;";
+  }
+  return result + "TDS_Version=7.4;ClientCharset=UTF-8;";
 }
 
 std::string ServerString(const ConnectionProperties& properties) {
   const std::string driver = BestDriver(kServerDrivers, kSqlServer);
-  std::string server = properties.Get("Data Source");
-  std::string result = Pair("DRIVER", driver);
-  if (driver == "FreeTDS") {
-    // It wants the port, which others take behind a comma, under a name of its own.
-    const std::size_t comma = server.find(',');
-    result += "PORT=" + (comma == std::string::npos ? "1433" : server.substr(comma + 1)) + ";";
-    server = server.substr(0, comma);
-    result += "TDS_Version=7.4;ClientCharset=UTF-8;";
-  } else {
-    result += "TrustServerCertificate=yes;";
-  }
-  result += "SERVER=" + server + ";" + Pair("DATABASE", properties.Get("Initial Catalog"));
+  const std::string server = properties.Get("Data Source");
+  std::string result = "DRIVER=" + Braced(driver) + ";";
+  result += driver == "FreeTDS" ? FreeTdsServer(server)
+                                : Pair("SERVER", server) + "TrustServerCertificate=yes;";
+  result += Pair("DATABASE", properties.Get("Initial Catalog"));
   if (!properties.Get("Integrated Security").empty()) return result + "Trusted_Connection=yes;";
   return result + Pair("UID", properties.Get("User ID")) + Pair("PWD", properties.Get("Password"));
 }
 
 std::string JetString(const ConnectionProperties& properties) {
   const std::u8string file = NativePath(properties.Get("Data Source")).u8string();
-  return Pair("DRIVER", BestDriver(kJetDrivers, "Jet-Datenbanken")) +
+  return "DRIVER=" + Braced(BestDriver(kJetDrivers, "Jet-Datenbanken")) + ";" +
          Pair("DBQ", std::string(file.begin(), file.end())) +
          Pair("PWD", properties.Get("Jet OLEDB:Database Password"));
 }

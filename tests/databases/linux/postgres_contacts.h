@@ -4,20 +4,9 @@
 
 #include "databases/contact_engine.h"
 #include "databases/linux/postgres_cluster.h"
-#include "platform/common/host_databases.h"
-#include "platform/common/odbc_databases.h"
+#include "databases/server_access.h"
 
 namespace orvane {
-
-// Counts what is waited for.
-class CountingWork : public LongWork {
- public:
-  void Run(const std::function<void()>& work) override {
-    ++runs;
-    work();
-  }
-  int runs = 0;
-};
 
 // What the logic needs of a database server, from another server than the host's.
 inline OdbcAccess PostgresAccess(int port) {
@@ -31,12 +20,6 @@ inline OdbcAccess PostgresAccess(int port) {
            "};";
   };
   return access;
-}
-
-inline HostDatabases ServerDatabases(OdbcAccess access, LongWork& work) {
-  const auto server = std::make_shared<OdbcDatabases>(std::move(access), work);
-  return HostDatabases(
-      {{}, [server](const ConnectionProperties& properties) { return server->Open(properties); }});
 }
 
 class PostgresContacts : public ContactEngine {
