@@ -26,7 +26,8 @@ class PostgresContacts : public ContactEngine {
  public:
   PostgresContacts() {
     if (!PostgresCluster::Programs().empty()) cluster_.emplace(TestDataText("contacts.sql"));
-    databases_.emplace(ServerDatabases(PostgresAccess(cluster_ ? cluster_->Port() : 0), work_));
+    databases_.emplace(
+        ServerDatabases(PostgresAccess(cluster_ ? cluster_->Port() : 0), work_, threads_));
   }
   DatabaseServices& Databases() override { return *databases_; }
   void Select(HostEnvironment& host) override {
@@ -41,6 +42,7 @@ class PostgresContacts : public ContactEngine {
 
  private:
   ImmediateWork work_;
+  DriverThreads threads_;
   std::optional<PostgresCluster> cluster_;
   std::optional<HostDatabases> databases_;
 };

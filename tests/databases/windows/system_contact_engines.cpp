@@ -22,7 +22,8 @@ class ServerContacts : public ContactEngine {
 
  private:
   ImmediateWork work_;
-  HostDatabases databases_ = ServerDatabases(SqlServerAccess(), work_);
+  DriverThreads threads_;
+  HostDatabases databases_ = ServerDatabases(SqlServerAccess(), work_, threads_);
 };
 
 }  // namespace
