@@ -36,6 +36,11 @@ class PostgresContacts : public ContactEngine {
     host.sqlLogin = "orvane";
     host.sqlPassword = PostgresCluster::kPassword;
   }
+  bool Cause(DatabaseFailure failure, HostEnvironment& host) override {
+    if (failure == DatabaseFailure::kLoginRefused) host.sqlPassword = "falsch";
+    if (failure == DatabaseFailure::kServerNotFound) host.sqlServerName = "127.0.0.2";
+    return failure == DatabaseFailure::kLoginRefused || failure == DatabaseFailure::kServerNotFound;
+  }
   std::string Obstacle() const override {
     return PostgresCluster::Programs().empty() ? "no PostgreSQL on this machine" : "";
   }

@@ -16,6 +16,11 @@ class ServerContacts : public ContactEngine {
     host.sqlLogin = "orvane";
     host.sqlPassword = "geheim;}";
   }
+  bool Cause(DatabaseFailure failure, HostEnvironment& host) override {
+    if (failure == DatabaseFailure::kLoginRefused) host.sqlPassword = "falsch";
+    if (failure == DatabaseFailure::kServerNotFound) host.sqlServerName += "/nirgends";
+    return failure == DatabaseFailure::kLoginRefused || failure == DatabaseFailure::kServerNotFound;
+  }
   std::string Obstacle() const override {
     return std::getenv("ORVANE_TEST_SERVER") == nullptr ? "no database server" : "";
   }
