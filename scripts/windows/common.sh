@@ -34,13 +34,25 @@ cached_folder() {
   echo "$cache/$name-$version-$arch-${hash:0:12}"
 }
 
+list_sources() {
+  apt-get indextargets 'Created-By: Packages' 'Origin: Debian' \
+    --format 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' | sort -u
+}
+
+# put_in_place <finished folder> <target>: the first of two builds at the same time wins.
+put_in_place() {
+  mv -T "$1" "$2" 2>/dev/null || [[ -d "$2" ]] || fail "$2 cannot be written."
+}
+
 # fetch_source <source package> <version> <folder>: unpacks it to <folder>/source. The system's apt
 # settings stay as they are: most systems have no source packages switched on.
 fetch_source() {
   local package="$1" version="$2" folder="$3" log="$3/fetch.log" options
   mkdir -p "$folder/apt/lists/partial" "$folder/apt/cache/archives/partial" "$folder/source"
-  apt-get indextargets 'Created-By: Packages' 'Origin: Debian' \
-    --format 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' | sort -u >"$folder/apt/sources.list"
+  list_sources >"$folder/apt/sources.list"
+  # Images often come without the lists that tell where things are.
+  [[ -s "$folder/apt/sources.list" ]] || { apt-get -qq update && list_sources; } \
+    >"$folder/apt/sources.list" 2>"$log" || true
   options=(-qq -o "Dir::Etc::SourceList=$folder/apt/sources.list" -o Dir::Etc::SourceParts=-
     -o "Dir::State::Lists=$folder/apt/lists" -o "Dir::Cache=$folder/apt/cache"
     -o APT::Sandbox::User=root)

@@ -31,6 +31,6 @@ if [[ ! -d "$target" ]]; then
     -DCMAKE_INSTALL_PREFIX="$target" "${options[@]}"
   logged "$work/build.log" cmake --build "$work/build" --parallel "$(nproc)"
   DESTDIR="$work/stage" logged "$work/install.log" cmake --install "$work/build" --strip
-  mv "$work/stage$target" "$target"
+  put_in_place "$work/stage$target" "$target"
 fi
 echo "$target"

@@ -26,6 +26,6 @@ if [[ ! -d "$target" ]]; then
   "$compiler-ar" rcs "$work/stage/lib/libsqlite3.a" sqlite3.o
   cp sqlite3.h "$work/stage/include"
   cd /
-  mv "$work/stage" "$target"
+  put_in_place "$work/stage" "$target"
 fi
 echo "$target"

@@ -1,6 +1,7 @@
 #include "platform/windows/comm_device.h"
 
 #include <string>
+#include <utility>
 
 #include "platform/serial_control.h"
 #include "platform/serial_errors.h"
@@ -11,7 +12,9 @@ namespace {
 constexpr BYTE kDataBits = 8;
 // Between two characters of one text there is one millisecond.
 constexpr DWORD kPauseMs = 5;
-constexpr DWORD kDrainStepMs = 2;
+constexpr DWORD kReadBytes = 256;
+// How long a driver may take to let go.
+constexpr DWORD kCancelWaitMs = 500;
 
 std::int32_t SerialErrorFor(DWORD code) {
   switch (code) {
@@ -69,37 +72,37 @@ bool SetReadToWait(HANDLE file) {
 
 }  // namespace
 
-CommDevice::CommDevice(int port, HANDLE readEvent)
-    : file_(OpenPort(port)), written_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
+CommDevice::CommDevice(int port, HANDLE readEvent) : file_(OpenPort(port)), readEvent_(readEvent) {
   if (!SetLineParameters(file_.Get()) || !SetReadToWait(file_.Get())) {
     throw MakeSerialError(kSerialNotOpen);
   }
-  read_.hEvent = readEvent;
 }
 
 CommDevice::~CommDevice() {
-  // The system writes into this object until the read has ended.
-  DWORD count = 0;
-  if (CancelIoEx(file_.Get(), &read_) != 0) GetOverlappedResult(file_.Get(), &read_, &count, TRUE);
-  ResetEvent(read_.hEvent);
+  if (read_) Cancel(std::move(read_));
+  ResetEvent(readEvent_);
 }
 
 bool CommDevice::StartRead() {
-  if (reading_) return true;
-  reading_ = ReadFile(file_.Get(), received_.data(), static_cast<DWORD>(received_.size()), nullptr,
-                      &read_) != 0 ||
-             GetLastError() == ERROR_IO_PENDING;
-  return reading_;
+  if (read_) return true;
+  auto read = std::make_unique<Transfer>();
+  read->state.hEvent = readEvent_;
+  read->bytes.resize(kReadBytes);
+  if (ReadFile(file_.Get(), read->bytes.data(), kReadBytes, nullptr, &read->state) == 0 &&
+      GetLastError() != ERROR_IO_PENDING) {
+    return false;
+  }
+  read_ = std::move(read);
+  return true;
 }
 
 std::optional<int> CommDevice::FinishRead() {
+  if (!read_) return std::nullopt;
   DWORD count = 0;
-  if (GetOverlappedResult(file_.Get(), &read_, &count, FALSE) == 0) {
-    if (GetLastError() == ERROR_IO_INCOMPLETE) return 0;
-    reading_ = false;
-    return std::nullopt;
-  }
-  reading_ = false;
+  const bool ended = GetOverlappedResult(file_.Get(), &read_->state, &count, FALSE) != 0;
+  if (!ended && GetLastError() == ERROR_IO_INCOMPLETE) return 0;
+  read_.reset();
+  if (!ended) return std::nullopt;
   COMSTAT state{};
   DWORD errors = 0;
   // A device that is gone may look like one that has nothing to say.
@@ -108,32 +111,29 @@ std::optional<int> CommDevice::FinishRead() {
 }
 
 CommDevice::Written CommDevice::Write(std::string_view bytes, std::chrono::milliseconds limit) {
-  OVERLAPPED write{};
-  write.hEvent = written_.Get();
-  DWORD count = 0;
-  if (WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), nullptr, &write) ==
-          0 &&
+  auto write = std::make_unique<Transfer>();
+  write->event = SystemHandle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+  write->state.hEvent = write->event.Get();
+  write->bytes = bytes;
+  const auto size = static_cast<DWORD>(bytes.size());
+  if (WriteFile(file_.Get(), write->bytes.data(), size, nullptr, &write->state) == 0 &&
       GetLastError() != ERROR_IO_PENDING) {
     return Written::kFailed;
   }
-  const bool inTime =
-      WaitForSingleObject(written_.Get(), static_cast<DWORD>(limit.count())) == WAIT_OBJECT_0;
-  if (!inTime) CancelIoEx(file_.Get(), &write);
-  const bool ended = GetOverlappedResult(file_.Get(), &write, &count, TRUE) != 0;
-  if (ended && count == bytes.size()) return Written::kAll;
-  if (inTime && !ended) return Written::kFailed;
-  PurgeComm(file_.Get(), PURGE_TXABORT | PURGE_TXCLEAR);
-  return Written::kTooSlow;
+  if (WaitForSingleObject(write->event.Get(), static_cast<DWORD>(limit.count())) != WAIT_OBJECT_0) {
+    Cancel(std::move(write));
+    PurgeComm(file_.Get(), PURGE_TXABORT | PURGE_TXCLEAR);
+    return Written::kTooSlow;
+  }
+  DWORD count = 0;
+  if (GetOverlappedResult(file_.Get(), &write->state, &count, FALSE) == 0) return Written::kFailed;
+  return count == size ? Written::kAll : Written::kTooSlow;
 }
 
-// The system's own way to wait for this has no limit, and a device that hangs never gets there.
-void CommDevice::Drain(std::chrono::milliseconds limit) {
-  const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(limit.count());
-  COMSTAT state{};
-  DWORD errors = 0;
-  while (ClearCommError(file_.Get(), &errors, &state) != 0 && state.cbOutQue > 0 &&
-         GetTickCount64() < end) {
-    Sleep(kDrainStepMs);
+void CommDevice::Cancel(std::unique_ptr<Transfer> transfer) {
+  CancelIoEx(file_.Get(), &transfer->state);
+  if (WaitForSingleObject(transfer->state.hEvent, kCancelWaitMs) != WAIT_OBJECT_0) {
+    (void)transfer.release();
   }
 }
 

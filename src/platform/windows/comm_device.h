@@ -1,8 +1,9 @@
 #pragma once
 
-#include <array>
 #include <chrono>
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/windows/system_handle.h"
@@ -29,16 +30,21 @@ class CommDevice {
   // Writes what the device takes within `limit`; the rest of a text that it does not take in time
   // is dropped.
   Written Write(std::string_view bytes, std::chrono::milliseconds limit);
-  // Waits until the device has sent everything, at most so long.
-  void Drain(std::chrono::milliseconds limit);
 
  private:
+  // What the system works with while it reads or writes.
+  struct Transfer {
+    SystemHandle event;
+    OVERLAPPED state{};
+    std::string bytes;
+  };
+  // Ends it, unless the driver ignores that: then its memory is the driver's for good.
+  void Cancel(std::unique_ptr<Transfer> transfer);
+
   SystemHandle file_;
-  SystemHandle written_;
-  OVERLAPPED read_{};
-  // The system has read_.
-  bool reading_ = false;
-  std::array<char, 256> received_{};
+  HANDLE readEvent_;
+  // Set while the system reads.
+  std::unique_ptr<Transfer> read_;
 };
 
 }  // namespace orvane

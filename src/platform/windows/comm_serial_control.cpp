@@ -10,10 +10,10 @@
 namespace orvane {
 namespace {
 
-// How long Output may wait for the device. A command of 30 characters takes 31 ms.
-constexpr std::chrono::milliseconds kOutputWait{200};
-// How long closing may wait for the device.
-constexpr std::chrono::milliseconds kDrainWait{200};
+// At 9600 baud a character takes a little more than a millisecond.
+constexpr std::size_t kMsPerCharacter = 2;
+// What the device itself may take before and behind a text.
+constexpr std::chrono::milliseconds kDeviceWait{200};
 
 }  // namespace
 
@@ -56,13 +56,13 @@ void CommSerialControl::Close() {
   if (!open_) return;
   open_ = false;
   readNotifier_.setEnabled(false);
-  if (device_) device_->Drain(kDrainWait);
   device_.reset();
 }
 
 void CommSerialControl::Output(std::string_view bytes) {
   if (!open_) throw MakeSerialError(kSerialNoOpenPort);
-  const auto written = device_ ? device_->Write(bytes, kOutputWait) : CommDevice::Written::kFailed;
+  const auto limit = kDeviceWait + std::chrono::milliseconds(bytes.size() * kMsPerCharacter);
+  const auto written = device_ ? device_->Write(bytes, limit) : CommDevice::Written::kFailed;
   if (written == CommDevice::Written::kAll) return;
   if (written == CommDevice::Written::kFailed) Fail();
   throw MakeSerialError(kSerialDeviceError);

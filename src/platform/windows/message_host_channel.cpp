@@ -4,7 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "platform/ansi.h"
+#include "platform/windows/wide_text.h"
 #include "platform/windows/window_hook.h"
 
 namespace orvane {
@@ -17,10 +17,19 @@ HWND ToWindow(const PeerWindow& peer) {
   return reinterpret_cast<HWND>(peer.id);
 }
 
+// The text of this program's own windows is asked of the thread that has them, and a database
+// driver's thread may be waiting for its server; none of those is a peer.
+bool BelongsToAnotherThreadHere(HWND window) {
+  DWORD process = 0;
+  const DWORD thread = GetWindowThreadProcessId(window, &process);
+  return process == GetCurrentProcessId() && thread != GetCurrentThreadId();
+}
+
 std::string CaptionOf(HWND window) {
+  if (BelongsToAnotherThreadHere(window)) return {};
   std::array<char, kCaptionBufferBytes> buffer{};
   const int length = GetWindowTextA(window, buffer.data(), kCaptionBufferBytes);
-  return DecodeAnsi({buffer.data(), static_cast<std::size_t>(length)});
+  return FromSystemAnsi({buffer.data(), static_cast<std::size_t>(length)});
 }
 
 }  // namespace

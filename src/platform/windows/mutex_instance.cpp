@@ -10,7 +10,8 @@ bool MutexInstance::Claim() {
   if (mutex_.Valid()) return true;
   // Whoever creates it first holds the session; nobody ever waits for it.
   SystemHandle mutex(CreateMutexW(nullptr, FALSE, name_.c_str()));
-  if (mutex.Valid() && GetLastError() == ERROR_ALREADY_EXISTS) return false;
+  const DWORD code = GetLastError();
+  if (mutex.Valid() ? code == ERROR_ALREADY_EXISTS : code == ERROR_ACCESS_DENIED) return false;
   mutex_ = std::move(mutex);
   return true;
 }

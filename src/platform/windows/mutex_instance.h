@@ -13,7 +13,8 @@ class MutexInstance : public SingleInstance {
   // UTF-8, without a "\".
   explicit MutexInstance(const std::string& name = "Orvane.SingleInstance");
 
-  // True as well when the name belongs to another user's program in this session.
+  // False as well when it runs with higher rights or for another user in this session. True when
+  // the system has no mutex to give: a program that cannot tell had better start.
   bool Claim() override;
 
  private:

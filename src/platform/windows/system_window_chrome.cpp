@@ -38,10 +38,6 @@ void CutToRoundedRectangle(const QWidget& widget, int width, int height, int ell
 
 }  // namespace
 
-SystemWindowChrome::~SystemWindowChrome() {
-  QObject::disconnect(screenChanged_);
-}
-
 bool SystemWindowChrome::SetTopmost(int flag, bool noActivate) {
   const UINT flags = SWP_NOMOVE | SWP_NOSIZE | (noActivate ? SWP_NOACTIVATE : 0U);
   return SetWindowPos(NativeWindow(*window_), PlaceBehind(flag), 0, 0, 0, 0, flags) != 0;
@@ -54,12 +50,21 @@ void SystemWindowChrome::AddDropShadow() {
 }
 
 void SystemWindowChrome::SetRoundedRegion(int width, int height, int ellipse) {
-  CutToRoundedRectangle(*window_, width, height, ellipse);
-  // A screen of another scale makes the window larger or smaller.
+  shape_ = {width, height, ellipse};
+  CutAndWatchScale();
+}
+
+void SystemWindowChrome::CutAndWatchScale() {
+  CutToRoundedRectangle(*window_, shape_.width, shape_.height, shape_.ellipse);
+  // Another screen, or another scale set for this one, makes the window larger or smaller; Qt may
+  // take the region away meanwhile, so the cut waits until that is through.
   QObject::disconnect(screenChanged_);
-  screenChanged_ = QObject::connect(
-      window_->windowHandle(), &QWindow::screenChanged, window_.get(),
-      [this, width, height, ellipse] { CutToRoundedRectangle(*window_, width, height, ellipse); });
+  QObject::disconnect(scaleChanged_);
+  const auto again = [this] { CutAndWatchScale(); };
+  screenChanged_ = QObject::connect(window_->windowHandle(), &QWindow::screenChanged, &context_,
+                                    again, Qt::QueuedConnection);
+  scaleChanged_ = QObject::connect(window_->screen(), &QScreen::logicalDotsPerInchChanged,
+                                   &context_, again, Qt::QueuedConnection);
 }
 
 void SystemWindowChrome::Drag(std::function<void()> finished) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMetaObject>
+#include <QObject>
 #include <QPointer>
 #include <QWidget>
 
@@ -13,7 +14,6 @@ class SystemWindowChrome : public WindowChrome {
  public:
   // The widget outlives the chrome.
   explicit SystemWindowChrome(QWidget& window) : window_(&window) {}
-  ~SystemWindowChrome() override;
   SystemWindowChrome(const SystemWindowChrome&) = delete;
   SystemWindowChrome& operator=(const SystemWindowChrome&) = delete;
 
@@ -25,8 +25,17 @@ class SystemWindowChrome : public WindowChrome {
   void Drag(std::function<void()> finished) override;
 
  private:
+  // In pixels of the design.
+  struct Shape {
+    int width, height, ellipse;
+  };
+  void CutAndWatchScale();
+
   QPointer<QWidget> window_;
-  QMetaObject::Connection screenChanged_;
+  Shape shape_{};
+  // What is called later for it goes with it.
+  QObject context_;
+  QMetaObject::Connection screenChanged_, scaleChanged_;
 };
 
 }  // namespace orvane

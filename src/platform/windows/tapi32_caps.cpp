@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t kRoomForTextsBytes = 1024;
 // No driver has so much to tell; one that asks for more is broken.
 constexpr std::size_t kMostBytes = 1024 * 1024;
+constexpr DWORD kMostAddresses = 256;
 
 // A record of TAPI's with the texts that follow it in the same memory.
 template <typename Record>
@@ -105,7 +106,8 @@ LineInfo ReadLineInfo(const Tapi32Api& api, const Tapi32Device& device) {
   info.switchInfo = caps.Text(caps->dwSwitchInfoOffset, caps->dwSwitchInfoSize);
   info.providerInfo = caps.Text(caps->dwProviderInfoOffset, caps->dwProviderInfoSize);
   info.version = device.version;
-  for (DWORD address = 0; address < caps->dwNumAddresses; ++address) {
+  const DWORD count = std::min(caps->dwNumAddresses, kMostAddresses);
+  for (DWORD address = 0; address < count; ++address) {
     TakeAddress(api, device, address, info);
   }
   return info;

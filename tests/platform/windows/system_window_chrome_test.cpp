@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <QApplication>
+#include <QScreen>
 
 #include "contract/event_wait.h"
 
@@ -70,6 +71,11 @@ TEST_F(SystemWindowChromeTest, CutsTheCorners) {
   EXPECT_NEAR(box.right, Scaled(100), 1);
   EXPECT_NEAR(box.bottom, Scaled(60), 1);
   DeleteObject(region);
+
+  SetWindowRgn(Native(), nullptr, FALSE);
+  emit window.screen()->logicalDotsPerInchChanged(144);
+  EXPECT_TRUE(RunUntil([&] { return GetWindowRgnBox(Native(), &box) == COMPLEXREGION; }))
+      << "cut anew at another scale";
 }
 
 TEST_F(SystemWindowChromeTest, AsksForAShadow) {
