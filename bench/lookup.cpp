@@ -46,7 +46,8 @@ int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   if (argc < 3) return 2;
   orvane::ImmediateWork work;
-  orvane::HostDatabases databases(orvane::native::Databases(work));
+  orvane::DriverThreads threads;
+  orvane::HostDatabases databases(orvane::native::Databases(work, threads));
   const auto contacts = databases.NewConnection();
   contacts->SetProvider("Microsoft.Jet.OLEDB.4.0");
   contacts->SetProperty("Data Source", argv[1]);

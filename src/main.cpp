@@ -3,6 +3,8 @@
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QTranslator>
+#include <chrono>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,6 +15,7 @@
 #include "app/startup.h"
 #include "app/work_queue.h"
 #include "journal/current_call.h"
+#include "platform/common/driver_threads.h"
 #include "platform/common/host_databases.h"
 #include "platform/common/qt_event_loop.h"
 #include "platform/common/qt_locale_format.h"
@@ -32,6 +35,8 @@
 #endif
 
 namespace {
+
+constexpr std::chrono::milliseconds kDriverFarewell{500};
 
 // The simulated lines are for demonstrations: whoever wants them says so before the start. The
 // machine's come last, because there may be more of them later.
@@ -53,14 +58,14 @@ void SpeakGerman(QApplication& application, QTranslator& translator) {
   }
 }
 
-int Run(const std::string& commandLine) {
+int Run(const std::string& commandLine, orvane::DriverThreads& driverThreads) {
   using namespace orvane;
   QtPrompts screen;
   HostHelper messages(screen);
   HostHelper dialogMessages(screen);
   native::Ini ini;
   QtLongWork longWork;
-  HostDatabases databases{native::Databases(longWork)};
+  HostDatabases databases{native::Databases(longWork, driverThreads)};
   native::Serial serial;
   native::Channel channel;
   native::Instance instance;
@@ -112,5 +117,9 @@ int main(int argc, char** argv) {
   QTranslator translator;
   SpeakGerman(application, translator);
   const orvane::ApplicationStyle style(application);
-  return Run(orvane::JoinCommandLine(words));
+  orvane::DriverThreads driverThreads;
+  const int result = Run(orvane::JoinCommandLine(words), driverThreads);
+  // A server that is silent to the end: its driver must not be cleaned up under its feet.
+  if (!driverThreads.AllEnded(kDriverFarewell)) std::_Exit(result);
+  return result;
 }

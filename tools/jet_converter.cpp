@@ -4,18 +4,25 @@
 //
 // The old file stays beside the new one, under its name with ".jet" behind it.
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <array>
 #include <charconv>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "journal_schema.h"
 #include "platform/common/host_databases.h"
 #include "platform/common/jet_header.h"
 #include "platform/errors.h"
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/native.h"
 
 namespace {
@@ -62,7 +69,8 @@ std::string Rows(orvane::DatabaseConnection& journal, const std::string& table) 
 
 std::string AllCalls(const fs::path& file, const std::string& password) {
   orvane::ImmediateWork work;
-  orvane::HostDatabases databases(orvane::native::Databases(work));
+  orvane::DriverThreads threads;
+  orvane::HostDatabases databases(orvane::native::Databases(work, threads));
   const auto journal = databases.NewConnection();
   journal->SetMode(orvane::DbMode::kRead);
   journal->SetProvider("Microsoft.Jet.OLEDB.4.0");
@@ -76,22 +84,69 @@ bool IsJetFile(const fs::path& file) {
   return orvane::ReadJetHeader(file).has_value();
 }
 
-// At every moment one of the two files lies under the journal's name or beside it whole.
-void Convert(const fs::path& file, const std::string& password) {
-  if (!fs::exists(file)) throw std::runtime_error("Die Datei gibt es nicht.");
+std::string Content(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::string content{std::istreambuf_iterator<char>(stream), {}};
+  if (!stream) throw std::runtime_error("Die Datei " + file.string() + " ist nicht lesbar.");
+  return content;
+}
+
+// A file that goes when it was not put in its place.
+class Draft {
+ public:
+  explicit Draft(fs::path path) : path_(std::move(path)) { fs::remove(path_); }
+  ~Draft() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+  }
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+  const fs::path& Path() const { return path_; }
+  // Whole or not at all, also when the machine stops in between.
+  void PutInPlace(const fs::path& place) const {
+    const orvane::FileDescriptor written(open(path_.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!written.Valid() || fsync(written.Get()) != 0) {
+      throw std::runtime_error("Die Datei " + path_.string() + " lässt sich nicht schreiben.");
+    }
+    fs::rename(path_, place);
+  }
+
+ private:
+  fs::path path_;
+};
+
+// Keeps a copy of the journal; false when an earlier run, which came no further, did it already.
+bool Keep(const fs::path& file, const fs::path& kept) {
+  if (fs::exists(kept)) {
+    if (Content(kept) == Content(file)) return false;
+    throw std::runtime_error("Es gibt schon eine andere Datei " + kept.string() + ".");
+  }
+  const Draft draft(kept.string() + ".neu");
+  fs::copy_file(file, draft.Path());
+  draft.PutInPlace(kept);
+  return true;
+}
+
+// The journal is replaced in one step, by what the kept copy holds. Until then nothing but the copy
+// has changed, and the copy goes again when the step fails.
+void Convert(const fs::path& given, const std::string& password) {
+  if (!fs::exists(given)) throw std::runtime_error("Die Datei gibt es nicht.");
+  const fs::path file = fs::canonical(given);
   if (!IsJetFile(file)) throw std::runtime_error("Die Datei ist keine Jet-Datenbank.");
   const fs::path kept = file.string() + ".jet";
-  if (fs::exists(kept)) throw std::runtime_error("Es gibt schon eine Datei " + kept.string() + ".");
-  const fs::path fresh = file.string() + ".neu";
-  fs::remove(fresh);
+  const bool isNew = Keep(file, kept);
   try {
-    orvane::CreateJournalFile(fresh, AllCalls(file, password));
-    fs::permissions(fresh, fs::status(file).permissions());
-    fs::create_hard_link(file, kept);
-    fs::rename(fresh, file);
+    const Draft fresh(file.string() + ".neu");
+    orvane::CreateJournalFile(fresh.Path(), AllCalls(kept, password));
+    fs::permissions(fresh.Path(), fs::status(file).permissions());
+    if (Content(kept) != Content(file)) {
+      throw std::runtime_error(
+          "Ein anderes Programm hat gerade hineingeschrieben. Bitte noch einmal versuchen.");
+    }
+    fresh.PutInPlace(file);
   } catch (...) {
     std::error_code ignored;
-    fs::remove(fresh, ignored);
+    if (isNew) fs::remove(kept, ignored);
     throw;
   }
   std::cout << "Umgewandelt: " << file.string() << "\nDie alte Datei: " << kept.string() << '\n';

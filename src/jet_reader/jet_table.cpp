@@ -143,11 +143,14 @@ bool WriteTable(MdbCatalogEntry& entry, const NameList& wanted, SnapshotWriter& 
   if (fields.empty()) return true;
   WriteHead(entry, fields, out);
   mdb_rewind_table(table.get());
-  while (mdb_fetch_row(table.get()) != 0) {
+  guint rows = 0;
+  for (; mdb_fetch_row(table.get()) != 0; ++rows) {
     out.Byte(jet_stream::kRow);
     for (const auto& field : fields) field->Write(*entry.mdb, out);
   }
-  return true;
+  // The library does not tell a page that it cannot read from the table's end; the table knows how
+  // many rows it has.
+  return rows >= table->num_rows;
 }
 
 }  // namespace orvane

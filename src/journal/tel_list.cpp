@@ -1,6 +1,7 @@
 #include "journal/tel_list.h"
 
 #include <exception>
+#include <optional>
 #include <stdexcept>
 
 #include "app/text_tools.h"
@@ -53,10 +54,11 @@ std::string TakeExtFromKind(std::string& kind) {
   return {};
 }
 
-// Largest `ID` plus 1; 0 when it cannot be read, so that the trimming removes nothing.
-std::int64_t NextId(DatabaseConnection& journal, const std::string& table) {
+// Largest `ID` plus 1; nothing when it cannot be read. A guessed one would be another call's or, if
+// small, trim this call away at once.
+std::optional<std::int64_t> NextId(DatabaseConnection& journal, const std::string& table) {
   const auto rows = ExecuteQuietly(journal, "SELECT Max(ID) FROM " + table);
-  if (!rows || rows->AtEnd()) return 0;
+  if (!rows || rows->AtEnd()) return std::nullopt;
   return IntegerOf(rows->Field(0)) + 1;
 }
 
@@ -84,14 +86,15 @@ void Insert(DatabaseConnection& journal, const std::string& table, const std::st
       tail += "," + std::to_string(call.personKey);
     }
   }
-  const std::int64_t id = NextId(journal, table);
-  ExecuteQuietly(journal, columns + ") VALUES (" + std::to_string(id) + "," + ext + ",#" +
+  const std::optional<std::int64_t> id = NextId(journal, table);
+  if (!id) return;
+  ExecuteQuietly(journal, columns + ") VALUES (" + std::to_string(*id) + "," + ext + ",#" +
                               call.startText + "#,'" +
                               Shortened(call.company, kMaxCompanyCharacters) + "','" +
                               Shortened(call.place, kMaxPlaceCharacters) + "','" +
                               Shortened(call.person, kMaxPersonCharacters) + "'" + tail + ")");
   ExecuteQuietly(journal,
-                 "DELETE FROM " + table + " WHERE ID<" + std::to_string(id - (kJournalRows - 1)));
+                 "DELETE FROM " + table + " WHERE ID<" + std::to_string(*id - (kJournalRows - 1)));
 }
 
 void Update(DatabaseConnection& journal, const std::string& table, const std::string& startText,

@@ -6,7 +6,7 @@ CREATE TABLE "AdrDetail" ("AdrID" INTEGER, "DetID" INTEGER, "VName" VARCHAR(60),
   "RawHandyprv" VARCHAR(40), "RawTelprv" VARCHAR(40));
 CREATE TABLE "Benutzer" ("ID" INTEGER, "VName" VARCHAR(60), "NName" VARCHAR(80), "AbtID" INTEGER,
   "Durchwahl" VARCHAR(20));
-CREATE TABLE "Grp_Abt" ("ID" INTEGER, "Bez" VARCHAR(80));
+CREATE TABLE "Grp_Abt" ("ID" INTEGER NOT NULL UNIQUE, "Bez" VARCHAR(80));
 INSERT INTO "Adressen" ("AdrID", "Firma1", "Ort", "RawZentrTel") VALUES
  (1, 'Havelwerk Maschinenbau GmbH', 'Berlin', '4930123450'),
  (2, 'Muster GmbH', 'Frankfurt', '49697654320'),

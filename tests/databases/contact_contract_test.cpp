@@ -82,38 +82,6 @@ TEST_P(ContactContract, FindsWhomAnExtensionBelongsTo) {
   }
 }
 
-TEST_P(ContactContract, RefusesAStatementWithTheNumberOfItsFailure) {
-  ASSERT_TRUE(ReopenDB(services, state));
-  DatabaseConnection& contacts = *state.databases.host;
-  const std::pair<const char*, std::int32_t> kCases[] = {
-      {"SELECT Firma1 FROM Adressen WHERE", kDbErrorSyntax},
-      {"SELECT Firma1 FROM Adressen WHERE Ort='O'Brien'", kDbErrorSyntax},
-      {"SELECT Umsatz FROM Adressen", kDbErrorSyntax},
-      {"SELECT Firma1 FROM Gibtsnicht", kDbErrorSyntax},
-      {"SELECT Firma1 FROM Adressen; DELETE FROM Adressen", kDbErrorSyntax},
-      {"DROP TABLE Adressen", kDbErrorSyntax}};
-  for (const auto& [sql, number] : kCases) {
-    SCOPED_TRACE(sql);
-    try {
-      contacts.Execute(sql);
-      ADD_FAILURE() << "no error";
-    } catch (const DatabaseError& error) {
-      EXPECT_EQ(error.Number(), number) << error.Description();
-    }
-    EXPECT_EQ(contacts.Execute("SELECT Firma1 FROM Adressen WHERE AdrID=2")->Field(0),
-              DbValue("Muster GmbH"));
-  }
-  contacts.Close();
-  EXPECT_THROW(contacts.Execute("SELECT Ort FROM Adressen"), DatabaseError);
-}
-
-std::vector<ContactEngineEntry> ContactEngines() {
-  std::vector<ContactEngineEntry> engines = SystemContactEngines();
-  engines.push_back({"Sqlite", [] { return std::make_unique<SqliteContacts>(); }});
-  engines.push_back({"Faulty", [] { return std::make_unique<FaultyContacts>(); }});
-  return engines;
-}
-
 INSTANTIATE_TEST_SUITE_P(Engines, ContactContract, testing::ValuesIn(ContactEngines()),
                          [](const auto& entry) { return std::string(entry.param.name); });
 

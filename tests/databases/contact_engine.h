@@ -3,13 +3,16 @@
 #include <fstream>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "app/program_state.h"
 #include "fakes/faulty_database.h"
+#include "fakes/raw_sqlite.h"
 #include "fakes/temporary_folder.h"
+#include "platform/common/database_errors.h"
 #include "platform/common/sqlite_services.h"
 #include "sqlite_script.h"
 
@@ -22,6 +25,9 @@ class ContactEngine {
   virtual DatabaseServices& Databases() = 0;
   // Makes the host's settings lead to it.
   virtual void Select(HostEnvironment& host) = 0;
+  // Lets the next opening fail, until Select is called again; false when that cannot happen here.
+  virtual bool Cause(DatabaseFailure failure, HostEnvironment& host) = 0;
+  virtual bool CanWrite() const { return true; }
   // Why it cannot be tried on this machine; empty when it can.
   virtual std::string Obstacle() const { return {}; }
 };
@@ -33,6 +39,8 @@ struct ContactEngineEntry {
 
 // Those that only this system has.
 std::vector<ContactEngineEntry> SystemContactEngines();
+// All.
+std::vector<ContactEngineEntry> ContactEngines();
 
 inline std::string TestDataText(const std::string& name) {
   std::ifstream file(std::string(ORVANE_TEST_DATA) + "/" + name, std::ios::binary);
@@ -40,6 +48,24 @@ inline std::string TestDataText(const std::string& name) {
   text << file.rdbuf();
   return text.str();
 }
+
+// A file that is none, in place of the contacts.
+class OtherFile {
+ public:
+  bool Cause(DatabaseFailure failure, HostEnvironment& host) {
+    std::filesystem::remove(folder_ / "CONTACT.FDB");
+    if (failure == DatabaseFailure::kFileNotRecognised) {
+      folder_.Write("CONTACT.FDB", std::string(8192, 'x'));
+    } else if (failure != DatabaseFailure::kFileMissing) {
+      return false;
+    }
+    host.dataPath = folder_.Path().string() + "/";
+    return true;
+  }
+
+ private:
+  TemporaryFolder folder_;
+};
 
 class SqliteContacts : public ContactEngine {
  public:
@@ -49,10 +75,20 @@ class SqliteContacts : public ContactEngine {
     script.Finish();
   }
   DatabaseServices& Databases() override { return sqlite_; }
-  void Select(HostEnvironment& host) override { host.dataPath = folder_.Path().string() + "/"; }
+  void Select(HostEnvironment& host) override {
+    lock_.reset();
+    host.dataPath = folder_.Path().string() + "/";
+  }
+  bool Cause(DatabaseFailure failure, HostEnvironment& host) override {
+    if (failure != DatabaseFailure::kFileLocked) return other_.Cause(failure, host);
+    lock_.emplace(folder_ / "CONTACT.FDB").Run("BEGIN EXCLUSIVE");
+    return true;
+  }
 
  private:
   TemporaryFolder folder_;
+  OtherFile other_;
+  std::optional<RawSqlite> lock_;
   SqliteServices sqlite_;
 };
 

@@ -55,6 +55,8 @@ TEST(JetQuery, LeavesOtherShapesAlone) {
     EXPECT_FALSE(IndexedJoin(SplitJetTokens(std::string(kSelect) + condition))) << condition;
   }
   EXPECT_FALSE(IndexedJoin(
+      SplitJetTokens("SELECT * FROM A LEFT JOIN D ON A.k=D.k WHERE D.t='1' OR A.n='1'")));
+  EXPECT_FALSE(IndexedJoin(
       SplitJetTokens("SELECT A.k FROM A INNER JOIN D ON A.k=D.k WHERE D.t='1' OR A.n='1'")));
 }
 

@@ -39,36 +39,41 @@ class DateScanner {
 
 }  // namespace
 
-std::optional<double> ParseJetDate(std::string_view text) {
-  DateScanner scanner(text);
-  const int month = scanner.Number(1, 2);
-  scanner.Separator('/');
-  const int day = scanner.Number(1, 2);
-  scanner.Separator('/');
-  const int year = scanner.Number(4, 4);
-  int hour = 0;
-  int minute = 0;
-  int second = 0;
-  if (!scanner.AtEnd()) {
-    scanner.Separator(' ');
-    hour = scanner.Number(1, 2);
-    scanner.Separator(':');
-    minute = scanner.Number(2, 2);
-    scanner.Separator(':');
-    second = scanner.Number(2, 2);
-  }
-  const std::chrono::year_month_day date{std::chrono::year(year),
-                                         std::chrono::month(static_cast<unsigned>(month)),
-                                         std::chrono::day(static_cast<unsigned>(day))};
-  if (!scanner.Complete() || !date.ok() || year < 100 || hour > 23 || minute > 59 || second > 59) {
+std::optional<double> DateNumber(const DateAndTime& date) {
+  const std::chrono::year_month_day ymd{std::chrono::year(date.year),
+                                        std::chrono::month(static_cast<unsigned>(date.month)),
+                                        std::chrono::day(static_cast<unsigned>(date.day))};
+  constexpr int kFirstYear = 100;
+  constexpr int kLastYear = 9999;
+  if (!ymd.ok() || date.year < kFirstYear || date.year > kLastYear || date.hour > 23 ||
+      date.minute > 59 || date.second >= 60) {
     return std::nullopt;
   }
   using std::chrono::December;
   const std::chrono::sys_days epoch = std::chrono::year(1899) / December / 30;
-  const auto days = static_cast<double>((std::chrono::sys_days(date) - epoch).count());
+  const auto days = static_cast<double>((std::chrono::sys_days(ymd) - epoch).count());
   constexpr double kSecondsPerDay = 86400;
-  const double fraction = (hour * 3600 + minute * 60 + second) / kSecondsPerDay;
+  const double fraction = (date.hour * 3600 + date.minute * 60 + date.second) / kSecondsPerDay;
   return days < 0 ? days - fraction : days + fraction;
+}
+
+std::optional<double> ParseJetDate(std::string_view text) {
+  DateScanner scanner(text);
+  DateAndTime date;
+  date.month = scanner.Number(1, 2);
+  scanner.Separator('/');
+  date.day = scanner.Number(1, 2);
+  scanner.Separator('/');
+  date.year = scanner.Number(4, 4);
+  if (!scanner.AtEnd()) {
+    scanner.Separator(' ');
+    date.hour = scanner.Number(1, 2);
+    scanner.Separator(':');
+    date.minute = scanner.Number(2, 2);
+    scanner.Separator(':');
+    date.second = scanner.Number(2, 2);
+  }
+  return scanner.Complete() ? DateNumber(date) : std::nullopt;
 }
 
 }  // namespace orvane

@@ -155,6 +155,8 @@ std::optional<Join> ParseJoin(const Tokens& query) {
   const std::size_t start = reader.Position();
   reader.SkipTo("FROM");
   join.columns = reader.From(start);
+  // All columns would be those of the found row numbers, too.
+  if (Has(join.columns, "*")) return std::nullopt;
   if (!reader.Accept("FROM") || !TakeTables(reader, join) || !reader.Accept("WHERE")) {
     return std::nullopt;
   }

@@ -1,95 +1,19 @@
 #include "platform/common/odbc_databases.h"
 
-#include <algorithm>
-#include <array>
 #include <condition_variable>
 #include <exception>
-#include <thread>
+#include <mutex>
 #include <utility>
 
-#include "platform/common/jet_header.h"
-#include "platform/common/jet_sql.h"
-#include "platform/native_path.h"
+#include "platform/common/database_errors.h"
 
 namespace orvane {
 namespace {
 
-constexpr std::string_view kSqlServer = "SQL Server";
 constexpr std::chrono::seconds kNoticeableWait{2};
-
-// The newest first; FreeTDS is what other systems than Windows have.
-constexpr std::array<std::string_view, 8> kServerDrivers{"ODBC Driver 18 for SQL Server",
-                                                         "ODBC Driver 17 for SQL Server",
-                                                         "ODBC Driver 13 for SQL Server",
-                                                         "ODBC Driver 11 for SQL Server",
-                                                         "SQL Server Native Client 11.0",
-                                                         "SQL Server Native Client 10.0",
-                                                         "FreeTDS",
-                                                         "SQL Server"};
-constexpr std::array<std::string_view, 2> kJetDrivers{"Microsoft Access Driver (*.mdb, *.accdb)",
-                                                      "Microsoft Access Driver (*.mdb)"};
-
-template <std::size_t count>
-std::string BestDriver(const std::array<std::string_view, count>& wanted,
-                       std::string_view database) {
-  const std::vector<std::string> installed = InstalledOdbcDrivers();
-  for (const std::string_view driver : wanted) {
-    if (std::find(installed.begin(), installed.end(), driver) != installed.end()) {
-      return std::string(driver);
-    }
-  }
-  throw ErrorOf(DatabaseFailure::kDriverMissing, database);
-}
-
-// One pair of an ODBC connection string.
-std::string Pair(std::string_view name, std::string_view value) {
-  std::string result = std::string(name) + "={";
-  for (const char c : value) result.append(c == '}' ? 2U : 1U, c);
-  return result + "};";
-}
-
-std::string ServerString(const ConnectionProperties& properties) {
-  const std::string driver = BestDriver(kServerDrivers, kSqlServer);
-  std::string server = properties.Get("Data Source");
-  std::string result = Pair("DRIVER", driver);
-  if (driver == "FreeTDS") {
-    // It wants the port, which others take behind a comma, under a name of its own.
-    const std::size_t comma = server.find(',');
-    result += "PORT=" + (comma == std::string::npos ? "1433" : server.substr(comma + 1)) + ";";
-    server = server.substr(0, comma);
-    result += "TDS_Version=7.4;ClientCharset=UTF-8;";
-  } else {
-    result += "TrustServerCertificate=yes;";
-  }
-  result += "SERVER=" + server + ";" + Pair("DATABASE", properties.Get("Initial Catalog"));
-  if (!properties.Get("Integrated Security").empty()) return result + "Trusted_Connection=yes;";
-  return result + Pair("UID", properties.Get("User ID")) + Pair("PWD", properties.Get("Password"));
-}
-
-std::string JetString(const ConnectionProperties& properties) {
-  const std::u8string file = NativePath(properties.Get("Data Source")).u8string();
-  return Pair("DRIVER", BestDriver(kJetDrivers, "Jet-Datenbanken")) +
-         Pair("DBQ", std::string(file.begin(), file.end())) +
-         Pair("PWD", properties.Get("Jet OLEDB:Database Password"));
-}
+constexpr std::chrono::milliseconds kCloseWait{500};
 
 }  // namespace
-
-OdbcAccess SqlServerAccess() {
-  return {ServerString,
-          [](const ConnectionProperties& properties) {
-            return OdbcSession::Subject{properties.Get("User ID"), std::string(kSqlServer)};
-          },
-          TranslateJetSqlForServer};
-}
-
-OdbcAccess JetFileAccess() {
-  return {JetString,
-          [](const ConnectionProperties& properties) {
-            return OdbcSession::Subject{{}, properties.Get("Data Source"), true};
-          },
-          OrderedJetSql};
-}
 
 // Something that is done in a thread of its own, which outlives whoever waits for it.
 template <typename Result>
@@ -100,10 +24,11 @@ struct OdbcDatabases::Attempt {
   Result result{};
   std::exception_ptr failure;
 
-  bool Done() {
-    const std::lock_guard lock(mutex);
-    return done;
+  bool Wait(std::chrono::milliseconds limit) {
+    std::unique_lock lock(mutex);
+    return changed.wait_for(lock, limit, [this] { return done; });
   }
+  bool Done() { return Wait(std::chrono::milliseconds{0}); }
   // Only when it is done.
   Result Take() {
     if (failure) std::rethrow_exception(failure);
@@ -113,9 +38,9 @@ struct OdbcDatabases::Attempt {
 
 template <typename Result>
 std::shared_ptr<OdbcDatabases::Attempt<Result>> OdbcDatabases::Start(
-    std::function<Result()> action) {
+    std::function<Result()> action) const {
   auto attempt = std::make_shared<Attempt<Result>>();
-  std::thread([attempt, action = std::move(action)]() mutable {
+  threads_.Start([attempt, action = std::move(action)]() mutable {
     Result result{};
     std::exception_ptr failure;
     try {
@@ -130,39 +55,59 @@ std::shared_ptr<OdbcDatabases::Attempt<Result>> OdbcDatabases::Start(
     attempt->failure = failure;
     attempt->done = true;
     attempt->changed.notify_all();
-  }).detach();
+  });
   return attempt;
 }
 
 template <typename Result>
-bool OdbcDatabases::Await(Attempt<Result>& attempt) {
+bool OdbcDatabases::Await(Attempt<Result>& attempt) const {
   bool done = false;
-  work_.Run([&attempt, &done, limit = access_.limit] {
-    std::unique_lock lock(attempt.mutex);
-    done = attempt.changed.wait_for(lock, limit, [&attempt] { return attempt.done; });
-  });
+  work_.Run([&attempt, &done, limit = limits_.wait] { done = attempt.Wait(limit); });
   return done;
 }
 
 // A connection that is open.
 class OdbcDatabase : public OpenDatabase {
  public:
-  OdbcDatabase(std::shared_ptr<OdbcDatabases> databases, std::shared_ptr<OdbcSession> session)
-      : databases_(std::move(databases)), session_(std::move(session)) {}
+  OdbcDatabase(std::shared_ptr<OdbcDatabases> databases, std::string text,
+               OdbcDatabases::Session session)
+      : databases_(std::move(databases)), text_(std::move(text)), session_(std::move(session)) {}
+  ~OdbcDatabase() override { databases_->Close(std::move(session_)); }
+  OdbcDatabase(const OdbcDatabase&) = delete;
+  OdbcDatabase& operator=(const OdbcDatabase&) = delete;
+
   std::unique_ptr<Recordset> Execute(std::string_view sql) override {
-    return databases_->Execute(session_, sql);
+    if (!session_) throw ErrorOf(DatabaseFailure::kServerLost);
+    try {
+      return databases_->Execute(session_, sql);
+    } catch (const DatabaseError& error) {
+      if (error.Number() == kDbErrorTimeout) databases_->GiveUp(text_, std::move(session_));
+      throw;
+    }
   }
 
  private:
   std::shared_ptr<OdbcDatabases> databases_;
-  std::shared_ptr<OdbcSession> session_;
+  std::string text_;
+  OdbcDatabases::Session session_;
 };
 
 std::unique_ptr<OpenDatabase> OdbcDatabases::Open(const ConnectionProperties& properties) {
   const std::string text = access_.connectionString(properties);
+  const auto silent = silentUntil_.find(text);
+  if (silent != silentUntil_.end()) {
+    if (Clock::now() < silent->second) throw NoAnswer(properties);
+    silentUntil_.erase(silent);
+  }
   auto session = background_.contains(text) ? TakeBackgroundSession(text, properties)
                                             : FirstSession(text, properties);
-  return std::make_unique<OdbcDatabase>(shared_from_this(), std::move(session));
+  return std::make_unique<OdbcDatabase>(shared_from_this(), text, std::move(session));
+}
+
+DatabaseError OdbcDatabases::NoAnswer(const ConnectionProperties& properties) const {
+  const OdbcSubject subject = access_.subject(properties);
+  return subject.isFile ? ErrorOf(DatabaseFailure::kFileTooLarge, subject.database)
+                        : ErrorOf(DatabaseFailure::kServerNotFound);
 }
 
 std::shared_ptr<OdbcDatabases::Connecting> OdbcDatabases::Connect(
@@ -174,19 +119,17 @@ std::shared_ptr<OdbcDatabases::Connecting> OdbcDatabases::Connect(
 
 OdbcDatabases::Session OdbcDatabases::FirstSession(const std::string& text,
                                                    const ConnectionProperties& properties) {
-  const auto start = std::chrono::steady_clock::now();
+  const auto start = Clock::now();
   const auto attempt = Connect(text, properties);
   if (!Await(*attempt)) {
     background_[text] = attempt;
-    throw ErrorOf(DatabaseFailure::kServerNotFound);
+    throw NoAnswer(properties);
   }
   try {
     return attempt->Take();
   } catch (const DatabaseError&) {
     // Drivers have limits of their own, and who was waited for until then is not waited for again.
-    if (std::chrono::steady_clock::now() - start > kNoticeableWait) {
-      background_[text] = Connect(text, properties);
-    }
+    if (Clock::now() - start > kNoticeableWait) background_[text] = Connect(text, properties);
     throw;
   }
 }
@@ -194,7 +137,7 @@ OdbcDatabases::Session OdbcDatabases::FirstSession(const std::string& text,
 OdbcDatabases::Session OdbcDatabases::TakeBackgroundSession(
     const std::string& text, const ConnectionProperties& properties) {
   auto& attempt = background_.at(text);
-  if (!attempt->Done()) throw ErrorOf(DatabaseFailure::kServerNotFound);
+  if (!attempt->Done()) throw NoAnswer(properties);
   const auto finished = std::move(attempt);
   background_.erase(text);
   try {
@@ -205,12 +148,28 @@ OdbcDatabases::Session OdbcDatabases::TakeBackgroundSession(
   }
 }
 
-std::unique_ptr<Recordset> OdbcDatabases::Execute(const Session& session, std::string_view sql) {
+std::unique_ptr<Recordset> OdbcDatabases::Execute(const Session& session,
+                                                  std::string_view sql) const {
   using Rows = std::unique_ptr<Recordset>;
   const auto attempt =
       Start<Rows>([session, text = access_.translate(sql)] { return session->Execute(text); });
   if (!Await(*attempt)) throw ErrorOf(DatabaseFailure::kStatementTooLong);
   return attempt->Take();
+}
+
+void OdbcDatabases::GiveUp(const std::string& text, Session session) {
+  silentUntil_[text] = Clock::now() + limits_.pause;
+  threads_.Start([session = std::move(session)] { session->Cancel(); });
+}
+
+// A file is free again when this returns; a server that does not let go is not waited for.
+void OdbcDatabases::Close(Session session) const {
+  if (!session) return;
+  try {
+    Start<bool>([session = std::move(session)] { return session != nullptr; })->Wait(kCloseWait);
+  } catch (const DatabaseError&) {
+    // Without a thread it was closed in this one.
+  }
 }
 
 }  // namespace orvane

@@ -4,37 +4,31 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <string>
 
+#include "platform/common/driver_threads.h"
 #include "platform/common/long_work.h"
+#include "platform/common/odbc_access.h"
 #include "platform/common/odbc_session.h"
 #include "platform/common/open_database.h"
 
 namespace orvane {
 
-// How one kind of database is reached through ODBC.
-struct OdbcAccess {
-  // Throws DatabaseError kDriverMissing when there is no driver for it.
-  std::function<std::string(const ConnectionProperties&)> connectionString;
-  std::function<OdbcSession::Subject(const ConnectionProperties&)> subject;
-  // A statement in the Jet dialect as the database wants it. Throws DatabaseError kDbErrorSyntax.
-  std::function<std::string(std::string_view)> translate;
+struct OdbcLimits {
   // The longest that opening or a statement may take.
-  std::chrono::milliseconds limit{10'000};
+  std::chrono::milliseconds wait{10'000};
+  // After a statement that took longer, how long nobody asks again.
+  std::chrono::milliseconds pause{60'000};
 };
-
-// The database server with the best of the installed drivers.
-OdbcAccess SqlServerAccess();
-// Files in Jet's own format with the Access driver, which there is on Windows.
-OdbcAccess JetFileAccess();
 
 // Opens databases through ODBC. Every call to a driver runs in a thread that is left behind when it
 // takes longer than the limit. Whoever has not answered once is not waited for again: as long as an
-// attempt in the background has not reached it, opening fails at once.
+// attempt in the background has not reached it, or a statement was too much for it a short time
+// ago, opening fails at once.
 class OdbcDatabases : public std::enable_shared_from_this<OdbcDatabases> {
  public:
-  OdbcDatabases(OdbcAccess access, LongWork& work) : access_(std::move(access)), work_(work) {}
+  OdbcDatabases(OdbcAccess access, LongWork& work, DriverThreads& threads, OdbcLimits limits = {})
+      : access_(std::move(access)), work_(work), threads_(threads), limits_(limits) {}
 
   // Throws DatabaseError.
   std::unique_ptr<OpenDatabase> Open(const ConnectionProperties& properties);
@@ -42,26 +36,34 @@ class OdbcDatabases : public std::enable_shared_from_this<OdbcDatabases> {
  private:
   friend class OdbcDatabase;
 
+  using Clock = std::chrono::steady_clock;
   using Session = std::shared_ptr<OdbcSession>;
   template <typename Result>
   struct Attempt;
   using Connecting = Attempt<Session>;
 
   template <typename Result>
-  static std::shared_ptr<Attempt<Result>> Start(std::function<Result()> action);
+  std::shared_ptr<Attempt<Result>> Start(std::function<Result()> action) const;
   template <typename Result>
-  bool Await(Attempt<Result>& attempt);
+  bool Await(Attempt<Result>& attempt) const;
 
+  DatabaseError NoAnswer(const ConnectionProperties& properties) const;
   std::shared_ptr<Connecting> Connect(const std::string& text,
                                       const ConnectionProperties& properties) const;
   Session FirstSession(const std::string& text, const ConnectionProperties& properties);
   Session TakeBackgroundSession(const std::string& text, const ConnectionProperties& properties);
-  std::unique_ptr<Recordset> Execute(const Session& session, std::string_view sql);
+  std::unique_ptr<Recordset> Execute(const Session& session, std::string_view sql) const;
+  // Leaves a statement that takes too long to itself.
+  void GiveUp(const std::string& text, Session session);
+  void Close(Session session) const;
 
   OdbcAccess access_;
   LongWork& work_;
+  DriverThreads& threads_;
+  OdbcLimits limits_;
   // Those that do not answer, by the connection string.
   std::map<std::string, std::shared_ptr<Connecting>> background_;
+  std::map<std::string, Clock::time_point> silentUntil_;
 };
 
 }  // namespace orvane

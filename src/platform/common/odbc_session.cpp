@@ -12,17 +12,17 @@
 #include <array>
 #include <utility>
 
+#include "platform/common/database_errors.h"
+#include "platform/common/jet_date.h"
 #include "platform/common/memory_recordset.h"
 
 namespace orvane {
 namespace {
 
+// Both are shorter than what the program waits: who gives up by himself leaves nothing behind.
 constexpr std::uintptr_t kLoginSeconds = 8;
+constexpr std::uintptr_t kStatementSeconds = 8;
 constexpr std::size_t kPieceUnits = 2048;
-// The host's server's own numbers that the program's rules know.
-constexpr std::int32_t kNativeNull = 515;
-constexpr std::int32_t kNativeDuplicateIndex = 2601;
-constexpr std::int32_t kNativeDuplicateKey = 2627;
 
 // The interface takes numbers where pointers stand.
 SQLPOINTER AsPointer(std::uintptr_t number) {
@@ -77,14 +77,8 @@ std::string Utf8(const SQLWCHAR* units, std::size_t count) {
   return QString::fromStdU16String(text).toStdString();
 }
 
-struct Diagnosis {
-  std::string state;  // five characters
-  std::int32_t native = 0;
-  std::string text;
-};
-
-std::vector<Diagnosis> DiagnosesOf(SQLSMALLINT type, SQLHANDLE handle) {
-  std::vector<Diagnosis> result;
+std::vector<OdbcDiagnosis> DiagnosesOf(SQLSMALLINT type, SQLHANDLE handle) {
+  std::vector<OdbcDiagnosis> result;
   for (SQLSMALLINT record = 1; record < 16; ++record) {
     std::array<SQLWCHAR, 6> state{};
     std::array<SQLWCHAR, 1024> text{};
@@ -101,47 +95,6 @@ std::vector<Diagnosis> DiagnosesOf(SQLSMALLINT type, SQLHANDLE handle) {
   return result;
 }
 
-bool IsIn(const std::string& text, const char* part) {
-  return text.find(part) != std::string::npos;
-}
-
-// Some drivers tell a refused login from a missing server by their words alone.
-bool IsLoginRefusal(const Diagnosis& diagnosis) {
-  return diagnosis.state.starts_with("28") || diagnosis.native == 18456 ||
-         IsIn(diagnosis.text, "password authentication failed") ||
-         IsIn(diagnosis.text, "no password supplied") || IsIn(diagnosis.text, "Login failed");
-}
-
-DatabaseFailure ConnectFailureOf(const std::vector<Diagnosis>& diagnoses) {
-  for (const Diagnosis& diagnosis : diagnoses) {
-    if (IsLoginRefusal(diagnosis)) return DatabaseFailure::kLoginRefused;
-    if (diagnosis.state.starts_with("IM") || IsIn(diagnosis.text, "Can't open lib")) {
-      return DatabaseFailure::kDriverMissing;
-    }
-  }
-  return DatabaseFailure::kServerNotFound;
-}
-
-DatabaseFailure StatementFailureOf(const Diagnosis& diagnosis) {
-  const std::string group = diagnosis.state.substr(0, 2);
-  if (group == "42" || group == "37" || group == "S0" || group == "07") {
-    return DatabaseFailure::kSyntax;
-  }
-  if (diagnosis.native == kNativeNull || diagnosis.state == "23502") {
-    return DatabaseFailure::kNullField;
-  }
-  if (diagnosis.native == kNativeDuplicateIndex || diagnosis.native == kNativeDuplicateKey ||
-      diagnosis.state == "23505") {
-    return DatabaseFailure::kDuplicate;
-  }
-  if (group == "23") return DatabaseFailure::kRule;
-  if (group == "08" || group == "57") return DatabaseFailure::kServerLost;
-  if (diagnosis.state == "HYT00" || diagnosis.state == "HY008") {
-    return DatabaseFailure::kStatementTooLong;
-  }
-  return DatabaseFailure::kOther;
-}
-
 bool IsWhole(SQLLEN type) {
   return type == SQL_INTEGER || type == SQL_SMALLINT || type == SQL_TINYINT || type == SQL_BIGINT ||
          type == SQL_BIT;
@@ -150,6 +103,20 @@ bool IsWhole(SQLLEN type) {
 bool IsReal(SQLLEN type) {
   return type == SQL_DOUBLE || type == SQL_FLOAT || type == SQL_REAL || type == SQL_NUMERIC ||
          type == SQL_DECIMAL;
+}
+
+bool IsDate(SQLLEN type) {
+  return type == SQL_TYPE_TIMESTAMP || type == SQL_TYPE_DATE || type == SQL_TIMESTAMP ||
+         type == SQL_DATE;
+}
+
+// As every engine gives dates. One that Jet does not know is no value.
+DbValue DateValue(const SQL_TIMESTAMP_STRUCT& time) {
+  constexpr double kNanosecond = 1e-9;
+  const std::optional<double> number =
+      DateNumber({time.year, time.month, time.day, time.hour, time.minute,
+                  time.second + kNanosecond * static_cast<double>(time.fraction)});
+  return number ? DbValue(*number) : DbValue();
 }
 
 // Reads the rows of a statement that was run.
@@ -197,6 +164,13 @@ class RowReader {
     return number;
   }
 
+  DbValue DateAt(SQLUSMALLINT column, bool& failed) {
+    SQL_TIMESTAMP_STRUCT time{};
+    SQLLEN size = 0;
+    failed = !Good(SQLGetData(statement_, column, SQL_C_TYPE_TIMESTAMP, &time, sizeof time, &size));
+    return failed || size == SQL_NULL_DATA ? DbValue() : DateValue(time);
+  }
+
   DbValue TextAt(SQLUSMALLINT column, bool& failed) {
     std::string text;
     std::array<SQLWCHAR, kPieceUnits> piece{};
@@ -218,6 +192,7 @@ class RowReader {
     const auto column = static_cast<SQLUSMALLINT>(index + 1);
     if (IsWhole(types_[index])) return NumberAt<std::int64_t>(column, SQL_C_SBIGINT, failed);
     if (IsReal(types_[index])) return NumberAt<double>(column, SQL_C_DOUBLE, failed);
+    if (IsDate(types_[index])) return DateAt(column, failed);
     return TextAt(column, failed);
   }
 
@@ -249,14 +224,39 @@ std::vector<std::string> InstalledOdbcDrivers() {
   return result;
 }
 
-OdbcSession::OdbcSession(const std::string& connectionString, Subject subject)
+// A statement that Cancel finds as long as it is there.
+class OdbcSession::Statement : public OdbcHandle {
+ public:
+  explicit Statement(OdbcSession& session)
+      : OdbcHandle(SQL_HANDLE_STMT, session.handles_->connection.Get()), session_(session) {
+    SQLSetStmtAttrW(Get(), SQL_ATTR_QUERY_TIMEOUT, AsPointer(kStatementSeconds), 0);
+    Announce(this);
+  }
+  ~Statement() { Announce(nullptr); }
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  [[noreturn]] void ThrowFailure() const {
+    throw OdbcStatementError(DiagnosesOf(SQL_HANDLE_STMT, Get()), session_.subject_);
+  }
+
+ private:
+  void Announce(Statement* running) {
+    const std::lock_guard lock(session_.runningMutex_);
+    session_.running_ = running;
+  }
+
+  OdbcSession& session_;
+};
+
+OdbcSession::OdbcSession(const std::string& connectionString, OdbcSubject subject)
     : subject_(std::move(subject)), handles_(std::make_unique<Handles>()) {
   const SQLHANDLE connection = handles_->connection.Get();
   SQLSetConnectAttrW(connection, SQL_ATTR_LOGIN_TIMEOUT, AsPointer(kLoginSeconds), 0);
   WideText text(connectionString);
   const SQLRETURN code = SQLDriverConnectW(connection, nullptr, text.Get(), SQL_NTS, nullptr, 0,
                                            nullptr, SQL_DRIVER_NOPROMPT);
-  if (!Good(code)) ThrowFailure(SQL_HANDLE_DBC, connection, true);
+  if (!Good(code)) throw OdbcConnectError(DiagnosesOf(SQL_HANDLE_DBC, connection), subject_);
 }
 
 OdbcSession::~OdbcSession() {
@@ -264,12 +264,10 @@ OdbcSession::~OdbcSession() {
 }
 
 std::unique_ptr<Recordset> OdbcSession::Execute(const std::string& sql) {
-  const OdbcHandle statement(SQL_HANDLE_STMT, handles_->connection.Get());
+  const Statement statement(*this);
   WideText text(sql);
   const SQLRETURN code = SQLExecDirectW(statement.Get(), text.Get(), SQL_NTS);
-  if (!Good(code) && code != SQL_NO_DATA) {
-    ThrowFailure(SQL_HANDLE_STMT, statement.Get(), false);
-  }
+  if (!Good(code) && code != SQL_NO_DATA) statement.ThrowFailure();
   RowReader reader(statement.Get());
   std::vector<MemoryRecordset::Row> rows;
   MemoryRecordset::Row row;
@@ -278,30 +276,13 @@ std::unique_ptr<Recordset> OdbcSession::Execute(const std::string& sql) {
   if (!names.empty()) {
     while (reader.Next(row, failed)) rows.push_back(row);
   }
-  if (failed) ThrowFailure(SQL_HANDLE_STMT, statement.Get(), false);
+  if (failed) statement.ThrowFailure();
   return std::make_unique<MemoryRecordset>(std::move(names), std::move(rows));
 }
 
-void OdbcSession::ThrowFailure(short handleType, void* handle, bool connecting) const {
-  const std::vector<Diagnosis> diagnoses = DiagnosesOf(handleType, handle);
-  const Diagnosis first = diagnoses.empty() ? Diagnosis{} : diagnoses.front();
-  if (!connecting) {
-    const DatabaseFailure failure = StatementFailureOf(first);
-    // What another server than the host's calls it is no number that anyone knows.
-    const bool known = first.native == kNativeNull || first.native == kNativeDuplicateIndex ||
-                       first.native == kNativeDuplicateKey;
-    const bool looked =
-        failure == DatabaseFailure::kNullField || failure == DatabaseFailure::kDuplicate;
-    throw ErrorOf(failure, first.text, looked && !known ? 0 : first.native);
-  }
-  DatabaseFailure failure = ConnectFailureOf(diagnoses);
-  if (failure == DatabaseFailure::kDriverMissing) throw ErrorOf(failure, subject_.database);
-  if (subject_.isFile) {
-    failure = failure == DatabaseFailure::kLoginRefused ? DatabaseFailure::kPasswordRefused
-                                                        : DatabaseFailure::kOther;
-    throw ErrorOf(failure, subject_.database, first.native);
-  }
-  throw ErrorOf(failure, subject_.user, first.native);
+void OdbcSession::Cancel() {
+  const std::lock_guard lock(runningMutex_);
+  if (running_ != nullptr) SQLCancel(running_->Get());
 }
 
 }  // namespace orvane

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
-#include "platform/common/database_errors.h"
+#include "platform/common/odbc_failures.h"
 #include "platform/database.h"
 
 namespace orvane {
@@ -13,32 +14,28 @@ namespace orvane {
 std::vector<std::string> InstalledOdbcDrivers();
 
 // One connection through the ODBC driver manager. Every call may wait for the server; calls come
-// from one thread at a time.
+// from one thread at a time, except Cancel.
 class OdbcSession {
  public:
-  // What failures are about.
-  struct Subject {
-    std::string user;      // whom the server refuses
-    std::string database;  // what a driver is missing for
-    bool isFile = false;   // a file refuses its password and not a user
-  };
-
   // Connects. Throws DatabaseError.
-  OdbcSession(const std::string& connectionString, Subject subject);
+  OdbcSession(const std::string& connectionString, OdbcSubject subject);
   ~OdbcSession();
   OdbcSession(const OdbcSession&) = delete;
   OdbcSession& operator=(const OdbcSession&) = delete;
 
   // Runs one statement in the server's own dialect and reads all rows. Throws DatabaseError.
   std::unique_ptr<Recordset> Execute(const std::string& sql);
+  // Asks the server to give up the statement that another thread is running here, if any.
+  void Cancel();
 
  private:
   struct Handles;
+  class Statement;
 
-  [[noreturn]] void ThrowFailure(short handleType, void* handle, bool connecting) const;
-
-  Subject subject_;
+  OdbcSubject subject_;
   std::unique_ptr<Handles> handles_;
+  std::mutex runningMutex_;
+  Statement* running_ = nullptr;
 };
 
 }  // namespace orvane

@@ -15,7 +15,9 @@ constexpr unsigned long kUnnoticedMilliseconds = 20;
 
 void QtLongWork::Run(const std::function<void()>& work) {
   std::exception_ptr failure;
-  const std::unique_ptr<QThread> thread(QThread::create([&work, &failure] {
+  bool begun = false;
+  const std::unique_ptr<QThread> thread(QThread::create([&work, &failure, &begun] {
+    begun = true;
     try {
       work();
     } catch (...) {
@@ -29,6 +31,8 @@ void QtLongWork::Run(const std::function<void()>& work) {
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     thread->wait();
   }
+  // The system may have no thread left.
+  if (!begun) work();
   if (failure) std::rethrow_exception(failure);
 }
 

@@ -17,6 +17,9 @@
 namespace orvane {
 namespace {
 
+// How long a file that could not be read is left alone as long as it stays the same.
+constexpr std::chrono::minutes kFailurePause{5};
+
 bool IsQuery(std::string_view sql) {
   constexpr std::string_view kSelect = "SELECT";
   const std::size_t start = sql.find_first_not_of(" \t\r\n");
@@ -94,11 +97,20 @@ JetFiles::Snapshot& JetFiles::Renewed(const std::string& shownPath) {
   if (!file.Valid()) throw ErrorOf(DatabaseFailure::kFileUnreadable, shownPath);
   Snapshot& snapshot = snapshots_[path];
   const Stamp stamp = StampOf(file.Get());
-  if (snapshot.data && snapshot.stamp == stamp) return snapshot;
+  if (snapshot.stamp == stamp && snapshot.failure && Clock::now() < snapshot.nextTry)
+    throw DatabaseError(*snapshot.failure);
+  if (snapshot.stamp == stamp && snapshot.data) return snapshot;
   snapshot.data.reset();
-  snapshot.data = std::make_shared<SqliteFile>(shownPath, Read(shownPath, file.Get(), snapshot));
+  snapshot.failure.reset();
+  try {
+    snapshot.data = std::make_shared<SqliteFile>(shownPath, Read(shownPath, file.Get(), snapshot));
+  } catch (const DatabaseError& error) {
+    snapshot.failure = error;
+    snapshot.nextTry = Clock::now() + kFailurePause;
+  }
   // A file that was written to meanwhile is read again the next time.
   snapshot.stamp = StampOf(file.Get()) == stamp ? stamp : Stamp{};
+  if (snapshot.failure) throw DatabaseError(*snapshot.failure);
   return snapshot;
 }
 
@@ -109,7 +121,7 @@ std::shared_ptr<SqliteFile> JetFiles::TablesFor(const std::string& shownPath,
   const bool more = AddNames(snapshot.names, names.all);
   const bool moreIndexes = AddNames(snapshot.compared, names.compared);
   if (more || moreIndexes || !snapshot.data) {
-    snapshot.data.reset();
+    snapshot.stamp = {};
     Renewed(shownPath);
   }
   return snapshot.data;
@@ -118,11 +130,13 @@ std::shared_ptr<SqliteFile> JetFiles::TablesFor(const std::string& shownPath,
 SqliteHandle JetFiles::Read(const std::string& shownPath, int file, const Snapshot& wanted) {
   SqliteHandle tables;
   auto end = JetReaderEnd::kNotStarted;
+  const auto deadline = Clock::now() + limits_.time;
   work_.Run([&] {
     SnapshotLoader loader;
     end = RunJetReader(reader_, file, wanted.names, limits_,
                        [&loader](std::string_view piece) { return loader.Feed(piece); });
-    if (end == JetReaderEnd::kEnded) tables = loader.Take(wanted.compared);
+    if (end == JetReaderEnd::kEnded) tables = loader.Take(wanted.compared, deadline);
+    if (!tables && Clock::now() >= deadline) end = JetReaderEnd::kOverLimit;
   });
   if (tables) return tables;
   if (end == JetReaderEnd::kNotStarted) {

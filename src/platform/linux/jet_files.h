@@ -2,15 +2,18 @@
 
 #include <sys/stat.h>
 
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/common/long_work.h"
 #include "platform/common/open_database.h"
 #include "platform/common/sqlite_file.h"
+#include "platform/errors.h"
 #include "platform/linux/jet_reader_process.h"
 
 namespace orvane {
@@ -29,6 +32,8 @@ class JetFiles : public std::enable_shared_from_this<JetFiles> {
  private:
   friend class JetDatabase;
 
+  using Clock = std::chrono::steady_clock;
+
   // Which state of a file it is.
   struct Stamp {
     dev_t device = 0;
@@ -39,13 +44,17 @@ class JetFiles : public std::enable_shared_from_this<JetFiles> {
   };
   struct Snapshot {
     Stamp stamp;
+    // Why this state of the file cannot be read. It may have taken long to find out.
+    std::optional<DatabaseError> failure;
+    Clock::time_point nextTry;
     std::vector<std::string> names;     // of the tables and columns that were asked for
     std::vector<std::string> compared;  // of those that have an index
     std::shared_ptr<SqliteFile> data;
   };
 
   static Stamp StampOf(int file);
-  // The tables that statements have asked for so far, as they are in the file now.
+  // The tables that statements have asked for so far, as they are in the file now. Throws
+  // DatabaseError.
   Snapshot& Renewed(const std::string& shownPath);
   std::shared_ptr<SqliteFile> TablesFor(const std::string& shownPath, std::string_view sql);
   SqliteHandle Read(const std::string& shownPath, int file, const Snapshot& wanted);

@@ -57,9 +57,9 @@ std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
   return providers;
 }
 
-DatabaseEngines Databases(LongWork& work) {
+DatabaseEngines Databases(LongWork& work, DriverThreads& threads) {
   const auto files = std::make_shared<JetFiles>(JetReaderProgram(), work);
-  const auto server = std::make_shared<OdbcDatabases>(SqlServerAccess(), work);
+  const auto server = std::make_shared<OdbcDatabases>(SqlServerAccess(), work, threads);
   return {[files](const ConnectionProperties& properties) { return files->Open(properties); },
           [server](const ConnectionProperties& properties) { return server->Open(properties); }};
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/common/driver_threads.h"
 #include "platform/common/host_databases.h"
 #include "platform/common/long_work.h"
 #include "platform/event_loop.h"
@@ -41,7 +42,7 @@ std::unique_ptr<WindowChrome> MakeChrome(QWidget& window);
 std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
                                                                 CallHandles& handles);
 
-// What opens databases that SQLite does not keep; `work` outlives it.
-DatabaseEngines Databases(LongWork& work);
+// What opens databases that SQLite does not keep; both outlive it.
+DatabaseEngines Databases(LongWork& work, DriverThreads& threads);
 
 }  // namespace orvane::native

@@ -12,6 +12,14 @@
 namespace orvane {
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
+constexpr int kStepsBetweenLooks = 10'000;
+
+int IsLate(void* deadline) {
+  return Clock::now() >= *static_cast<const Clock::time_point*>(deadline) ? 1 : 0;
+}
+
 std::string QuotedName(std::string_view name) {
   std::string result = "\"";
   for (const char c : name) result.append(c == '"' ? 2U : 1U, c);
@@ -60,8 +68,10 @@ bool SnapshotLoader::Feed(std::string_view piece) {
   return step != Step::kBroken;
 }
 
-SqliteHandle SnapshotLoader::Take(const std::vector<std::string>& indexed) {
+SqliteHandle SnapshotLoader::Take(const std::vector<std::string>& indexed,
+                                  Clock::time_point deadline) {
   insert_.reset();
+  sqlite3_progress_handler(database_.get(), kStepsBetweenLooks, IsLate, &deadline);
   bool good = ended_ && pending_.empty();
   for (const Table& table : tables_) {
     for (const std::string& column : table.columns) {
@@ -73,6 +83,7 @@ SqliteHandle SnapshotLoader::Take(const std::vector<std::string>& indexed) {
                  QuotedName(table.name) + "(" + QuotedName(column) + ")");
     }
   }
+  sqlite3_progress_handler(database_.get(), 0, nullptr, nullptr);
   return good && Run("COMMIT") ? std::move(database_) : nullptr;
 }
 

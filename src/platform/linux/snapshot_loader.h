@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -24,8 +25,9 @@ class SnapshotLoader {
   // The next piece of the stream, cut anywhere. False when it is not well-formed.
   bool Feed(std::string_view piece);
   // After the last piece: the tables, with an index on each column of `indexed`; nothing when the
-  // stream was not complete.
-  SqliteHandle Take(const std::vector<std::string>& indexed);
+  // stream was not complete or the indexes are not ready at the deadline.
+  SqliteHandle Take(const std::vector<std::string>& indexed,
+                    std::chrono::steady_clock::time_point deadline);
 
  private:
   struct Table {

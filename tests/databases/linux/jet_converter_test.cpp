@@ -45,6 +45,8 @@ TEST_F(JetConverter, KeepsEveryCallAndTheOldFile) {
   const std::vector<DbValue> before = Content(DbMode::kRead);
   EXPECT_EQ(before.size(), 6350U);
   const std::string old = ReadFile(journal_);
+  // As if a first run had been stopped in the middle.
+  for (const char* const left : {"TelList.fdb.jet", "TelList.fdb.neu"}) folder_.Write(left, old);
   ASSERT_EQ(Run(), 0);
   EXPECT_EQ(Content(DbMode::kWrite), before);
   EXPECT_EQ(ReadFile(folder_ / "TelList.fdb.jet"), old);
@@ -53,6 +55,7 @@ TEST_F(JetConverter, KeepsEveryCallAndTheOldFile) {
 TEST_F(JetConverter, LeavesEverythingAloneWhenItFails) {
   const std::string old = ReadFile(journal_);
   EXPECT_EQ(Run("falsch"), 1);
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "TelList.fdb.jet"));
   folder_.Write("TelList.fdb.jet", "von früher");
   EXPECT_EQ(Run(), 1);
   EXPECT_EQ(ReadFile(journal_), old);

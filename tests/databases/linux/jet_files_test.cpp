@@ -123,26 +123,36 @@ TEST(JetFiles, AreReadAgainWhenTheyChange) {
 }
 
 TEST(JetFiles, FailWhenTheReaderDoes) {
-  const std::string contacts = kJetTestData + "CONTACT.FDB";
-  const auto sleeper = [](TemporaryFolder& folder, const char* script) {
-    auto file = folder.Write("reader", script);
+  TemporaryFolder folder;
+  const std::string contacts =
+      folder.Write("CONTACT.FDB", ReadFile(kJetTestData + "CONTACT.FDB")).string();
+  const std::string runs = folder / "runs";
+  const auto reader = [&folder, &runs](const std::string& action) {
+    auto file = folder.Write("reader", "#!/bin/sh\necho >>" + runs + "\n" + action);
     std::filesystem::permissions(file, std::filesystem::perms::owner_all);
     return file;
   };
-  TemporaryFolder folder;
   const std::pair<const char*, const char*> kCases[] = {
-      {"#!/bin/sh\nexec sleep 60\n", "zu groß oder antwortet zu langsam"},
-      {"#!/bin/sh\nexec yes\n", "beschädigt"},
-      {"#!/bin/sh\nexit 0\n", "beschädigt"},
-      {"#!/bin/sh\nprintf OJS1\n", "beschädigt"},
-      {"#!/bin/sh\nprintf OJS1EE\n", "beschädigt"},
-      {"#!/bin/sh\nprintf OJS1RE\n", "beschädigt"},
-      {"#!/bin/sh\nprintf 'OJS1T\\377\\377\\377\\377'; exec sleep 60\n", "beschädigt"},
-      {"#!/bin/sh\nprintf OJS1; exec cat /dev/zero\n", "beschädigt"}};
-  for (const auto& [script, words] : kCases) {
-    JetServices services({std::chrono::milliseconds{300}}, sleeper(folder, script));
-    const std::string failure = OpenFailure(services, contacts, kHostPassword);
-    EXPECT_NE(failure.find(words), std::string::npos) << script << failure;
+      {"exec sleep 60\n", "zu groß oder antwortet zu langsam"},
+      {"exec yes\n", "beschädigt"},
+      {"exit 0\n", "beschädigt"},
+      {"printf OJS1\n", "beschädigt"},
+      {"printf OJS1EE\n", "beschädigt"},
+      {"printf OJS1RE\n", "beschädigt"},
+      {"printf 'OJS1T\\377\\377\\377\\377'; exec sleep 60\n", "beschädigt"},
+      {"printf OJS1; exec cat /dev/zero\n", "beschädigt"}};
+  for (const auto& [action, words] : kCases) {
+    SCOPED_TRACE(action);
+    std::filesystem::remove(runs);
+    const bool silent = std::string_view(action).starts_with("exec sleep");
+    JetServices services({std::chrono::milliseconds{silent ? 300 : 60'000}}, reader(action));
+    // It is read once, and once more when it has changed.
+    for (const char* const expected : {"\n", "\n", "\n\n"}) {
+      if (expected[1] != 0) folder.Write("CONTACT.FDB", ReadFile(contacts) + '\0');
+      const std::string failure = OpenFailure(services, contacts, kHostPassword);
+      EXPECT_NE(failure.find(words), std::string::npos) << failure;
+      EXPECT_EQ(ReadFile(runs), expected);
+    }
   }
   JetServices none({}, folder / "fehlt");
   EXPECT_NE(OpenFailure(none, contacts, kHostPassword).find("nicht starten"), std::string::npos);
@@ -158,6 +168,33 @@ std::string Mutated(std::string file, std::mt19937& random) {
     for (std::size_t k = 0; k < run; ++k) file[at + k] = static_cast<char>(random());
   }
   return file;
+}
+
+// The rows of one page at a time are lost; nobody may be told that the rest were all.
+TEST(JetFiles, AreRefusedWhenRowsAreMissing) {
+  const std::string whole = ReadFile(kJetTestData + "CONTACT.FDB");
+  constexpr std::size_t kPageBytes = 4096;
+  constexpr std::size_t kRowCountAt = 12;
+  constexpr std::pair<const char*, const char*> kTables[] = {
+      {"SELECT Count(AdrID) FROM Adressen", "15 "}, {"SELECT Count(DetID) FROM AdrDetail", "18 "}};
+  TemporaryFolder folder;
+  int refused = 0;
+  for (std::size_t page = kPageBytes; page < whole.size(); page += kPageBytes) {
+    SCOPED_TRACE(page);
+    std::string damaged = whole;
+    if (damaged[page] != 1) continue;
+    damaged[page + kRowCountAt] = damaged[page + kRowCountAt + 1] = 0;
+    const auto file = folder.Write("CONTACT.FDB", damaged);
+    for (const auto& [sql, count] : kTables) {
+      try {
+        JetServices services;
+        EXPECT_EQ(Column(*services.Open(file.string(), kHostPassword), sql), count);
+      } catch (const DatabaseError& error) {
+        ++refused;
+      }
+    }
+  }
+  EXPECT_GT(refused, 1);
 }
 
 TEST(JetFiles, CostOnlyTheReaderWhenTheyAreDamaged) {

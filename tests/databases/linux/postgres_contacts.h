@@ -4,20 +4,9 @@
 
 #include "databases/contact_engine.h"
 #include "databases/linux/postgres_cluster.h"
-#include "platform/common/host_databases.h"
-#include "platform/common/odbc_databases.h"
+#include "databases/server_access.h"
 
 namespace orvane {
-
-// Counts what is waited for.
-class CountingWork : public LongWork {
- public:
-  void Run(const std::function<void()>& work) override {
-    ++runs;
-    work();
-  }
-  int runs = 0;
-};
 
 // What the logic needs of a database server, from another server than the host's.
 inline OdbcAccess PostgresAccess(int port) {
@@ -33,17 +22,12 @@ inline OdbcAccess PostgresAccess(int port) {
   return access;
 }
 
-inline HostDatabases ServerDatabases(OdbcAccess access, LongWork& work) {
-  const auto server = std::make_shared<OdbcDatabases>(std::move(access), work);
-  return HostDatabases(
-      {{}, [server](const ConnectionProperties& properties) { return server->Open(properties); }});
-}
-
 class PostgresContacts : public ContactEngine {
  public:
   PostgresContacts() {
     if (!PostgresCluster::Programs().empty()) cluster_.emplace(TestDataText("contacts.sql"));
-    databases_.emplace(ServerDatabases(PostgresAccess(cluster_ ? cluster_->Port() : 0), work_));
+    databases_.emplace(
+        ServerDatabases(PostgresAccess(cluster_ ? cluster_->Port() : 0), work_, threads_));
   }
   DatabaseServices& Databases() override { return *databases_; }
   void Select(HostEnvironment& host) override {
@@ -52,12 +36,18 @@ class PostgresContacts : public ContactEngine {
     host.sqlLogin = "orvane";
     host.sqlPassword = PostgresCluster::kPassword;
   }
+  bool Cause(DatabaseFailure failure, HostEnvironment& host) override {
+    if (failure == DatabaseFailure::kLoginRefused) host.sqlPassword = "falsch";
+    if (failure == DatabaseFailure::kServerNotFound) host.sqlServerName = "127.0.0.2";
+    return failure == DatabaseFailure::kLoginRefused || failure == DatabaseFailure::kServerNotFound;
+  }
   std::string Obstacle() const override {
     return PostgresCluster::Programs().empty() ? "no PostgreSQL on this machine" : "";
   }
 
  private:
   ImmediateWork work_;
+  DriverThreads threads_;
   std::optional<PostgresCluster> cluster_;
   std::optional<HostDatabases> databases_;
 };

@@ -37,15 +37,19 @@ class ServerFailures : public ProgramFixture {
   void SetUp() override {
     if (PostgresCluster::Programs().empty()) GTEST_SKIP() << "no PostgreSQL on this machine";
   }
+
+  DriverThreads threads_;
 };
 
 TEST_F(ServerFailures, AreReportedAndTheCallGoesOn) {
   PostgresCluster cluster(
       "CREATE VIEW \"Langsam\" AS SELECT 1 AS \"ID\" FROM pg_sleep(60);"
       "CREATE TABLE \"Eins\" (\"ID\" INTEGER PRIMARY KEY, \"Ort\" TEXT NOT NULL);"
-      "INSERT INTO \"Eins\" VALUES (1, 'Köln')");
+      "INSERT INTO \"Eins\" VALUES (1, 'Köln');"
+      "CREATE VIEW \"Zeiten\" AS SELECT TIMESTAMP '2024-04-03 09:05:07' AS \"Zeit\","
+      "DATE '2024-04-03' AS \"Tag\", CAST(NULL AS TIMESTAMP) AS \"Nie\"");
   CountingWork work;
-  HostDatabases servers = ServerDatabases(PostgresAccess(cluster.Port()), work);
+  HostDatabases servers = ServerDatabases(PostgresAccess(cluster.Port()), work, threads_);
   const auto refused = ServerConnection(servers, "127.0.0.1", "falsch");
   EXPECT_EQ(Failure([&] { refused->Open(); }),
             "-2147217843 Fehler bei der Anmeldung für den Benutzer 'orvane'.");
@@ -54,6 +58,10 @@ TEST_F(ServerFailures, AreReportedAndTheCallGoesOn) {
   contacts->Open();
   EXPECT_EQ(contacts->Execute("SELECT ID FROM Eins WHERE Ort='Köln'")->Field("id"),
             DbValue(std::int64_t{1}));
+  const auto times = contacts->Execute("SELECT Zeit,Tag,Nie FROM Zeiten");
+  EXPECT_EQ(times->Field(0), DbValue(45385 + 32707 / 86400.0));
+  EXPECT_EQ(times->Field(1), DbValue(45385.0));
+  EXPECT_EQ(times->Field(2), DbValue());
   const std::pair<const char*, int> kRules[] = {
       {"INSERT INTO Eins (ID,Ort) VALUES (1,'Bonn')", -1605},
       {"INSERT INTO Eins (ID,Ort) VALUES (2,NULL)", 515}};
@@ -88,20 +96,42 @@ TEST_F(ServerFailures, AreReportedAndTheCallGoesOn) {
                                                     "(-2147467259) Fehler bei Anmeldung!"}));
 }
 
-TEST_F(ServerFailures, SlowStatementsAreGivenUp) {
-  PostgresCluster cluster("CREATE VIEW \"Langsam\" AS SELECT 1 AS \"ID\" FROM pg_sleep(1);");
+TEST_F(ServerFailures, SlowStatementsAreGivenUpAndNotAskedAgainAtOnce) {
+  PostgresCluster cluster("CREATE VIEW \"Langsam\" AS SELECT 1 AS \"ID\" FROM pg_sleep(600);");
   CountingWork work;
-  OdbcAccess access = PostgresAccess(cluster.Port());
-  access.limit = std::chrono::milliseconds{300};
-  HostDatabases servers = ServerDatabases(access, work);
+  const OdbcLimits limits{std::chrono::milliseconds{300}};
+  const auto access = PostgresAccess(cluster.Port());
+  HostDatabases servers = ServerDatabases(access, work, threads_, limits);
   const auto contacts = ServerConnection(servers, "127.0.0.1", PostgresCluster::kPassword);
   for (int attempt = 0; !contacts->IsOpen() && attempt < 20; ++attempt) {
     // A machine under load may take longer than the limit for the login.
     Failure([&] { contacts->Open(); });
     std::this_thread::sleep_for(std::chrono::milliseconds{100});
   }
-  EXPECT_EQ(Failure([&] { contacts->Execute("SELECT ID FROM Langsam"); }),
-            "-2147217871 Timeout abgelaufen.");
+  const std::string slow = "SELECT ID FROM Langsam";
+  EXPECT_EQ(Failure([&] { contacts->Execute(slow); }), "-2147217871 Timeout abgelaufen.");
+  const int runs = work.runs;
+  EXPECT_TRUE(Failure([&] { contacts->Execute(slow); }).starts_with("-2147467259 "));
+  contacts->Close();
+  EXPECT_EQ(Failure([&] { contacts->Open(); }), std::string("-2147467259 ") + kNotFound);
+  EXPECT_EQ(work.runs, runs);
+
+  // The server is told, and nothing is left waiting here.
+  EXPECT_TRUE(threads_.AllEnded(std::chrono::seconds{60}));
+  HostDatabases others = ServerDatabases(access, work, threads_);
+  const auto watcher = ServerConnection(others, "127.0.0.1", PostgresCluster::kPassword);
+  watcher->Open();
+  EXPECT_EQ(watcher->Execute("SELECT Count(pid) FROM pg_stat_activity WHERE wait_event='PgSleep'")
+                ->Field(0),
+            DbValue(std::int64_t{0}));
+
+  HostDatabases patient = ServerDatabases(access, work, threads_, {limits.wait, {}});
+  const auto again = ServerConnection(patient, "127.0.0.1", PostgresCluster::kPassword);
+  for (int time = 0; time < 2; ++time) {
+    while (!again->IsOpen()) Failure([&] { again->Open(); });
+    EXPECT_EQ(Failure([&] { again->Execute(slow); }), "-2147217871 Timeout abgelaufen.");
+    again->Close();
+  }
 }
 
 // Takes connections on a port and does something to each.
@@ -158,29 +188,29 @@ void TalkNonsense(int peer) {
 }
 
 TEST(ServerDriver, ReportsWhateverIsNoServer) {
-  OdbcAccess access = SqlServerAccess();
-  access.limit = std::chrono::milliseconds{4000};
+  DriverThreads threads;
+  const OdbcLimits limits{std::chrono::milliseconds{4000}};
   const std::pair<const char*, std::function<void(int)>> kCases[] = {{"reset", Reset},
                                                                      {"nonsense", TalkNonsense}};
   for (const auto& [what, answer] : kCases) {
     CountingWork work;
-    HostDatabases servers = ServerDatabases(access, work);
+    HostDatabases servers = ServerDatabases(SqlServerAccess(), work, threads, limits);
     Listener listener(answer);
     const auto contacts =
         ServerConnection(servers, "127.0.0.1," + std::to_string(listener.Port()), "x");
     EXPECT_EQ(Failure([&] { contacts->Open(); }), std::string("-2147467259 ") + kNotFound) << what;
   }
   CountingWork work;
-  HostDatabases servers = ServerDatabases(access, work);
+  HostDatabases servers = ServerDatabases(SqlServerAccess(), work, threads, limits);
   const auto nobody = ServerConnection(servers, "127.0.0.1," + std::to_string(FreePort()), "x");
   EXPECT_EQ(Failure([&] { nobody->Open(); }), std::string("-2147467259 ") + kNotFound);
 }
 
 TEST(ServerDriver, IsWaitedForOnceWhenNobodyAnswers) {
-  OdbcAccess access = SqlServerAccess();
-  access.limit = std::chrono::milliseconds{200};
+  DriverThreads threads;
+  const OdbcLimits limits{std::chrono::milliseconds{200}};
   CountingWork work;
-  HostDatabases servers = ServerDatabases(access, work);
+  HostDatabases servers = ServerDatabases(SqlServerAccess(), work, threads, limits);
   Listener silent([](int) {});
   const auto contacts =
       ServerConnection(servers, "127.0.0.1," + std::to_string(silent.Port()), "x");
