@@ -85,9 +85,11 @@ void CallListView::SetGroups(const std::vector<GroupedCalls>& groups) {
 void CallListView::SetFilterText(const QString& text) {
   filter_.SetText(text);
   Unfold();
-  if (!currentIndex().isValid()) SelectFirstCall();
+  if (CurrentCall() == nullptr) SelectFirstCall();
   // Left to the next painting, the new layout would have everything painted a second time.
   executeDelayedItemsLayout();
+  // The chosen call stays in sight among the others that come back, unless its group is folded.
+  if (isExpanded(currentIndex().parent())) scrollTo(currentIndex());
 }
 
 void CallListView::Unfold() {

@@ -104,7 +104,6 @@ TEST_F(DialWindowHistory, TextFilterNarrowsWhileTyping) {
       {"mueller", "Heute: 0641 1", "1 von 5 Anrufen"},
       {"Jüttner", "Gestern: 217", "1 von 5 Anrufen"},
       {"muller", "", "0 von 5 Anrufen"},
-      {"groß", "Älter: 0221471", "1 von 5 Anrufen"},
       {"ÖZT 217", "Gestern: 217", "1 von 5 Anrufen"},
       {"  einkauf ", "Gestern: 217", "1 von 5 Anrufen"},
       {"03.04.24", "Heute:  0641 1 0409", "3 von 5 Anrufen"},
@@ -119,6 +118,11 @@ TEST_F(DialWindowHistory, TextFilterNarrowsWhileTyping) {
     EXPECT_EQ(TextOf("lblInf_1"), count);
   }
   EXPECT_EQ(databases.statements.size(), statements) << "typing does not ask the journal";
+  list->setFixedHeight(90);
+  for (const char* text : {"groß", ""}) {
+    Find<QLineEdit>("txtFilter")->setText(QString::fromUtf8(text));
+    EXPECT_TRUE(list->viewport()->rect().contains(list->visualRect(list->currentIndex()).center()));
+  }
 
   // A folded group opens for a search and folds again after it.
   const QModelIndex today = list->model()->index(0, 0);
