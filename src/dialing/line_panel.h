@@ -15,7 +15,8 @@ class LinePanel : public DialPanel {
   // Gives the focus to the dial button of the view that is shown.
   virtual void FocusDialButton() = 0;
 
-  // The line that is configured may have come into reach: load the settings again.
+  // The line that is configured may have come into reach: load the settings again, while the
+  // options dialog is open after its end.
   virtual void LinesChanged() = 0;
 
   // Whether `lstCallProgress` holds exactly one line and it begins with ">>>": the call was just

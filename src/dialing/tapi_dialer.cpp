@@ -165,11 +165,8 @@ void TapiDialer::HandleLineMessage(const std::string& result, const std::string&
     }
     if (function == "TapiLineOpen") services_.tapi.SetTag("opened");
   }
-  if (panel_.WindowEnabled()) {
-    if (result == "INSERVICE" && WaitsForItsLine()) panel_.LinesChanged();
-    return;
-  }
-  if (testDial_ == nullptr) return;
+  if (result == "INSERVICE" && WaitsForItsLine()) panel_.LinesChanged();
+  if (panel_.WindowEnabled() || testDial_ == nullptr) return;
   testDial_->AppendProgress("TapiMessage: " + result + "  " + function + "  " +
                             std::to_string(code));
 }

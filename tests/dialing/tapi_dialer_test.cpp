@@ -130,6 +130,11 @@ TEST_F(TapiDialerTest, LooksAgainForALineThatWasNotThere) {
     dialer.OnLineMessage("INSERVICE", "TapiLineDevState", 1);
   }
   EXPECT_EQ(panel.linesChanged, 1);
+  // The options dialog must not hide that it is back.
+  panel.windowEnabled = false;
+  state.settings.tapiLineId = kNoTapiLine;
+  dialer.OnLineMessage("INSERVICE", "TapiLineDevState", 1);
+  EXPECT_EQ(panel.linesChanged, 2);
 }
 
 TEST_F(TapiDialerTest, ALostLineIsOpenedAgainByTheNextCall) {
