@@ -23,7 +23,10 @@ function(orvane_windows_program_folder target folder)
     list(APPEND libraries $<TARGET_FILE:Qt6::${library}>)
   endforeach()
   set(translation /usr/share/qt6/translations/qtbase_de.qm)
-  file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/qt.conf" "[Paths]\nPrefix = .\nPlugins = .\n")
+  # Where Windows is dark, the program is, too.
+  set(settings "${CMAKE_CURRENT_BINARY_DIR}/qt.conf")
+  file(GENERATE OUTPUT "${settings}" CONTENT
+    "[Paths]\nPrefix = .\nPlugins = .\n[Platforms]\nWindowsArguments = darkmode=2\n")
   add_custom_command(OUTPUT "${folder}/qt.conf"
     COMMAND ${CMAKE_COMMAND} -E rm -rf "${folder}"
     COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}/platforms" "${folder}/translations"
@@ -32,8 +35,8 @@ function(orvane_windows_program_folder target folder)
       "${folder}/platforms"
     COMMAND ${CMAKE_COMMAND} -E copy "${translation}" "${folder}/translations"
     COMMAND sh -c "cd '${folder}' && exec ${CMAKE_STRIP} *.dll *.exe platforms/*.dll"
-    COMMAND ${CMAKE_COMMAND} -E copy "${CMAKE_CURRENT_BINARY_DIR}/qt.conf" "${folder}"
-    DEPENDS ${target} ${ORVANE_RUNTIME_LIBRARIES} "${translation}"
+    COMMAND ${CMAKE_COMMAND} -E copy "${settings}" "${folder}"
+    DEPENDS ${target} ${ORVANE_RUNTIME_LIBRARIES} "${translation}" "${settings}"
     VERBATIM
     COMMENT "Putting the program folder together")
   add_custom_target(${target}_program_folder ALL DEPENDS "${folder}/qt.conf")

@@ -44,7 +44,7 @@ case "$command" in
     newer="$PWD/build/$preset/newer"
     scripts/windows/package.sh "$preset" "$arch" 9999.0.0 "$newer"
     scripts/windows/package.sh "$preset" "$arch"
-    /usr/bin/python3 tests/packages/prove_windows.py out/packages/*-"$arch"-Setup.exe \
-      "$newer"/*-Setup.exe "build/$preset" out/packages/proof-windows
+    /usr/bin/python3 tests/packages/prove_windows.py out/packages/*-"$arch".zip \
+      out/packages/*-"$arch"-Setup.exe "$newer"/*-Setup.exe "build/$preset" out/packages/proof-windows
     ;;
 esac

@@ -110,14 +110,12 @@ void ShowDialMethod(Services& services, ProgramState& state, SettingsPanel& pane
                                 "COM" + std::to_string(settings.comPortNumber) + ": initialisiert");
       break;
     default:
+      // Shown first, because a line that is there may still refuse to be opened.
+      panel.SetDialMethodStatus("TAPI-Fehler!", "Bitte konfigurieren.");
       if (OpenConfiguredLine(services.tapi, settings)) {
         panel.SetDialMethodStatus("<Bereit>", "TAPI initialisiert");
-      } else {
-        panel.SetDialMethodStatus("TAPI-Fehler!", "Bitte konfigurieren.");
       }
   }
-  panel.SetSpeedDialToolTip(
-      "Kurzwahlspeicher: Eintrag auswählen, um seine Rufnummer zu übernehmen");
 }
 
 }  // namespace
@@ -167,9 +165,19 @@ void InitSettings(Services& services, ProgramState& state, SettingsPanel& panel)
     ReadRegistrySettings(services, state);
     state.databases.journal = services.databases.NewConnection();
     ReadFiles(services, state, panel);
+    panel.SetSpeedDialToolTip(
+        "Kurzwahlspeicher: Eintrag auswählen, um seine Rufnummer zu übernehmen");
     ShowDialMethod(services, state, panel);
   } catch (const std::exception& error) {
     ShowError(services.prompts, ErrorStateOf(error), kProcedure);
+  }
+}
+
+void ReopenConfiguredLine(Services& services, ProgramState& state, SettingsPanel& panel) {
+  try {
+    ShowDialMethod(services, state, panel);
+  } catch (const std::exception&) {
+    // The window shows that the line is not there.
   }
 }
 

@@ -37,4 +37,8 @@ void OpenTapiLine(TapiControl& tapi, std::int32_t& line);
 // number of times. Errors end it with the error report; what was read until then stays in force.
 void InitSettings(Services& services, ProgramState& state, SettingsPanel& panel);
 
+// Opens the line of the settings as they are again, and shows whether that worked; a failure is
+// not reported beyond that. For a line that was given up for a while.
+void ReopenConfiguredLine(Services& services, ProgramState& state, SettingsPanel& panel);
+
 }  // namespace orvane

@@ -58,11 +58,12 @@ void TapiDialer::Place(const std::string& dialString) {
   panel_.SetDialButtonIdle(false);
   panel_.AddStatus(">>> Wählen: " + dialString);
   call_.connectText.clear();
-  call_.tapiCallHandle = 0;
+  call_.ForgetLineCall();
   const auto failure = Try([&] {
     ReopenLine();
     std::string number = dialString;
-    services_.tapi.MakeCall(state_.settings.tapiLineId, number, kCallOptions);
+    call_.placedCallHandle =
+        services_.tapi.MakeCall(state_.settings.tapiLineId, number, kCallOptions);
   });
   logger_.LogCall(true, false);
   if (!failure) return;
@@ -126,14 +127,14 @@ void TapiDialer::Handle(const std::string& procedure, const WorkQueue::Task& han
 
 void TapiDialer::HandleBusy(std::int32_t callHandle) {
   if (!panel_.WindowEnabled()) return;
-  if (call_.tapiCallHandle != 0 && callHandle != call_.tapiCallHandle) return;
+  if (IsOther(callHandle)) return;
   logger_.LogCall(false, true);
   panel_.AddStatus("Die Leitung ist besetzt.");
 }
 
 void TapiDialer::HandleConnected(std::int32_t callHandle, const LocalTime& now) {
   if (!panel_.WindowEnabled()) {
-    if (testDial_ != nullptr) testDial_->SetTestDialIdle(false);
+    if (IsTestCall(callHandle)) testDial_->SetTestDialIdle(false);
     return;
   }
   if (callHandle != call_.tapiCallHandle) return;
@@ -146,11 +147,11 @@ void TapiDialer::HandleConnected(std::int32_t callHandle, const LocalTime& now) 
 
 void TapiDialer::HandleDisconnected(std::int32_t callHandle) {
   if (!panel_.WindowEnabled()) {
-    if (testDial_ != nullptr) testDial_->SetTestDialIdle(true);
+    if (IsTestCall(callHandle)) testDial_->SetTestDialIdle(true);
   } else if (callHandle == call_.tapiCallHandle) {
     if (call_.startText.empty()) panel_.AddStatus("Aufgelegt.");
     EndSession();
-  } else if (call_.tapiCallHandle == 0) {
+  } else if (!IsOther(callHandle)) {
     EndPending();
   }
 }
@@ -187,9 +188,9 @@ void TapiDialer::HandleCallState(std::int32_t callHandle, std::int32_t callId, s
       TakeHandle(callHandle);
       break;
     case kLineCallConnected:
-      if (!enabled) {
+      if (const bool taken = TakeHandle(callHandle); !enabled) {
         ReportTestState("*Verbindung hergestellt!", callHandle, callId);
-      } else if (TakeHandle(callHandle)) {
+      } else if (taken) {
         panel_.FocusDialButton();
       }
       break;
@@ -211,19 +212,19 @@ void TapiDialer::HandleCallState(std::int32_t callHandle, std::int32_t callId, s
 void TapiDialer::HandleIdle(std::int32_t callHandle) {
   if (!call_.startText.empty() && callHandle == call_.tapiCallHandle) {
     EndSession();
-  } else if (call_.tapiCallHandle == 0) {
+  } else if (call_.tapiCallHandle == 0 && !IsOther(callHandle)) {
     EndPending();
   }
 }
 
 void TapiDialer::HandleTestIdle(std::int32_t callHandle) {
+  if (IsTestCall(callHandle)) testDial_->SetTestDialIdle(true);
   // A handle that outlived its test call would keep later calls from getting theirs.
-  if (callHandle == call_.tapiCallHandle) call_.tapiCallHandle = 0;
-  if (testDial_ != nullptr) testDial_->SetTestDialIdle(true);
+  if (!IsOther(callHandle)) call_.ForgetLineCall();
 }
 
 void TapiDialer::EndSession() {
-  call_.tapiCallHandle = 0;
+  call_.ForgetLineCall();
   panel_.SetDialButtonIdle(true);
   logger_.LogCall(false, false);
   // Nor may a call that was never connected lend its row to the next one.
@@ -232,14 +233,27 @@ void TapiDialer::EndSession() {
 
 // A pending call has ended before it had a handle.
 void TapiDialer::EndPending() {
+  call_.ForgetLineCall();
   panel_.SetDialButtonIdle(true);
   call_.startText.clear();
 }
 
-// A second call must not steal the handle from the first.
+// Whether there is a call, and this is another one: taken at the telephone itself, or the end of a
+// call that was hung up before.
+bool TapiDialer::IsOther(std::int32_t callHandle) const {
+  const std::int32_t known =
+      call_.tapiCallHandle != 0 ? call_.tapiCallHandle : call_.placedCallHandle;
+  return known != 0 && callHandle != known;
+}
+
+bool TapiDialer::IsTestCall(std::int32_t callHandle) const {
+  return testDial_ != nullptr && !testDial_->TestsByModem() && !IsOther(callHandle);
+}
+
 bool TapiDialer::TakeHandle(std::int32_t callHandle) {
-  if (call_.tapiCallHandle == 0) call_.tapiCallHandle = callHandle;
-  return call_.tapiCallHandle == callHandle;
+  if (IsOther(callHandle)) return false;
+  call_.tapiCallHandle = callHandle;
+  return true;
 }
 
 void TapiDialer::ReportTestState(const std::string& text, std::int32_t callHandle,

@@ -56,6 +56,8 @@ class TapiDialer : public TapiEvents {
   void HandleTestIdle(std::int32_t callHandle);
   void EndSession();
   void EndPending();
+  bool IsOther(std::int32_t callHandle) const;
+  bool IsTestCall(std::int32_t callHandle) const;
   bool TakeHandle(std::int32_t callHandle);
   void ReportTestState(const std::string& text, std::int32_t callHandle, std::int32_t callId);
 

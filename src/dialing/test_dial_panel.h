@@ -13,6 +13,8 @@ class TestDialPanel {
   // and "&Wählen...".
   virtual void SetTestDialIdle(bool idle) = 0;
   virtual bool TestDialPressed() const = 0;
+  // Whether the test call in progress goes through the modem, so that no line's call is meant.
+  virtual bool TestsByModem() const = 0;
   virtual void SetTestDialEnabled(bool enabled) = 0;
   virtual void EnableAndFocusTestDial() = 0;
   // The port that is selected in the dialog, 1 to 8.

@@ -36,11 +36,11 @@ void TestTapiDialer::Place(const std::string& number) {
   panel_.AppendProgress("Öffne TAPI-Line: #" + std::to_string(line));
   panel_.AppendProgress("TAPI-Gerät: " + tapi.LineName(line));
   panel_.AppendProgress("Gegenstelle wird angewählt: " + number);
-  call_.tapiCallHandle = 0;
+  call_.ForgetLineCall();
   // A line that was lost, or left closed by a new list of lines, is opened again.
   if (!TapiInitialised(tapi)) OpenTapiLine(tapi, line);
   std::string dialString = number;
-  tapi.MakeCall(line, dialString, kCallOptions);
+  call_.placedCallHandle = tapi.MakeCall(line, dialString, kCallOptions);
 }
 
 void TestTapiDialer::Drop() {

@@ -25,6 +25,12 @@ struct CurrentCall {
   std::int32_t personKey = 0;
   // The line's handle of the call; 0 when there is none.
   std::int32_t tapiCallHandle = 0;
+  // The handle that a call placed here will be named by, from before the line reports it to the
+  // call's end; 0 when there is none or it is not known.
+  std::int32_t placedCallHandle = 0;
+
+  // The line has no call any more that this program follows.
+  void ForgetLineCall() { tapiCallHandle = placedCallHandle = 0; }
 };
 
 }  // namespace orvane

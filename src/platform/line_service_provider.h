@@ -49,6 +49,7 @@ class LineServiceProvider {
   virtual void ShutDown() = 0;
 
   virtual int LineCount() const = 0;
+  // Empty when the device is gone: the line keeps its place but cannot be chosen.
   virtual std::string LineName(int line) const = 0;
   virtual LineInfo Info(int line) const = 0;
   // Lines without dialogs refuse; see TapiControl.
@@ -58,8 +59,8 @@ class LineServiceProvider {
   virtual void OpenLine(int line) = 0;
   virtual void CloseLine(int line) = 0;
 
-  // Starts a call to `number` (digits, "*", "#") on an open line without a call.
-  virtual void MakeCall(int line, const std::string& number) = 0;
+  // Starts a call to `number` (digits, "*", "#") on an open line without a call; its handle.
+  virtual std::int32_t MakeCall(int line, const std::string& number) = 0;
   // Ends the line's call; handle 0 means the call that has not reported its handle yet.
   virtual void DropCall(int line, std::int32_t callHandle) = 0;
 

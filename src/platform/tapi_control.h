@@ -30,6 +30,7 @@ class TapiControl {
 
   virtual void Initialise() = 0;
   virtual int LineCount() = 0;
+  // UTF-8; empty when the line's device is gone, which keeps its index until ShutDown.
   virtual std::string LineName(int line) = 0;
   // The line need not be open.
   virtual LineInfo Info(int line) = 0;
@@ -41,7 +42,9 @@ class TapiControl {
   virtual void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
                         std::int16_t options) = 0;
   virtual void CloseLine(std::int32_t line) = 0;
-  virtual void MakeCall(std::int32_t& line, std::string& dialString, std::int16_t options) = 0;
+  // The handle by which events will name the call, 0 when that is not known yet.
+  virtual std::int32_t MakeCall(std::int32_t& line, std::string& dialString,
+                                std::int16_t options) = 0;
   virtual void DropCall(std::int32_t& line, std::int32_t& callHandle) = 0;
   virtual void ShutDown() = 0;
 

@@ -41,9 +41,10 @@ class LineProviderContract : public testing::TestWithParam<LineImplementation> {
 };
 
 TEST_P(LineProviderContract, AnAnsweredCallConnectsAndEndsWhenDropped) {
-  lines.MakeCall(0, lab->answered);
+  const std::int32_t handle = lines.MakeCall(0, lab->answered);
   EXPECT_TRUE(events.log.empty());
   ASSERT_TRUE(WaitFor("connected"));
+  EXPECT_EQ(events.handle, handle);
   EXPECT_TRUE(Saw("32"));
   EXPECT_EQ(*(events.log.end() - 2), "256");
   EXPECT_FALSE(Saw("1"));

@@ -42,15 +42,17 @@ TEST_F(TapiDialerTest, ACallFromClickToHangUp) {
   EXPECT_FALSE(panel.dialEnabled);
   dialer.OnCallState(7, 1, kLineCallDialing);
   EXPECT_TRUE(panel.dialEnabled);
-  EXPECT_EQ(call.tapiCallHandle, 0);
-  Connect(7);
-  EXPECT_EQ(call.tapiCallHandle, 7);
+  // Another call of the line touches this one neither before nor after it has a handle.
+  for (const std::int32_t handle : {0, 7}) {
+    EXPECT_EQ(call.tapiCallHandle, handle);
+    Connect(8);
+    dialer.OnBusy(8);
+    End(8);
+    EXPECT_TRUE(panel.sessionOn);
+    EXPECT_EQ(call.tapiCallHandle, handle);
+    if (handle == 0) Connect(7);
+  }
   EXPECT_EQ(call.connectText, "04/03/2024 09:05:07");
-  // Another call of the line cannot steal this one.
-  Connect(8);
-  dialer.OnBusy(8);
-  End(8);
-  EXPECT_EQ(call.tapiCallHandle, 7);
   EXPECT_EQ(panel.log, Lines{"Verbunden um 09:05:07"});
   EXPECT_EQ(panel.dialFocused, 1);
   clock.now.minute = 6;
@@ -70,15 +72,21 @@ TEST_F(TapiDialerTest, ACallFromClickToHangUp) {
 }
 
 TEST_F(TapiDialerTest, ACallThatIsEndedBeforeItRings) {
-  Click();
-  Click();
-  EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234", ">>> Trennen..."}));
-  EXPECT_EQ(tapi.log.back(), "drop 0 0");
-  EXPECT_TRUE(panel.sessionOn);
-  databases.statements.clear();
-  End(7);
-  EXPECT_FALSE(panel.sessionOn);
-  EXPECT_TRUE(databases.statements.empty());
+  // A line that does not tell which call it is going to place is believed.
+  for (const std::int32_t told : {7, 0}) {
+    SCOPED_TRACE(told);
+    tapi.nextCall = told;
+    panel.log.clear();
+    Click();
+    Click();
+    EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234", ">>> Trennen..."}));
+    EXPECT_EQ(tapi.log.back(), "drop 0 0");
+    EXPECT_TRUE(panel.sessionOn);
+    databases.statements.clear();
+    End(7);
+    EXPECT_FALSE(panel.sessionOn);
+    EXPECT_TRUE(databases.statements.empty());
+  }
 }
 
 TEST_F(TapiDialerTest, ABusyLineKeepsTheSessionUntilItEnds) {
@@ -161,6 +169,16 @@ TEST_F(TapiDialerTest, TheOptionsDialogGetsTheEventsWhileItIsOpen) {
                    "*Verbindung getrennt! - Handle, ID: 7  1", "focus", "idle", "idle"}));
   EXPECT_FALSE(panel.sessionOn);
   EXPECT_EQ(call.tapiCallHandle, 0);
+  // Neither a line's other calls nor any beside a call by the modem are the test call.
+  for (const bool byModem : {false, true}) {
+    testDial.byModem = byModem;
+    call.placedCallHandle = byModem ? 0 : 8;
+    testDial.log.clear();
+    Connect(7);
+    End(7);
+    EXPECT_EQ(testDial.log, (Lines{"*Verbindung hergestellt! - Handle, ID: 7  1", "focus",
+                                   "*Verbindung getrennt! - Handle, ID: 7  1", "focus"}));
+  }
   EXPECT_TRUE(panel.log.empty() && databases.statements.empty());
 }
 

@@ -21,21 +21,9 @@ class TestTapiDialerTest : public ProgramFixture {
   TestTapiDialer test{services, state, call, dialog};
 };
 
-TEST_F(TestTapiDialerTest, PlacesAndDropsACallOnTheCurrentLine) {
-  call.tapiCallHandle = 99;
-  test.TestDialTapi("0217");
-  EXPECT_TRUE(dialog.pressed);
-  call.tapiCallHandle = 5;
-  test.TestDialTapi("0217");
-  EXPECT_EQ(tapi.log, (Lines{"call 1 0217", "drop 1 5"}));
-  EXPECT_EQ(dialog.log,
-            (Lines{"session", "Öffne TAPI-Line: #1", "TAPI-Gerät: Lager",
-                   "Gegenstelle wird angewählt: 0217", "Verbindung wird getrennt...", "idle"}));
-  EXPECT_TRUE(dialog.enabled);
-}
-
 TEST_F(TestTapiDialerTest, OpensALineThatWasLost) {
   tapi.SetTag("closed");
+  call.tapiCallHandle = 99;
   test.TestDialTapi("1");
   EXPECT_EQ(tapi.log, (Lines{"open 1 4 6 9", "call 1 1"}));
   EXPECT_EQ(call.tapiCallHandle, 0);

@@ -5,9 +5,12 @@
   tests/e2e/run_scenarios.py <folder of the programs> <folder for pictures>
       --wine <program folder> <folders of libraries, divided by ":">
 
+ORVANE_SCENARIOS may hold a pattern; others than the scenarios it fits are left out then.
+
 With --wine the programs are for Windows. The program folder is copied alone into a fresh Wine prefix
 and has to bring all libraries along; the host's programs get theirs from the folders named last.
 """
+import fnmatch
 import os
 import pathlib
 import shutil
@@ -32,6 +35,9 @@ LONGEST_TALK_S = 24
 DIALER, HOST, OPTIONS = "TALMIX_BRISKO", "TALMIX_TRAY18", "Brisko :: Optionen"
 # How often the tabulator key is pressed on the way from the number field.
 TABS_TO_HISTORY, TABS_TO_OPTIONS = 4, 5
+# And on the way back to it: from the history's list, its text filter and its tabs.
+TABS_FROM_LIST, TABS_FROM_FILTER, TABS_FROM_DIRECTION = 3, 5, 11
+DARK_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize"
 
 
 class NativeSystem:
@@ -48,6 +54,16 @@ class NativeSystem:
 
     def dialer(self):
         return str(self.programs / "orvane")
+
+    def set_dark(self, dark):
+        settings = self.root / "desktop"
+        self.environment.update(XDG_CONFIG_DIRS=str(settings), XDG_CURRENT_DESKTOP="KDE",
+                                KDE_SESSION_VERSION="5", QT_QPA_PLATFORMTHEME="kde")
+        ground, text = ("42,46,50", "252,252,252") if dark else ("239,240,241", "35,38,41")
+        settings.mkdir()
+        (settings / "kdeglobals").write_text(
+            "".join(f"[Colors:{kind}]\nBackgroundNormal={ground}\nForegroundNormal={text}\n"
+                    for kind in ("Window", "View", "Button")))
 
     def end(self):
         pass
@@ -88,6 +104,11 @@ class WineSystem:
 
     def dialer(self):
         return "C:\\Orvane\\orvane.exe"
+
+    def set_dark(self, dark):
+        subprocess.run(self.command("", "reg", "add", DARK_KEY, "/v", "AppsUseLightTheme", "/t",
+                                    "REG_DWORD", "/d", "0" if dark else "1", "/f"),
+                       env=self.environment, check=True, stdout=subprocess.DEVNULL)
 
     def end(self):
         self.server("-k")
@@ -174,6 +195,7 @@ class Play:
     def install(self):
         shutil.rmtree(self.root, ignore_errors=True)
         (self.root / "run").mkdir(mode=0o700, parents=True)
+        self.system.set_dark(self.scenario.dark)
         self.ends_well("the installation", self.demo_host("--install-only"))
 
     def run(self):
@@ -246,8 +268,17 @@ class Play:
 
     def do_LookAtHistory(self):
         self.press_from_number(TABS_TO_HISTORY, "Return")
-        self.picture("-open")
-        press("Return", *["shift+Tab"] * TABS_TO_HISTORY)
+        self.picture("-outgoing")
+        press(*["shift+Tab"] * (TABS_TO_HISTORY + TABS_FROM_DIRECTION), "Left")
+        self.picture("-incoming")
+        press(*["shift+Tab"] * (TABS_FROM_FILTER - TABS_FROM_LIST), *"muster")
+        self.picture("-filtered")
+        press(*"xyz")
+        self.picture("-empty")
+        press("ctrl+a", "Delete",
+              *["shift+Tab"] * (TABS_FROM_DIRECTION - TABS_FROM_FILTER), "Right",
+              *["Tab"] * (TABS_FROM_LIST + TABS_TO_HISTORY), "Return",
+              *["shift+Tab"] * TABS_TO_HISTORY)
 
     def do_Type(self, text):
         self.front_and_ready()
@@ -295,7 +326,8 @@ class Play:
 
 def play_all(system, root, out):
     failures = 0
-    for scenario in scenarios.SCENARIOS:
+    chosen = os.environ.get("ORVANE_SCENARIOS", "*")
+    for scenario in (one for one in scenarios.SCENARIOS if fnmatch.fnmatch(one.name, chosen)):
         play = Play(system, root, out, scenario)
         begin = time.monotonic()
         try:

@@ -54,7 +54,7 @@ class ChooseLine(NamedTuple):
 
 
 class LookAtHistory(NamedTuple):
-    """The history is opened and closed again; the number field has the focus then."""
+    """Pictures of both tabs, of filtered calls and of none; the number field has the focus then."""
 
 
 class HangUp(NamedTuple):
@@ -77,6 +77,7 @@ class Scenario(NamedTuple):
     calls: list
     line: str = "simulated"  # as the demo host calls it
     history: int = 0  # calls that the journal has before
+    dark: bool = False  # the desktop
 
 
 SCENARIOS = [
@@ -109,4 +110,7 @@ SCENARIOS = [
     Scenario("history", "",
              [LookAtHistory(), Type(CONTACT_DIGITS), Dial(1), HangUp()],
              [(CONTACT, CONTACT_DIGITS, True)], history=600),
+    Scenario("dark", "",
+             [LookAtHistory(), Type(CONTACT_DIGITS), Dial(1), HangUp()],
+             [(CONTACT, CONTACT_DIGITS, True)], history=600, dark=True),
 ]

@@ -38,9 +38,11 @@ class FakeTapi : public TapiControl {
     log.push_back("close " + std::to_string(line));
     if (line == goneLine) throw TapiError(-2147483615, "Gerät entfernt");
   }
-  void MakeCall(std::int32_t& line, std::string& dialString, std::int16_t /*options*/) override {
+  std::int32_t MakeCall(std::int32_t& line, std::string& dialString,
+                        std::int16_t /*options*/) override {
     log.push_back("call " + std::to_string(line) + " " + dialString);
     if (failing) throw TapiError(-2147483576, "Leitung gestört");
+    return nextCall;
   }
   void DropCall(std::int32_t& line, std::int32_t& callHandle) override {
     log.push_back("drop " + std::to_string(line) + " " + std::to_string(callHandle));
@@ -57,6 +59,8 @@ class FakeTapi : public TapiControl {
   LineInfo info;
   // Who hears the events, for tests that play a call.
   TapiEvents* events = nullptr;
+  // What the next call will be named by.
+  std::int32_t nextCall = 7;
   // The device that was pulled.
   std::int32_t goneLine = -1;
   // Placing and dropping calls and showing dialogs fails.

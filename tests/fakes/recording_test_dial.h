@@ -15,6 +15,7 @@ class RecordingTestDial : public TestDialPanel {
     log.emplace_back(idle ? "idle" : "session");
   }
   bool TestDialPressed() const override { return pressed; }
+  bool TestsByModem() const override { return byModem; }
   void SetTestDialEnabled(bool value) override { enabled = value; }
   void EnableAndFocusTestDial() override { log.emplace_back("focus"); }
   int SelectedComPort() const override { return port; }
@@ -22,6 +23,7 @@ class RecordingTestDial : public TestDialPanel {
 
   std::vector<std::string> log;
   bool pressed = false;
+  bool byModem = false;
   bool enabled = true;
   int port = 3;
 };

@@ -1,8 +1,10 @@
 #!/usr/bin/python3
-"""Installs the Windows program under Wine, uses, upgrades and removes it, all in silence.
+"""Starts the Windows program from its zip under Wine; then installs, uses, upgrades and removes it in silence.
 
-  tests/packages/prove_windows.py <installer> <newer installer> <build folder> <folder for pictures>
+  tests/packages/prove_windows.py <zip> <installer> <newer installer> <build folder>
+    <folder for pictures>
 """
+import contextlib
 import os
 import pathlib
 import shutil
@@ -30,14 +32,25 @@ class InstalledSystem(WineSystem):
         self.user_folder = next(path for path in (self.drive / "users").iterdir()
                                 if path.name != "Public")
         self.program_folder = self.user_folder.joinpath(*PROGRAM_FOLDER)
+        self.used_folder = self.program_folder
 
     def dialer(self):
-        return "\\".join(("C:", "users", self.user_folder.name, *PROGRAM_FOLDER, "orvane.exe"))
+        return "\\".join(("C:", *self.used_folder.relative_to(self.drive).parts, "orvane.exe"))
 
     def run(self, *words):
         done = subprocess.run(self.command("", *words), env=self.environment, capture_output=True,
                               timeout=INSTALLER_LIMIT_S, check=False)
         return done.returncode
+
+    @contextlib.contextmanager
+    def unpacked(self, archive):
+        """The program is what the zip holds, in a folder of the user's."""
+        folder = self.user_folder / "Telefon & Mehr"
+        shutil.unpack_archive(archive, folder)
+        self.used_folder = folder / archive.stem
+        yield
+        self.used_folder = self.program_folder
+        shutil.rmtree(folder)
 
     def install(self, installer):
         if self.run(installer, "/S") != 0:
@@ -58,13 +71,15 @@ class InstalledSystem(WineSystem):
                 for path in (self.drive / folder).rglob("*") if "Temp" not in path.parts}
 
 
-def prove(installer, newer, build, out, folder):
+def prove(archive, installer, newer, build, out, folder):
     root = folder / "demo"
     manager = start_window_manager()
     system = None
     try:
         system = InstalledSystem(build, root, folder)
         install_host(system, root, out)
+        with system.unpacked(archive):
+            call(system, root, out, "unpacked")
         before = system.files()
         area_codes = root / "host" / "res" / "VPB.rgt"
         area_codes.unlink()
@@ -99,10 +114,10 @@ def main():
     arguments = [pathlib.Path(argument).resolve() for argument in sys.argv[2 if inside else 1:]]
     if inside:
         return prove(*arguments)
-    if len(arguments) != 4:
+    if len(arguments) != 5:
         sys.exit(__doc__)
-    shutil.rmtree(arguments[3], ignore_errors=True)
-    return run_in_session(__file__, arguments, out=arguments[3])
+    shutil.rmtree(arguments[4], ignore_errors=True)
+    return run_in_session(__file__, arguments, out=arguments[4])
 
 
 if __name__ == "__main__":

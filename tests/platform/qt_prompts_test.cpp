@@ -40,13 +40,18 @@ TEST(QtPrompts, ShowsTextsAsWhatTheyAre) {
       EXPECT_EQ(box.windowTitle(), QStringLiteral("Titel"));
       EXPECT_TRUE(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
       EXPECT_EQ(box.buttons().size(), 1);
+      EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
       box.button(QMessageBox::Ok)->click();
     };
   };
+  prompts.SetBusyCursor(true);
   WithBox([&] { prompts.ShowMessage(PromptIcon::kStop, "1\r\n<b>ü</b>\r3\n4", "Titel"); },
           expect(QStringLiteral("1\n<b>ü</b>\n3\n4"), Qt::PlainText, QMessageBox::Critical));
   WithBox([&] { prompts.ShowMarkup(PromptIcon::kExclamation, "1<br>2", "Titel"); },
           expect(QStringLiteral("1<br>2"), Qt::RichText, QMessageBox::Warning));
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  prompts.SetBusyCursor(false);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST(QtPrompts, ABoxMayGoAwayWithItsParentWindow) {

@@ -5,11 +5,8 @@
 namespace orvane {
 namespace {
 
-// A number is looked up with three of its prefixes at once and takes the first row that comes. The
-// rows lie in falling order, so whether the engine walks the table or its key, the longest of
-// several prefixes of one number comes first.
 constexpr const char* kTable =
-    "CREATE TABLE VW (VW TEXT NOT NULL, Ort TEXT, PRIMARY KEY (VW DESC)) STRICT, WITHOUT ROWID";
+    "CREATE TABLE VW (VW TEXT NOT NULL PRIMARY KEY, Ort TEXT) STRICT, WITHOUT ROWID";
 
 std::string Quoted(const std::string& text) {
   std::string result = "'";

@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::chrono::seconds kLongestStart{10};
 constexpr std::chrono::milliseconds kGlance{10};
+// Other programs on this machine may be quicker to take a port.
+constexpr int kAttempts = 5;
 
 const std::filesystem::path kScenarios{ORVANE_SIP_SCENARIOS};
 
@@ -42,18 +44,27 @@ std::vector<std::string> Sipp(const std::string& scenario, std::uint16_t port) {
           "-p",
           std::to_string(port),
           "-mp",
-          std::to_string(FreePort(SOCK_DGRAM)),
+          std::to_string(FreePort()),
           "-nostdin"};
 }
 
 }  // namespace
 
-SipDemo::SipDemo(const std::filesystem::path& folder)
-    : folder_(std::filesystem::absolute(folder)),
-      controlPort_(FreePort(SOCK_STREAM)),
-      telephonePort_(FreePort(SOCK_DGRAM)),
-      farEndPort_(FreePort(SOCK_DGRAM)) {
+SipDemo::SipDemo(const std::filesystem::path& folder) : folder_(std::filesystem::absolute(folder)) {
   std::filesystem::create_directories(folder_);
+  for (int attempt = 1; !telephone_; ++attempt) {
+    try {
+      Start();
+    } catch (const std::runtime_error&) {
+      if (attempt == kAttempts) throw;
+    }
+  }
+}
+
+void SipDemo::Start() {
+  controlPort_ = FreePort();
+  telephonePort_ = FreePort();
+  farEndPort_ = FreePort();
   WriteTelephoneFiles();
   StartFarEnd();
   StartTelephone();
@@ -64,14 +75,15 @@ void SipDemo::StopTelephone() {
 }
 
 void SipDemo::StartTelephone() {
-  telephone_ =
+  auto telephone =
       std::make_unique<SpawnedProgram>(std::vector<std::string>{"baresip", "-f", folder_.string()},
                                        folder_, folder_ / "baresip.log");
-  WaitUntilReachable(*telephone_, "baresip", SOCK_STREAM, controlPort_);
+  WaitUntilReachable(*telephone, "baresip", SOCK_STREAM, controlPort_);
+  telephone_ = std::move(telephone);
 }
 
 void SipDemo::CallBert() {
-  std::vector<std::string> words = Sipp("caller.xml", FreePort(SOCK_DGRAM));
+  std::vector<std::string> words = Sipp("caller.xml", FreePort());
   for (const std::string& word : {std::string("-s"), std::string("bert"), std::string("-m"),
                                   std::string("1"), Loopback(telephonePort_)}) {
     words.push_back(word);

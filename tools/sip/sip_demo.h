@@ -33,13 +33,14 @@ class SipDemo {
   std::filesystem::path FarEndLog() const;
 
  private:
+  void Start();
   void StartFarEnd();
   void WriteTelephoneFiles() const;
 
   std::filesystem::path folder_;
-  std::uint16_t controlPort_;
-  std::uint16_t telephonePort_;
-  std::uint16_t farEndPort_;
+  std::uint16_t controlPort_ = 0;
+  std::uint16_t telephonePort_ = 0;
+  std::uint16_t farEndPort_ = 0;
   std::unique_ptr<SpawnedProgram> farEnd_;
   std::unique_ptr<SpawnedProgram> telephone_;
   std::unique_ptr<SpawnedProgram> caller_;

@@ -20,6 +20,15 @@ QMessageBox::Icon BoxIcon(PromptIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+// The ordinary pointer while it lives: who waits for an answer is not busy.
+class OrdinaryPointer {
+ public:
+  OrdinaryPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~OrdinaryPointer() { QApplication::restoreOverrideCursor(); }
+  OrdinaryPointer(const OrdinaryPointer&) = delete;
+  OrdinaryPointer& operator=(const OrdinaryPointer&) = delete;
+};
+
 void ShowBox(PromptIcon icon, const QString& text, Qt::TextFormat format, const QString& title) {
   QWidget* window = QApplication::activeWindow();
   QWidget* parent = window != nullptr && window->isVisible() ? window : nullptr;
@@ -33,6 +42,7 @@ void ShowBox(PromptIcon icon, const QString& text, Qt::TextFormat format, const 
   box->button(QMessageBox::Ok)->setText(QStringLiteral("OK"));
   // Otherwise the box would open behind the dial window, which is always on top.
   box->setWindowFlag(Qt::WindowStaysOnTopHint);
+  const OrdinaryPointer pointer;
   box->exec();
   delete box.data();
 }

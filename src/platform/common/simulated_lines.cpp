@@ -35,13 +35,14 @@ void SimulatedLines::CloseLine(int line) {
   if (closed.call != 0) After(closed, std::chrono::milliseconds(0), &SimulatedLines::End);
 }
 
-void SimulatedLines::MakeCall(int line, const std::string& number) {
+std::int32_t SimulatedLines::MakeCall(int line, const std::string& number) {
   Line& calling = At(line);
   if (!calling.open) throw TapiError(kLineErrorInvalidLine, "Die Leitung ist nicht geöffnet.");
   if (calling.call != 0) throw TapiError(kLineErrorCallUnavailable, "Die Leitung ist belegt.");
   calling.call = handles_.Next();
   calling.course = CourseOf(number);
   After(calling, times_.toRing, &SimulatedLines::Dial);
+  return calling.call;
 }
 
 void SimulatedLines::DropCall(int line, std::int32_t callHandle) {

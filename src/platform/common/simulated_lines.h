@@ -33,7 +33,7 @@ class SimulatedLines : public LineServiceProvider {
   LineInfo Info(int line) const override;
   void OpenLine(int line) override;
   void CloseLine(int line) override;
-  void MakeCall(int line, const std::string& number) override;
+  std::int32_t MakeCall(int line, const std::string& number) override;
   void DropCall(int line, std::int32_t callHandle) override;
   void SetEvents(TapiEvents* events) override { events_ = events; }
 

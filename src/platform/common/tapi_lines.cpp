@@ -48,9 +48,10 @@ void TapiLines::CloseLine(std::int32_t line) {
   Report("TapiLineClose");
 }
 
-void TapiLines::MakeCall(std::int32_t& line, std::string& dialString, std::int16_t /*options*/) {
+std::int32_t TapiLines::MakeCall(std::int32_t& line, std::string& dialString,
+                                 std::int16_t /*options*/) {
   const Place place = Find(line);
-  place.provider.MakeCall(place.line, dialString);
+  return place.provider.MakeCall(place.line, dialString);
 }
 
 void TapiLines::DropCall(std::int32_t& line, std::int32_t& callHandle) {

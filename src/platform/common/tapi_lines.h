@@ -22,7 +22,7 @@ class TapiLines : public TapiControl {
   void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
                 std::int16_t options) override;
   void CloseLine(std::int32_t line) override;
-  void MakeCall(std::int32_t& line, std::string& dialString, std::int16_t options) override;
+  std::int32_t MakeCall(std::int32_t& line, std::string& dialString, std::int16_t options) override;
   void DropCall(std::int32_t& line, std::int32_t& callHandle) override;
   void ShutDown() override;
 

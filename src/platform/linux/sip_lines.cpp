@@ -92,7 +92,7 @@ void SipLines::CloseLine(int line) {
   for (const std::int32_t handle : othersCalls) End(handle);
 }
 
-void SipLines::MakeCall(int line, const std::string& number) {
+std::int32_t SipLines::MakeCall(int line, const std::string& number) {
   Line& calling = lines_[IndexOf(line)];
   if (!calling.open) throw TapiError(kLineErrorInvalidLine, "Die Leitung ist nicht geöffnet.");
   if (!calling.calls.empty()) {
@@ -113,6 +113,7 @@ void SipLines::MakeCall(int line, const std::string& number) {
       End(handle);
     }
   });
+  return handle;
 }
 
 void SipLines::DropCall(int line, std::int32_t callHandle) {

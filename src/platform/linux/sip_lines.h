@@ -31,7 +31,7 @@ class SipLines : public LineServiceProvider, private BaresipControl::Listener {
   LineInfo Info(int line) const override;
   void OpenLine(int line) override;
   void CloseLine(int line) override;
-  void MakeCall(int line, const std::string& number) override;
+  std::int32_t MakeCall(int line, const std::string& number) override;
   void DropCall(int line, std::int32_t callHandle) override;
   void SetEvents(TapiEvents* events) override { events_.SetListener(events); }
 

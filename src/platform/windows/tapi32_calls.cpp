@@ -18,7 +18,7 @@ std::int32_t Number(DWORD_PTR parameter) {
 
 }  // namespace
 
-void Tapi32Calls::Dial(int line, HLINE device, const std::string& number) {
+std::int32_t Tapi32Calls::Dial(int line, HLINE device, const std::string& number) {
   if (HasDialled(line)) throw TapiError(kLineErrorCallUnavailable, "Die Leitung ist belegt.");
   Call& call = calls_.emplace_back();
   const std::int32_t result = api_.makeCall(device, &call.call, ToWide(number).c_str(), 0, nullptr);
@@ -30,6 +30,7 @@ void Tapi32Calls::Dial(int line, HLINE device, const std::string& number) {
   call.handle = handles_.Next();
   call.dialled = true;
   call.dialRequest = result;
+  return call.handle;
 }
 
 void Tapi32Calls::Drop(int line, std::int32_t handle) {

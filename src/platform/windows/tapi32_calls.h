@@ -20,8 +20,8 @@ class Tapi32Calls {
 
   // `line` is this program's number of the line, `device` TAPI's handle of it. TapiError when the
   // line is busy or TAPI refuses at once; a refusal that comes later is a line message and the end
-  // of the call.
-  void Dial(int line, HLINE device, const std::string& number);
+  // of the call. Gives this program's number of the call.
+  std::int32_t Dial(int line, HLINE device, const std::string& number);
   // TapiError when there is no such call or TAPI refuses at once. A call that TAPI has not
   // confirmed yet is dropped when it has.
   void Drop(int line, std::int32_t handle);

@@ -55,7 +55,10 @@ void Tapi32Lines::ShutDown() {
 }
 
 std::string Tapi32Lines::LineName(int line) const {
-  return lines_[IndexOf(line)].name;
+  const Line& named = lines_[IndexOf(line)];
+  // As long as TAPI has not taken the new registration, it is not known what is gone.
+  const bool gone = named.removed && app_ != 0;
+  return gone ? std::string() : named.name;
 }
 
 LineInfo Tapi32Lines::Info(int line) const {
@@ -96,10 +99,10 @@ void Tapi32Lines::CloseLine(int line) {
   PlanRenewal();
 }
 
-void Tapi32Lines::MakeCall(int line, const std::string& number) {
+std::int32_t Tapi32Lines::MakeCall(int line, const std::string& number) {
   const Line& calling = lines_[IndexOf(line)];
   if (calling.open == 0) throw TapiError(kLineErrorInvalidLine, "Die Leitung ist nicht geöffnet.");
-  calls_.Dial(line, calling.open, number);
+  return calls_.Dial(line, calling.open, number);
 }
 
 void Tapi32Lines::DropCall(int line, std::int32_t callHandle) {

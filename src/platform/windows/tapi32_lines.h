@@ -34,7 +34,7 @@ class Tapi32Lines : public LineServiceProvider, private Tapi32Receiver::Listener
   void ShowDialog(int line, LineDialog dialog, std::uintptr_t owner) override;
   void OpenLine(int line) override;
   void CloseLine(int line) override;
-  void MakeCall(int line, const std::string& number) override;
+  std::int32_t MakeCall(int line, const std::string& number) override;
   void DropCall(int line, std::int32_t callHandle) override;
   void SetEvents(TapiEvents* events) override { events_.SetListener(events); }
 

@@ -9,7 +9,6 @@
 #include <algorithm>
 
 #include "ui/dial/call_list_delegate.h"
-#include "ui/dial/call_list_header.h"
 #include "ui/dial/search_text.h"
 #include "ui/style/palette.h"
 #include "ui/style/tabular_font.h"
@@ -21,13 +20,19 @@ constexpr int kTimeColumn = static_cast<int>(CallColumn::kTime);
 constexpr int kChevronArea = 24;
 constexpr int kOrderWidth = 85;
 
+// The tree of the toolkit would fold and unfold by these.
+bool IsFoldingCharacter(const QKeyEvent& event) {
+  const int key = event.key();
+  const bool character = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+  return character && (key == Qt::Key_Asterisk || key == Qt::Key_Plus || key == Qt::Key_Minus);
+}
+
 }  // namespace
 
 CallListView::CallListView(QWidget* parent)
     : QTreeView(parent), filter_(calls_), delegate_(new CallListDelegate(filter_, this)) {
   setFont(TabularDigitFont(font()));
   setItemDelegate(delegate_);
-  setHeader(new CallListHeader(this));
   setModel(&filter_);
   setRootIsDecorated(false);
   setIndentation(0);
@@ -47,6 +52,8 @@ CallListView::CallListView(QWidget* parent)
 
 void CallListView::SetUpHeader() {
   QHeaderView& head = *header();
+  // The first column, too, may stand elsewhere.
+  head.setFirstSectionMovable(true);
   head.resizeSection(static_cast<int>(CallColumn::kOrder), kOrderWidth);
   setColumnHidden(static_cast<int>(CallColumn::kOrder), true);
   const auto widthOf = [this](const char* sample) {
@@ -63,7 +70,13 @@ void CallListView::SetUpHeader() {
   setSortingEnabled(true);
 }
 
+void CallListView::Clear() {
+  filled_ = false;
+  calls_.SetGroups({});
+}
+
 void CallListView::SetGroups(const std::vector<GroupedCalls>& groups) {
+  filled_ = true;
   calls_.SetGroups(groups);
   Unfold();
   SelectFirstCall();
@@ -125,8 +138,8 @@ void CallListView::SetColumns(const CallColumns& columns) {
                              columns.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
-// Finds the next call by what was typed in quick succession; one character over and over goes on to
-// the next call each time.
+// Finds the next call by what was typed in quick succession. One character over and over goes on to
+// the next call each time, unless a text begins so.
 void CallListView::keyboardSearch(const QString& typed) {
   // Backspace and Escape come with a text, too.
   if (typed.isEmpty() || !typed.front().isPrint()) {
@@ -136,23 +149,36 @@ void CallListView::keyboardSearch(const QString& typed) {
   const bool goesOn =
       !typed_.isEmpty() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
   sinceTyped_.start();
-  typed_ = goesOn ? typed_ + typed : typed;
-  const bool same = typed_.count(typed_.front()) == typed_.size();
-  const QString wanted = FoldForSearch(same ? typed_.left(1) : typed_);
-
-  QModelIndex at = currentIndex().siblingAtColumn(0);
-  if (!at.isValid() || same) at = After(at);
-  for (int left = filter_.rowCount() + ShownCalls(); left > 0; --left, at = After(at)) {
-    if (!StartsWith(at, wanted)) continue;
-    setCurrentIndex(at.siblingAtColumn(kTimeColumn));
-    return;
+  const QString text = goesOn ? typed_ + typed : typed;
+  const bool repeated = text.count(text.front()) == text.size();
+  if (!GoToCall(text, goesOn ? Search::kFromHere : Search::kBelow) && goesOn && repeated) {
+    GoToCall(text.left(1), Search::kBelow);
   }
+  // Going there has ended the search.
+  typed_ = text;
 }
 
-// The row below, or the first one.
-QModelIndex CallListView::After(const QModelIndex& row) const {
-  const QModelIndex below = row.isValid() ? indexBelow(row) : QModelIndex();
-  return below.isValid() ? below : filter_.index(0, 0);
+// A call in a folded group is found, too.
+bool CallListView::GoToCall(const QString& beginning, Search search) {
+  const QString folded = FoldForSearch(beginning);
+  QModelIndex at = currentIndex().siblingAtColumn(0);
+  if (search == Search::kBelow || filter_.CallAt(at) == nullptr) at = CallAfter(at);
+  for (int left = ShownCalls(); left > 0; --left, at = CallAfter(at)) {
+    if (!StartsWith(at, folded)) continue;
+    expand(at.parent());
+    setCurrentIndex(at.siblingAtColumn(kTimeColumn));
+    return true;
+  }
+  return false;
+}
+
+// The call below a row, or the first one.
+QModelIndex CallListView::CallAfter(const QModelIndex& row) const {
+  const QModelIndex group = filter_.CallAt(row) != nullptr ? row.parent() : row;
+  const QModelIndex below = filter_.index(group == row ? 0 : row.row() + 1, 0, group);
+  if (group.isValid() && below.isValid()) return below;
+  const QModelIndex next = filter_.index(group.row() + 1, 0);
+  return filter_.index(0, 0, next.isValid() ? next : filter_.index(0, 0));
 }
 
 bool CallListView::StartsWith(const QModelIndex& call, const QString& folded) const {
@@ -171,11 +197,18 @@ void CallListView::CopyNumber() {
   }
 }
 
+// Moving about ends what was being typed.
+void CallListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  typed_.clear();
+  QTreeView::currentChanged(current, previous);
+}
+
 void CallListView::keyPressEvent(QKeyEvent* event) {
-  // Moving about ends what was being typed.
-  if (event->text().isEmpty()) typed_.clear();
   if (event->matches(QKeySequence::Copy)) {
     CopyNumber();
+  } else if (IsFoldingCharacter(*event)) {
+    // Numbers are typed with them; the arrow keys fold.
+    keyboardSearch(event->text());
   } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
     QTreeView::keyPressEvent(event);
   } else if (CurrentCall() != nullptr) {
@@ -209,13 +242,11 @@ void CallListView::contextMenuEvent(QContextMenuEvent* event) {
   const QModelIndex index = byKeyboard ? currentIndex() : indexAt(event->pos());
   if (filter_.CallAt(index) == nullptr) return;
   setCurrentIndex(index);
-  const bool hasNumber = !CurrentCall()->number.isEmpty();
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addAction(QStringLiteral("Rufnummer übernehmen\tEingabe"), this, &CallListView::TakeNumber)
-      ->setEnabled(hasNumber);
+  menu->addAction(QStringLiteral("Rufnummer übernehmen\tEingabe"), this, &CallListView::TakeNumber);
   menu->addAction(QStringLiteral("Rufnummer kopieren\tStrg+C"), this, &CallListView::CopyNumber)
-      ->setEnabled(hasNumber);
+      ->setEnabled(!CurrentCall()->number.isEmpty());
   menu->popup(byKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
                          : event->globalPos());
 }
@@ -244,7 +275,7 @@ void CallListView::drawRow(QPainter* painter, const QStyleOptionViewItem& option
 
 void CallListView::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
-  if (filter_.rowCount() > 0) return;
+  if (!filled_ || filter_.rowCount() > 0) return;
   QPainter painter(viewport());
   painter.setPen(CurrentPalette().mutedText);
   painter.drawText(viewport()->rect().adjusted(12, 24, -12, 0), Qt::AlignHCenter | Qt::TextWordWrap,

@@ -13,13 +13,15 @@ class CallListDelegate;
 
 // The call history: calls in groups that fold, with columns that the user sizes, sorts and moves.
 // Enter and a double click take the number of a call, Ctrl+C copies it, and typed characters find
-// the next call that has a text which begins so.
+// the next call that has a text which begins so and unfold its group.
 class CallListView : public QTreeView {
   Q_OBJECT
 
  public:
   explicit CallListView(QWidget* parent);
 
+  // Takes the calls away until others come.
+  void Clear();
   // Replaces the calls; groups that the user has folded stay folded.
   void SetGroups(const std::vector<GroupedCalls>& groups);
   // Narrows the calls; while a text is set every group is unfolded.
@@ -37,6 +39,7 @@ class CallListView : public QTreeView {
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -49,7 +52,9 @@ class CallListView : public QTreeView {
   void Unfold();
   void RememberFold(const QModelIndex& group, bool folded);
   void SelectFirstCall();
-  QModelIndex After(const QModelIndex& row) const;
+  enum class Search { kFromHere, kBelow };
+  bool GoToCall(const QString& beginning, Search search);
+  QModelIndex CallAfter(const QModelIndex& row) const;
   bool StartsWith(const QModelIndex& call, const QString& folded) const;
 
   const CallListModel::Call* CurrentCall() const { return filter_.CallAt(currentIndex()); }
@@ -59,6 +64,8 @@ class CallListView : public QTreeView {
   CallListModel calls_;
   CallListFilter filter_;
   CallListDelegate* delegate_;
+  // There may be no calls, but nobody waits for them.
+  bool filled_ = false;
   QSet<QString> folded_;
   QString typed_;
   QElapsedTimer sinceTyped_;

@@ -92,6 +92,7 @@ class frmDial final : public QWidget,
 
   // OptionsOwner
   void ReloadAppliedSettings() override;
+  void ReopenConfiguredLine() override;
   void OptionsEnded() override;
 
  protected:

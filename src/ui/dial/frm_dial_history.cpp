@@ -119,9 +119,10 @@ void frmDial::RefreshTelList() {
   const BusyCursor busy(services_.prompts);
   const CallDays days = CallDaysOf(services_.clock.Now());
   shownJournal_ = state_.host.userPath;
-  // A message about the journal must not stand beside the calls of another choice.
-  c_.repTel->SetGroups({});
-  ShowCallCount();
+  // Neither a message about the journal nor the wait for it must stand beside the calls of another
+  // choice.
+  c_.repTel->Clear();
+  c_.lblInf[1]->clear();
   c_.repTel->SetGroups(GroupCalls(
       ReadJournalCalls(services_, state_, CallQuery(ChosenCalls(), days)), days, services_.locale));
   ShowCallCount();

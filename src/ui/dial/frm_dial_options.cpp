@@ -64,4 +64,8 @@ void frmDial::ReloadAppliedSettings() {
   if (HistoryShown() && shownJournal_ != state_.host.userPath) RefreshTelList();
 }
 
+void frmDial::ReopenConfiguredLine() {
+  orvane::ReopenConfiguredLine(services_, state_, *this);
+}
+
 }  // namespace orvane

@@ -134,10 +134,13 @@ void ApplyOptions(Services& services, ProgramState& state, const OptionChoices& 
     if (choices.callMonitor != context.callMonitorBefore) {
       registry.Write("", kCallMonitor, choices.callMonitor ? "1" : "0");
     }
-  } catch (const RegistryError&) {
+  } catch (const RegistryError& error) {
     // The line is another one already, whatever becomes of the monitor.
     notifyHost();
-    throw;
+    throw RegistryError(error.Number(),
+                        "Der TAPI-Anrufmonitor konnte nicht gespeichert werden. Alle anderen "
+                        "Einstellungen wurden übernommen. " +
+                            error.Description());
   }
   notifyHost();
 }

@@ -53,7 +53,7 @@ struct ApplyContext {
 // Writes the choices to the host's registry and the speed-dial file, reloads the settings and
 // notifies the host. Throws PlatformError when something cannot be written: then the registry has
 // its former values again as far as it takes them and the file is as it was; only the call monitor,
-// written after the reload, can fail alone.
+// written after the reload, can fail alone, and the error says so.
 void ApplyOptions(Services& services, ProgramState& state, const OptionChoices& choices,
                   const ApplyContext& context);
 

@@ -92,7 +92,7 @@ void frmOptionen::ConnectControls() {
           [this] { c_.cmdAktion[kApply]->setFocus(); });
   for (QWidget* watched : {static_cast<QWidget*>(c_.panHead), static_cast<QWidget*>(c_.lblHead),
                            static_cast<QWidget*>(c_.tabConf), static_cast<QWidget*>(c_.lstLineSel),
-                           c_.lstLineSel->viewport()}) {
+                           c_.lstLineSel->viewport(), static_cast<QWidget*>(c_.txtTestNr)}) {
     watched->installEventFilter(this);
   }
 }
@@ -116,6 +116,7 @@ void frmOptionen::Show() {
 }
 
 bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == c_.txtTestNr) return DialsByEnter(*event);
   if (watched == c_.tabConf) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceCover();
     if (event->type() != QEvent::KeyPress) return false;
@@ -143,6 +144,15 @@ bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
   }
   if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) return false;
   chrome_->Drag([] {});
+  return true;
+}
+
+// Whoever has typed a number means to call it, not to apply the options.
+bool frmOptionen::DialsByEnter(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+  if (!key.isAutoRepeat()) c_.cmdDial->click();
   return true;
 }
 

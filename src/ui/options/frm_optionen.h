@@ -43,6 +43,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   // TestDialPanel
   void SetTestDialIdle(bool idle) override;
   bool TestDialPressed() const override;
+  bool TestsByModem() const override { return testByModem_; }
   void SetTestDialEnabled(bool enabled) override;
   void EnableAndFocusTestDial() override;
   int SelectedComPort() const override;
@@ -58,6 +59,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
 
  private:
   void FitSize();
+  bool DialsByEnter(const QEvent& event);
   void ConnectControls();
   // Runs the work when nothing else is in the middle of its own, unless the dialog is over by then.
   void Later(const std::function<void()>& work);
@@ -66,12 +68,14 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   void ShowChoices();
   void ShowSpeedDial();
   void LoadTapiList();
+  void FollowCurrentLine(const QString& name);
   void CheckComPorts();
 
   // Page "Kommunikationseinstellungen".
   void OnDialMethod(int method);
   void PlaceCover();
   void OnTestNumberChanged();
+  bool DialUsable() const;
   void OnLineSelected();
   void OnConfigDialog(std::size_t button);
   void ShowLineDialog(LineDialog dialog);
@@ -104,7 +108,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   std::unique_ptr<WindowChrome> chrome_;
 
   bool ended_ = false;
-  // As they were when the dialog opened.
+  // As they were when the dialog opened, or last applied.
   std::int32_t lineBefore_ = kNoTapiLine;
   bool callMonitorBefore_ = false;
   std::string userPath_;

@@ -95,13 +95,20 @@ void frmOptionen::OnTestNumberChanged() {
     field.setText(kept);
     field.setCursorPosition(static_cast<int>(cursor));
   }
-  c_.cmdDial->setEnabled(DialMethod() != kDialMethodNone &&
-                         HoldsNumber(field.text().toStdString()));
+  c_.cmdDial->setEnabled(DialUsable() &&
+                         (TestDialPressed() || HoldsNumber(field.text().toStdString())));
+}
+
+// Whatever is changed meanwhile, a test call can be ended.
+bool frmOptionen::DialUsable() const {
+  return TestDialPressed() || DialMethod() != kDialMethodNone;
 }
 
 void frmOptionen::OnLineSelected() {
   const std::int32_t selected = SelectedLine();
   c_.tabConf->setFocus();
+  // A new line ends the call on the line before; the modem has to be told.
+  if (testByModem_) modem_.TestDialModem({});
   SetTestDialIdle(true);
   CloseCurrentLine();
   std::int32_t& line = state_.settings.tapiLineId;
@@ -169,7 +176,7 @@ void frmOptionen::RefreshLines() {
   services_.tapi.ShutDown();
   services_.tapi.SetTag("");
   // Calls are over without another word.
-  call_.tapiCallHandle = 0;
+  call_.ForgetLineCall();
   if (TestDialPressed() && !testByModem_) SetTestDialIdle(true);
   LoadTapiList();
   SetTapiInfo({"TAPI-Geräteliste wurde erneut ausgelesen."});
@@ -182,7 +189,7 @@ void frmOptionen::SetTapiInfo(const std::vector<std::string>& lines) {
 
 void frmOptionen::OnDial() {
   const std::string number = c_.txtTestNr->text().toStdString();
-  if (Trim(number).empty()) {
+  if (Trim(number).empty() && !TestDialPressed()) {
     services_.prompts.Beep();
     AppendProgress("<<<<<<< ungültige Testrufnummer! >>>>>>>");
     AppendProgress("Bitte geben Sie eine gültige Telefonnummer zum testen an.");
@@ -219,6 +226,7 @@ void frmOptionen::SetTestDialIdle(bool idle) {
                          : QStringLiteral("Das Testgespräch beenden"));
   button.setIcon(idle ? DialPicture() : HangUpPicture());
   SetRole(button, idle ? role::kDial : role::kHangUp);
+  if (!DialUsable()) button.setEnabled(false);
 }
 
 bool frmOptionen::TestDialPressed() const {
@@ -231,13 +239,13 @@ void frmOptionen::SetTestDialEnabled(bool enabled) {
     testDialHadFocus_ = c_.cmdDial->hasFocus();
     if (testDialHadFocus_) c_.tabConf->setFocus();
   }
-  c_.cmdDial->setEnabled(enabled);
+  c_.cmdDial->setEnabled(enabled && DialUsable());
   // Enter would mean "Übernehmen" elsewhere, in the middle of the test call.
   if (enabled && std::exchange(testDialHadFocus_, false)) c_.cmdDial->setFocus();
 }
 
 void frmOptionen::EnableAndFocusTestDial() {
-  c_.cmdDial->setEnabled(true);
+  c_.cmdDial->setEnabled(DialUsable());
   c_.cmdDial->setFocus();
 }
 

@@ -88,6 +88,8 @@ void frmOptionen::ShowSpeedDial() {
 void frmOptionen::LoadTapiList() {
   try {
     TapiControl& tapi = services_.tapi;
+    const auto* const known = c_.lstLineSel->item(state_.settings.tapiLineId);
+    const QString nameBefore = known == nullptr ? QString() : known->text();
     if (!TapiInitialised(tapi)) tapi.Initialise();
     const QSignalBlocker selectedByProgram(c_.lstLineSel);
     c_.lstLineSel->clear();
@@ -96,10 +98,13 @@ void frmOptionen::LoadTapiList() {
       const QString name = QString::fromStdString(tapi.LineName(line));
       c_.lstLineSel->addItem(name);
       c_.lstLineSel->item(line)->setToolTip(name);
+      // It keeps its place for the sake of the others' numbers.
+      c_.lstLineSel->item(line)->setHidden(name.isEmpty());
     }
+    FollowCurrentLine(nameBefore);
     const std::int32_t current = state_.settings.tapiLineId;
     if (current < 0) return;
-    if (current < count) {
+    if (current < count && !c_.lstLineSel->item(current)->isHidden()) {
       c_.lstLineSel->setCurrentRow(current);
       return;
     }
@@ -110,6 +115,16 @@ void frmOptionen::LoadTapiList() {
   } catch (const std::exception& error) {
     ShowError(services_.prompts, ErrorStateOf(error), "Laden der TAPI-Liste");
   }
+}
+
+// Lines that are counted anew may have other numbers; without a line of that name the number
+// counts.
+void frmOptionen::FollowCurrentLine(const QString& name) {
+  std::int32_t& line = state_.settings.tapiLineId;
+  const auto* const there = c_.lstLineSel->item(line);
+  if (name.isEmpty() || (there != nullptr && there->text() == name)) return;
+  const auto found = c_.lstLineSel->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+  if (!found.isEmpty()) line = c_.lstLineSel->row(found.front());
 }
 
 void frmOptionen::CheckComPorts() {
@@ -164,7 +179,11 @@ bool frmOptionen::Apply(ErrorState& failure) {
   context.userPath = userPath_;
   if (speedDialKnown_) context.speedDial = {RowsOf(c_.internalRows), RowsOf(c_.externalRows)};
   context.callMonitorBefore = callMonitorBefore_;
-  context.reloadSettings = [this] { owner_.ReloadAppliedSettings(); };
+  context.reloadSettings = [this] {
+    owner_.ReloadAppliedSettings();
+    // Even if the last step fails, cancelling leads back to here and not to before.
+    lineBefore_ = state_.settings.tapiLineId;
+  };
   try {
     ApplyOptions(services_, state_, Choices(), context);
     return true;
@@ -187,28 +206,16 @@ void frmOptionen::ComeBack(std::int32_t line, const ErrorState& failure) {
   ShowError(services_.prompts, failure, "Optionen übernehmen");
 }
 
-// The list may have been read anew since the dialog opened: a line that is not at its place any
-// more is looked for by its name, or reported as missing, as at the start of the program.
+// The lines may have been counted anew since the dialog opened, so the configured one is looked for
+// by its name.
 void frmOptionen::RestoreLine() {
-  std::int32_t& line = state_.settings.tapiLineId;
-  line = kNoTapiLine;
-  if (state_.settings.dialMethod != kDialMethodTapi || lineBefore_ < 0) return;
-  try {
-    TapiControl& tapi = services_.tapi;
-    if (tapi.LineName(lineBefore_) == state_.settings.tapiLineName) {
-      std::int32_t id = lineBefore_;
-      OpenTapiLine(tapi, id);
-      line = id;
-      return;
-    }
-  } catch (const std::exception&) {
-    // The line is gone.
-  }
-  owner_.ReloadAppliedSettings();
+  const bool hadLine = state_.settings.dialMethod == kDialMethodTapi && lineBefore_ >= 0;
+  state_.settings.tapiLineId = kNoTapiLine;
+  if (hadLine) owner_.ReopenConfiguredLine();
 }
 
 void frmOptionen::CloseCurrentLine() {
-  call_.tapiCallHandle = 0;
+  call_.ForgetLineCall();
   if (state_.settings.tapiLineId < 0) return;
   try {
     services_.tapi.CloseLine(state_.settings.tapiLineId);

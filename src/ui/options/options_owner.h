@@ -10,6 +10,9 @@ class OptionsOwner {
   // Reads the program's settings anew and shows them.
   virtual void ReloadAppliedSettings() = 0;
 
+  // Opens the line of the settings in force again, and shows whether that worked.
+  virtual void ReopenConfiguredLine() = 0;
+
   // The dialog is over: takes it away and brings the window back.
   virtual void OptionsEnded() = 0;
 };

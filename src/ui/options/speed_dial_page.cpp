@@ -13,6 +13,7 @@ namespace {
 constexpr int kPageMargin = 12;
 constexpr int kMarkerSide = 14;
 constexpr int kFieldHeight = 28;
+constexpr int kRowSpacing = 10;
 
 struct Block {
   const char* heading;
@@ -50,7 +51,7 @@ QHBoxLayout* BuildHeading(QWidget& page, const Block& block) {
 QGridLayout* BuildBlock(QWidget& page, const Block& block, SpeedDialFields& fields) {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(6);
-  grid->setVerticalSpacing(6);
+  grid->setVerticalSpacing(kRowSpacing);
   grid->addLayout(BuildHeading(page, block), 0, 0, 1, 2);
   grid->addWidget(new QLabel(QStringLiteral("Rufnummer:"), &page), 1, 0);
   grid->addWidget(new QLabel(QStringLiteral("Kurzwahlbezeichnung:"), &page), 1, 1);

@@ -3,15 +3,22 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFontInfo>
+#include <QPainter>
 #include <QProxyStyle>
+#include <QStyleOptionHeader>
 
+#include "ui/style/glyph.h"
 #include "ui/style/glyph_icon.h"
+#include "ui/style/palette.h"
 #include "ui/style/style_sheet.h"
 
 namespace orvane {
 namespace {
 
-// The toolkit's own style with the program's pictures in message boxes, sharp at every scale.
+constexpr int kSortArrowSide = 9;
+
+// The toolkit's own style with the program's pictures in message boxes, sharp at every scale, and
+// arrows in column titles that point up for rising on every system.
 class BaseStyle : public QProxyStyle {
  public:
   BaseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -23,6 +30,21 @@ class BaseStyle : public QProxyStyle {
     }
     if (picture == SP_MessageBoxCritical) return GlyphIcon(Glyph::kStop, &Palette::hangUp);
     return QProxyStyle::standardIcon(picture, option, widget);
+  }
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    const auto* title = qstyleoption_cast<const QStyleOptionHeader*>(option);
+    if (element != PE_IndicatorHeaderArrow || title == nullptr) {
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      return;
+    }
+    // To the toolkit, rising means that values grow downwards.
+    const bool rising = title->sortIndicator == QStyleOptionHeader::SortDown;
+    QRectF area(0, 0, kSortArrowSide, kSortArrowSide);
+    area.moveCenter(QRectF(title->rect).center());
+    PaintGlyph(*painter, rising ? Glyph::kArrowUp : Glyph::kArrowDown, area,
+               CurrentPalette().mutedText);
   }
 };
 

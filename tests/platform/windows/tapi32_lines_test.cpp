@@ -168,6 +168,7 @@ TEST_F(Tapi32LinesTest, DevicesComeAndGo) {
   tapi.RemoveDevice(ScriptedTapi::kExchange);
   EXPECT_EQ(Settled(), kEnd + Log{"SUCCESS TapiLineClose"});
   EXPECT_THROW(lines.OpenLine(0), TapiError);
+  EXPECT_EQ(lines.LineName(0), "");
   EXPECT_EQ(lines.LineName(1), "Karte 2");
   const DWORD device = tapi.AddDevice();
   EXPECT_EQ(Settled(), Log{"INSERVICE TapiLineDevState"});
@@ -223,6 +224,7 @@ TEST_F(Tapi32LinesTest, RegistersAnewWhenThereIsNoCall) {
   tapi.AskForRenewal();
   EXPECT_EQ(Settled(), (Log{"SUCCESS TapiLineClose", "INSERVICE TapiLineDevState"}));
   EXPECT_THROW(lines.OpenLine(0), TapiError);
+  EXPECT_EQ(lines.LineName(0), "Telefonanlage Büro");
   tapi.results.initialise = 0;
   lines.OpenLine(0);
   Connect();

@@ -9,9 +9,9 @@ namespace orvane {
 // Today is Wednesday, the 3rd of April 2024, day 45385.
 inline constexpr const char* kCalls =
     "INSERT INTO o (ID,Ext,Zeit,Firma,Ort,Person,Nr) VALUES"
-    " (1,-1,45200.5,'Groß & Söhne','Köln','Meier, Hans','0221471'),"
+    " (1,-1,45200.5,'Groß & Söhne','0022 Köln','Meier, Hans','0221471'),"
     " (2,0,45384.25,'Intern','Einkauf','Öztürk-Juettner, Mehmet','217'),"
-    " (3,-1,45385.375,'Müller Straßenbau','Gießen','Yildirim','0641 1'),"
+    " (3,-1,45385.375,'Müller Straßenbau','+49 641','-','0641 1'),"
     " (4,-1,45385.5,'<Keine Nummer>','','',NULL),"
     " (5,-1,45385.25,'Alster Verlag','Hamburg','<b>Aydin','0409');"
     "INSERT INTO i (ID,Ext,Zeit,Firma,Nr) VALUES (1,0,45385.1,'Herein','218');";
@@ -57,10 +57,13 @@ class DialWindowHistory : public DialWindowFixture {
     EXPECT_FALSE(prompts.busy);
     return Shown() + (prompts.boxes.empty() ? "" : "!" + prompts.boxes[0].text);
   }
+  // As a keyboard does it, with Shift as a key of its own.
   static void Type(const char* text) {
     for (const QChar c : QString::fromUtf8(text)) {
-      QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, c);
-      QApplication::sendEvent(QApplication::focusWidget(), &press);
+      const bool shift = c.isUpper() || c == u'*';
+      QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(),
+                          static_cast<Qt::Key>(c.toUpper().unicode()), c,
+                          shift ? Qt::ShiftModifier : Qt::NoModifier);
     }
   }
 

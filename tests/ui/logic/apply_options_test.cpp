@@ -63,15 +63,6 @@ TEST_F(ApplyOptionsTest, WritesEverythingAndTellsTheHostEachTime) {
   EXPECT_TRUE(read.callMonitor);
 }
 
-TEST_F(ApplyOptionsTest, WithoutLinesThereIsNoCurrentLine) {
-  for (const std::uint8_t method : {kDialMethodNone, kDialMethodModem}) {
-    state.settings.tapiLineId = 1;
-    choices.dialMethod = method;
-    Apply();
-    EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
-  }
-}
-
 TEST_F(ApplyOptionsTest, LeavesNothingHalfWritten) {
   const std::string before = "Alt|1|¿|";
   WriteFile(UserFile("Kurzwahl.dat"), before);
@@ -104,18 +95,6 @@ TEST_F(ApplyOptionsTest, TellsTheHostEvenWhenTheMonitorCannotBeWritten) {
   EXPECT_THROW(Apply(), RegistryError);
   EXPECT_EQ(Registry("TapiBez"), "Büro");
   EXPECT_EQ(notified, (std::vector<std::string>{EncodeAnsi("TX:17~TAPI_ReInit~Büro")}));
-}
-
-TEST_F(ApplyOptionsTest, WritesToTheUserWhoOpenedTheOptions) {
-  std::filesystem::create_directories(folder / "Daten/User/23/res");
-  state.host.userPath = UserFolder(state.host, 23);
-  Apply();
-  EXPECT_TRUE(std::filesystem::exists(UserFile("Kurzwahl.dat")));
-  EXPECT_EQ(SpeedDialBytes(), "");
-  context.speedDial.reset();
-  std::filesystem::remove(UserFile("Kurzwahl.dat"));
-  Apply();
-  EXPECT_FALSE(std::filesystem::exists(UserFile("Kurzwahl.dat")));
 }
 
 }  // namespace

@@ -100,12 +100,20 @@ TEST_F(OptionsEndingTest, CancellingGivesTheLineBackAndWritesNothing) {
   ClickIn("cmdConfigDlg_3");
   ClickIn("cmdAktion_1");
   EXPECT_EQ(state.settings.tapiLineId, 0);
-  OpenOptions();
-  tapi.lineNames = {"Büro"};
-  ClickIn("cmdConfigDlg_3");
-  ClickIn("cmdAktion_1");
-  EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
-  EXPECT_EQ(TextOf("lblBase_2"), "TAPI-Fehler!");
+  for (const bool listed : {true, false}) {
+    SCOPED_TRACE(listed);
+    tapi.lineNames = {"Büro", "Lager"};
+    tapi.goneLine = -1;
+    MakeWindow();
+    OpenOptions();
+    prompts.markups.clear();
+    if (listed) tapi.goneLine = 1;
+    if (!listed) tapi.lineNames = {"Büro"};
+    ClickIn("cmdAktion_1");
+    EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
+    EXPECT_EQ(TextOf("lblBase_2"), "TAPI-Fehler!");
+    EXPECT_TRUE(prompts.markups.empty());
+  }
   // Without a line before there is none afterwards.
   OpenOptions();
   ChooseLine(0);
@@ -115,6 +123,7 @@ TEST_F(OptionsEndingTest, CancellingGivesTheLineBackAndWritesNothing) {
 }
 
 TEST_F(OptionsEndingTest, ApplyingThatFailsKeepsEveryEdit) {
+  tapi.lineNames = {"Büro", "Flur"};
   OpenOptions();
   ChooseLine(0);
   Type("txtAmtExtern", "7");
@@ -134,11 +143,20 @@ TEST_F(OptionsEndingTest, ApplyingThatFailsKeepsEveryEdit) {
     EXPECT_EQ(FieldText("txtKNi_0"), "Neu");
     EXPECT_EQ(Registry("AmtExt"), "");
   }
-  registry->deniedName.clear();
+  // The monitor comes last, when the rest is in force: cancelling keeps that.
+  registry->deniedName = "TapiMon";
+  prompts.markups.clear();
+  Choose("chkAnrufmonitor");
   ClickIn("cmdAktion_0");
+  ASSERT_EQ(prompts.markups.size(), 1U);
+  EXPECT_NE(prompts.markups[0].text.find("Alle anderen Einstellungen wurden übernommen."),
+            std::string::npos);
+  ClickIn("cmdAktion_1");
   EXPECT_TRUE(Gone());
   EXPECT_EQ(state.settings.outsideLineExt, "7");
   EXPECT_EQ(Registry("TapiBez"), "Büro");
+  EXPECT_EQ(state.settings.tapiLineId, 0);
+  EXPECT_EQ(tapi.log.back(), "open 0 4 6 9");
 }
 
 TEST_F(OptionsEndingTest, ACharacterThatTheFileLacksIsNamedBeforeAnythingIsWritten) {
@@ -168,17 +186,33 @@ TEST_F(OptionsEndingTest, ACharacterThatTheFileLacksIsNamedBeforeAnythingIsWritt
 }
 
 TEST_F(OptionsEndingTest, ALineThatIsGoneIsAppliedAndReportedAsMissing) {
-  OpenOptions();
-  ChooseLine(0);
-  tapi.lineNames = {"Lager"};
-  tapi.goneLine = 0;
-  ClickIn("cmdAktion_0");
-  EXPECT_TRUE(Gone());
-  EXPECT_TRUE(window->isVisible());
-  EXPECT_FALSE(prompts.busy);
-  EXPECT_EQ(Registry("TapiBez"), "Büro");
-  EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
-  EXPECT_EQ(TextOf("lblBase_2"), "TAPI-Fehler!");
+  const struct {
+    const char* name;
+    Lines lines;
+    std::size_t reports;
+  } kCases[] = {{"not listed", {"Lager"}, 0},
+                {"without a name", {"", "Lager"}, 0},
+                {"listed, but not to be opened", {"Büro", "Lager"}, 1}};
+  for (const auto& [name, lines, reports] : kCases) {
+    SCOPED_TRACE(name);
+    tapi.lineNames = {"Büro", "Lager"};
+    tapi.goneLine = -1;
+    SetRegistry("TapiBez", "Lager");
+    MakeWindow();
+    OpenOptions();
+    ASSERT_EQ(TextOf("lblBase_2"), "<Bereit>");
+    ChooseLine(0);
+    tapi.lineNames = lines;
+    tapi.goneLine = 0;
+    ClickIn("cmdAktion_0");
+    EXPECT_TRUE(Gone());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(prompts.busy);
+    EXPECT_EQ(Registry("TapiBez"), "Büro");
+    EXPECT_EQ(state.settings.tapiLineId, kNoTapiLine);
+    EXPECT_EQ(TextOf("lblBase_2") + TextOf("lblBase_3"), "TAPI-Fehler!Bitte konfigurieren.");
+    EXPECT_EQ(prompts.markups.size(), reports);
+  }
 }
 
 TEST_F(OptionsEndingTest, AHostThatDoesNotAnswerIsNoReasonToSayAnything) {
@@ -262,18 +296,6 @@ TEST_F(OptionsEndingTest, TheProgramCanEndInATestCall) {
       state.host.userNumber = 17;
     }
   }
-}
-
-TEST_F(OptionsEndingTest, ABusyPortIsSaidAndLeavesNothingOpen) {
-  SetRegistry("CTI", "1");
-  serial.busyPorts = {1};
-  OpenOptions();
-  StartTestCall();
-  EXPECT_NE(Progress().find("\n>>> Fehler Nr.8005: "), std::string::npos);
-  ClickIn("cmdDial");
-  EXPECT_FALSE(dialog->TestDialPressed());
-  ClickIn("cmdAktion_1");
-  EXPECT_TRUE(Gone());
 }
 
 }  // namespace

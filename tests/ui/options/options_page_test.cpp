@@ -116,14 +116,23 @@ TEST_F(OptionsPageTest, KeysSelectALineWhereNoneIsSelected) {
 
 TEST_F(OptionsPageTest, AListThatIsReadAnewMayLackTheCurrentLine) {
   OpenOptions();
-  tapi.lineNames = {"Büro"};
+  tapi.lineNames = {"Lager", "Büro", "Flur"};
   ClickIn("cmdConfigDlg_3");
-  EXPECT_EQ(tapi.log, (Lines{"shutdown", "init"}));
-  EXPECT_EQ(prompts.boxes,
-            (std::vector<FakePrompts::Box>{{PromptIcon::kExclamation,
-                                            "Der TAPI-Treiber wurde entfernt oder umbenannt.",
-                                            "TAPI-Treiber nicht mehr gültig!"}}));
-  EXPECT_TRUE(In<QListWidget>("lstLineSel")->selectedItems().isEmpty());
+  EXPECT_EQ(In<QListWidget>("lstLineSel")->currentRow(), 0);
+  EXPECT_EQ(state.settings.tapiLineId, 0);
+  state.settings.tapiLineId = 2;
+  for (const Lines& lines : {Lines{"Büro"}, Lines{"Büro", "Lager", ""}}) {
+    tapi.log.clear();
+    prompts.boxes.clear();
+    tapi.lineNames = lines;
+    ClickIn("cmdConfigDlg_3");
+    EXPECT_EQ(tapi.log, (Lines{"shutdown", "init"}));
+    EXPECT_EQ(prompts.boxes,
+              (std::vector<FakePrompts::Box>{{PromptIcon::kExclamation,
+                                              "Der TAPI-Treiber wurde entfernt oder umbenannt.",
+                                              "TAPI-Treiber nicht mehr gültig!"}}));
+    EXPECT_TRUE(In<QListWidget>("lstLineSel")->selectedItems().isEmpty());
+  }
   EXPECT_EQ(In<QPlainTextEdit>("txtTapiInfo")->toPlainText().toStdString(),
             "TAPI-Geräteliste wurde erneut ausgelesen.");
 }
@@ -167,7 +176,8 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   OpenOptions();
   Type("txtAmtIntern", " 9 ");
   Type("txtTestNr", "0 30/1");
-  ClickIn("cmdDial");
+  // Enter in the number dials it; it does not apply the options.
+  QTest::keyClick(In("txtTestNr"), Qt::Key_Return);
   EXPECT_EQ(tapi.log, (Lines{"call 1 90 30/1"}));
   EXPECT_EQ(Progress(),
             "<Bereit>\n<09:05:07, Beginn der Befehlskette>\nÖffne TAPI-Line: #1\nTAPI-Gerät: "
@@ -182,13 +192,21 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   EXPECT_EQ(FocusName(), "cmdDial");
   tapi.events->OnConnected(7);
   EXPECT_TRUE(dialog->TestDialPressed());
+  // Neither what is typed or chosen nor a registry that takes nothing keeps it from being ended.
+  Type("txtTestNr", "");
+  Choose("optDial_0");
+  registry->deniedName = "TestRufNr";
   ClickIn("cmdDial");
   EXPECT_EQ(tapi.log.back(), "drop 1 7");
+  EXPECT_EQ(Progress(),
+            "<CTI deaktiviert>\n<09:05:07, Beginn der Befehlskette>\nVerbindung wird "
+            "getrennt...\n<09:05:07, Ende der Befehlskette>");
+  EXPECT_FALSE(Enabled("cmdDial"));
   tapi.events->OnCallState(7, 8, kLineCallDisconnected);
   tapi.events->OnDisconnected(7);
   tapi.events->OnCallState(7, 8, kLineCallIdle);
   EXPECT_TRUE(ProgressEndsWith("*Verbindung getrennt! - Handle, ID: 7  8"));
-  EXPECT_FALSE(dialog->TestDialPressed());
+  EXPECT_FALSE(dialog->TestDialPressed() || Enabled("cmdDial"));
   EXPECT_EQ(call.tapiCallHandle, 0);
   EXPECT_EQ(Log(), Lines());
   EXPECT_TRUE(databases.statements.empty());
@@ -209,6 +227,13 @@ TEST_F(OptionsPageTest, ATestCallThroughTheModemEndsTheWayItBegan) {
   Choose("optDial_2");
   ClickIn("cmdDial");
   EXPECT_EQ(serial.sent, "AT\rATDT 0301\rATH0\r");
+  EXPECT_FALSE(dialog->TestDialPressed());
+  // Selecting a line ends the call before it, too.
+  Choose("optDial_1");
+  ClickIn("cmdDial");
+  Choose("optDial_2");
+  ChooseLine(0);
+  EXPECT_EQ(serial.sent, "AT\rATDT 0301\rATH0\rAT\rATH0\r");
   EXPECT_FALSE(dialog->TestDialPressed());
 }
 
