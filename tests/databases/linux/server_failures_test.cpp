@@ -2,8 +2,10 @@
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <atomic>
+#include <latch>
 
 #include "databases/linux/postgres_contacts.h"
 #include "platform/errors.h"
@@ -178,6 +180,28 @@ TEST(ServerDriver, ReportsWhateverIsNoServer) {
   const auto nobody = ServerConnection(servers, "127.83.17.2,1", "x");
   EXPECT_EQ(Failure([&] { nobody->Open(); }), std::string("-2147467259 ") + kNotFound);
 }
+
+#ifndef __SANITIZE_ADDRESS__  // which needs memory for itself
+TEST(ServerDriver, FailsWithoutAFreeThread) {
+  DriverThreads threads;
+  rlimit before{};
+  getrlimit(RLIMIT_AS, &before);
+  std::latch over(1);
+  const rlimit nothingMore{1, before.rlim_max};
+  setrlimit(RLIMIT_AS, &nothingMore);
+  std::int32_t number = 0;
+  try {
+    // Some get the memory of threads that have ended.
+    for (int i = 0; i < 100; ++i) threads.Start([&over] { over.wait(); });
+  } catch (const DatabaseError& error) {
+    number = error.Number();
+  }
+  setrlimit(RLIMIT_AS, &before);
+  over.count_down();
+  EXPECT_EQ(number, kDbErrorFailed);
+  EXPECT_TRUE(threads.AllEnded(std::chrono::seconds{60}));
+}
+#endif
 
 // The machine's own list of instances, which answers at port 1434 with where each one listens.
 class InstanceList {
