@@ -108,20 +108,6 @@ TEST_P(DatabaseContract, RefusesAStatementWhole) {
   }
 }
 
-TEST_P(DatabaseContract, NamesABrokenRuleByItsNativeNumber) {
-  const auto journal = Opened();
-  journal->Execute("INSERT INTO o (ID) VALUES (1)");
-  for (const auto& [sql, native] : {std::pair{"INSERT INTO o (ID) VALUES (1)", -1605},
-                                    {"INSERT INTO o (ID) VALUES (NULL)", 515}}) {
-    try {
-      journal->Execute(sql);
-      ADD_FAILURE() << sql;
-    } catch (const DatabaseError& error) {
-      EXPECT_EQ(error.NativeNumber(), native) << error.Description();
-    }
-  }
-}
-
 TEST_P(DatabaseContract, OpensAgainWithItsConnectionString) {
   const auto connection = Select();
   ExpectError(kDbErrorObjectClosed, [&] { connection->Execute("SELECT ID FROM o"); });

@@ -1,8 +1,8 @@
 #include "platform/common/driver_threads.h"
 
 #include <condition_variable>
+#include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -32,7 +32,7 @@ void DriverThreads::Start(std::function<void()> work) {
       work = nullptr;
       count->Add(-1);
     }).detach();
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {
     count_->Add(-1);
     throw ErrorOf(DatabaseFailure::kOutOfMemory);
   }

@@ -9,6 +9,9 @@
 #include <limits>
 #include <numeric>
 
+#include "platform/common/database_errors.h"
+#include "platform/native_path.h"
+
 namespace orvane {
 namespace {
 
@@ -98,6 +101,15 @@ bool JetHeader::IsJet4() const {
 bool JetHeader::AcceptsPassword(std::string_view utf8Password) const {
   const std::u16string stored = StoredPassword(page_);
   return stored.empty() || stored == Utf16(utf8Password);
+}
+
+void CheckJetFile(const std::string& shownPath, std::string_view utf8Password) {
+  const std::optional<JetHeader> header = ReadJetHeader(NativePath(shownPath));
+  if (!header) throw ErrorOf(DatabaseFailure::kFileUnreadable, shownPath);
+  if (!header->IsJet4()) throw ErrorOf(DatabaseFailure::kFileNotRecognised, shownPath);
+  if (!header->AcceptsPassword(utf8Password)) {
+    throw ErrorOf(DatabaseFailure::kPasswordRefused, shownPath);
+  }
 }
 
 std::optional<JetHeader> ReadJetHeader(const std::filesystem::path& file) {

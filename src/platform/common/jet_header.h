@@ -27,6 +27,10 @@ class JetHeader {
   std::string page_;
 };
 
+// Throws DatabaseError unless the file is a Jet 4 file with this password. The path is as the
+// program composed it.
+void CheckJetFile(const std::string& shownPath, std::string_view utf8Password);
+
 // The header of the file, if it can be read and is a Jet file.
 std::optional<JetHeader> ReadJetHeader(const std::filesystem::path& file);
 

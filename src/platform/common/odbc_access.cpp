@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/common/database_errors.h"
+#include "platform/common/jet_header.h"
 #include "platform/common/jet_sql.h"
 #include "platform/common/odbc_session.h"
 #include "platform/native_path.h"
@@ -76,11 +77,14 @@ std::string ServerString(const ConnectionProperties& properties) {
   return result + Pair("UID", properties.Get("User ID")) + Pair("PWD", properties.Get("Password"));
 }
 
+// The same refusals as on systems that read the file themselves.
 std::string JetString(const ConnectionProperties& properties) {
-  const std::u8string file = NativePath(properties.Get("Data Source")).u8string();
+  const std::string shownPath = properties.Get("Data Source");
+  const std::string password = properties.Get("Jet OLEDB:Database Password");
+  CheckJetFile(shownPath, password);
+  const std::u8string file = NativePath(shownPath).u8string();
   return "DRIVER=" + Braced(BestDriver(kJetDrivers, "Jet-Datenbanken")) + ";" +
-         Pair("DBQ", std::string(file.begin(), file.end())) +
-         Pair("PWD", properties.Get("Jet OLEDB:Database Password"));
+         Pair("DBQ", std::string(file.begin(), file.end())) + Pair("PWD", password);
 }
 
 }  // namespace

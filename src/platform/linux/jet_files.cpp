@@ -41,15 +41,6 @@ bool AddNames(std::vector<std::string>& known, const std::vector<std::string>& n
   return added;
 }
 
-void CheckHeader(const std::string& shownPath, const std::string& password) {
-  const std::optional<JetHeader> header = ReadJetHeader(NativePath(shownPath));
-  if (!header) throw ErrorOf(DatabaseFailure::kFileUnreadable, shownPath);
-  if (!header->IsJet4()) throw ErrorOf(DatabaseFailure::kFileNotRecognised, shownPath);
-  if (!header->AcceptsPassword(password)) {
-    throw ErrorOf(DatabaseFailure::kPasswordRefused, shownPath);
-  }
-}
-
 }  // namespace
 
 // A connection to one of the files.
@@ -71,7 +62,7 @@ class JetDatabase : public OpenDatabase {
 
 std::unique_ptr<OpenDatabase> JetFiles::Open(const ConnectionProperties& properties) {
   const std::string shownPath = properties.Get("Data Source");
-  CheckHeader(shownPath, properties.Get("Jet OLEDB:Database Password"));
+  CheckJetFile(shownPath, properties.Get("Jet OLEDB:Database Password"));
   const DbMode mode = properties.Mode();
   if (mode == DbMode::kWrite || mode == DbMode::kReadWrite) {
     throw ErrorOf(DatabaseFailure::kJetReadOnly, shownPath);

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <netinet/in.h>
 #include <pwd.h>
 #include <signal.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -19,18 +18,10 @@
 
 namespace orvane {
 
-// A port on which nobody listens.
-inline int FreePort() {
-  const int probe = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t size = sizeof address;
-  if (bind(probe, reinterpret_cast<sockaddr*>(&address), size) != 0)
-    throw std::runtime_error("no free port");
-  getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
-  close(probe);
-  return ntohs(address.sin_port);
+// Below those that the system hands out by itself.
+inline int RandomPort() {
+  std::random_device device;
+  return std::uniform_int_distribution(20'000, 32'000)(device);
 }
 
 // A PostgreSQL server of its own, without any rights, which keeps the contacts in "Talmix" for the
@@ -56,13 +47,12 @@ class PostgresCluster {
     GiveAway(account);
     Finish(Start({"initdb", "-D", Data(), "-U", "orvane", "-A", "scram-sha-256", "--pwfile",
                   account.string(), "--no-sync", "-E", "UTF8", "--locale=C.UTF-8"}));
-    server_ = Start({"postgres", "-D", Data(), "-p", std::to_string(port_), "-k",
-                     folder_.Path().string(), "-c", "listen_addresses=127.0.0.1", "-c", "fsync=off",
-                     "-c", "max_connections=20", "-c", "shared_buffers=16MB"});
-    while (Wait(Psql(tables.string())) != 0) {
-      if (--attempts_ == 0) throw std::runtime_error("PostgreSQL does not start");
-      std::this_thread::sleep_for(std::chrono::milliseconds{50});
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+      if (Serve() && Wait(Psql(tables.string())) == 0) return;
+      Kill();
+      port_ = RandomPort();
     }
+    throw std::runtime_error("PostgreSQL does not start");
   }
   ~PostgresCluster() { Kill(); }
   PostgresCluster(const PostgresCluster&) = delete;
@@ -78,6 +68,23 @@ class PostgresCluster {
   }
 
  private:
+  static constexpr int kAttempts = 10;
+
+  // Until it takes connections; false when it ends before, because the port is somebody else's.
+  bool Serve() {
+    server_ = Start({"postgres", "-D", Data(), "-p", std::to_string(port_), "-k",
+                     folder_.Path().string(), "-c", "listen_addresses=127.0.0.1", "-c", "fsync=off",
+                     "-c", "max_connections=20", "-c", "shared_buffers=16MB"});
+    const std::string port = std::to_string(port_);
+    while (waitpid(server_, nullptr, WNOHANG) == 0) {
+      if (Wait(Start({"pg_isready", "-q", "-h", folder_.Path().string(), "-p", port})) == 0) {
+        return true;
+      }
+      std::this_thread::sleep_for(std::chrono::milliseconds{50});
+    }
+    server_ = 0;
+    return false;
+  }
   std::string Data() const { return (folder_.Path() / "data").string(); }
 
   static void GiveAway(const std::filesystem::path& path) {
@@ -122,9 +129,8 @@ class PostgresCluster {
   }
 
   TemporaryFolder folder_;
-  int port_ = FreePort();
+  int port_ = RandomPort();
   pid_t server_ = 0;
-  int attempts_ = 200;
 };
 
 }  // namespace orvane

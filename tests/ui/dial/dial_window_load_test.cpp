@@ -1,7 +1,11 @@
 #include <QScreen>
+#include <QTimer>
 #include <algorithm>
+#include <chrono>
+#include <semaphore>
 
 #include "dial_window_fixture.h"
+#include "platform/common/qt_long_work.h"
 #include "remote/copy_data_text.h"
 
 namespace orvane {
@@ -71,6 +75,20 @@ TEST_F(DialWindowLoad, GetsThroughWithoutRegistryAndDatabase) {
 
 TEST_F(DialWindowLoad, ClosesInEveryWayForGood) {
   const auto kill = [this] { Send("TX:17~Dial~0|KillMySelf|"); };
+  // The database answers only when the host has spoken.
+  const auto killWhileOpening = [&] {
+    databases.whileOpening = [&] {
+      databases.whileOpening = nullptr;
+      std::binary_semaphore spoken{0};
+      QTimer::singleShot(40, [&] {
+        kill();
+        spoken.release();
+      });
+      bool met = false;
+      QtLongWork().Run([&] { met = spoken.try_acquire_for(std::chrono::seconds{60}); });
+      EXPECT_TRUE(met && window->IsLoaded());
+    };
+  };
   const std::pair<const char*, std::function<void()>> kWays[] = {
       {"button", [this] { Click("hovClose"); }},
       {"window manager", [this] { window->close(); }},
@@ -86,12 +104,14 @@ TEST_F(DialWindowLoad, ClosesInEveryWayForGood) {
        }},
       {"host while the area codes are read",
        [&] {
-         databases.whileOpening = [&] {
-           databases.whileOpening = nullptr;
-           kill();
-           EXPECT_TRUE(window->IsLoaded());
-         };
+         killWhileOpening();
          QTest::keyClicks(Find<QLineEdit>("txtNr"), "02");
+       }},
+      {"host while a contact is looked up",
+       [&] {
+         window->SetNumberText("0301234");
+         killWhileOpening();
+         Click("cmdDial_0");
        }},
       {"host between two commands", [&] {
          loop.Post(kill);
