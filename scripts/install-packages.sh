@@ -10,9 +10,10 @@ set -euo pipefail
 packages_build=(cmake ninja-build g++ ccache pkg-config qt6-base-dev qt6-serialport-dev
   libsqlite3-dev mdbtools-dev unixodbc-dev libgtest-dev libxcb1-dev libphonenumber-dev libprotobuf-dev libicu-dev)
 # A display without a screen, a window manager, real clicks, screenshots, and the accessibility tree
-# by which the scripted call finds the dial window's controls. A telephone and a far end for real
+# by which the scripted call finds the dial window's controls. A compositor for the pictures, where
+# the windows' corners are smooth. A telephone and a far end for real
 # calls. The driver for the database server, and a server for the tests.
-packages_run=(xvfb openbox xdotool imagemagick x11-utils fonts-noto-core qt6-translations-l10n
+packages_run=(xvfb openbox xcompmgr xdotool imagemagick x11-utils fonts-noto-core qt6-translations-l10n
   dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3 python3-gi baresip sip-tester
   tdsodbc odbc-postgresql postgresql)
 packages_lint=(clang-format clang-tidy)

@@ -11,7 +11,6 @@ pictures of the README and the guide. Whatever was started is ended at the end.
 import os
 import pathlib
 import re
-import shutil
 import subprocess
 import sys
 import time
@@ -111,9 +110,8 @@ class Album:
     def start(self):
         set_up_desktop(self.root.parent / "desktop", self.scheme)
         self.started.append(start_window_manager())
-        if shutil.which("xcompmgr"):
-            self.run_beside("xcompmgr")
-            time.sleep(0.5)
+        self.run_beside("xcompmgr")
+        time.sleep(0.5)
         self.run_beside(str(self.programs / "orvane-demo-host"), "--root", str(self.root),
                         "--history", "40")
         self.control("TAPI initialisiert", "label")

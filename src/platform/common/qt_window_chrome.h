@@ -21,8 +21,9 @@ class QtWindowChrome : public QObject, public WindowChrome {
 
   bool SetTopmost(int flag, bool noActivate) override;
 
-  // X11 has no shadow that a window could ask for: a desktop with a compositor draws one around
-  // every top-level window by itself, so nothing is left to do here.
+  // Does nothing: on X11 shadows are the compositor's, and not every one draws them around a window
+  // without a frame. One of our own would need a transparent margin around the window, and its
+  // stored place and size would no longer be those of what the user sees.
   void AddDropShadow() override {}
 
   // Smooth where the desktop blends windows, by region elsewhere.
