@@ -1,10 +1,20 @@
 #include "ui/logic/view_toggle.h"
 
+#include <algorithm>
+
 namespace orvane {
 namespace {
 
-// No half-drawn state shows up there while the window is rearranged.
+// Farther above the desktop than the window is high.
 constexpr int kOutOfSightTwips = -9900;
+
+// No half-drawn state shows up there while the window is rearranged. Counted from the highest
+// screen, because another one may stand above the window's own.
+int TopOutOfSight(const PlacedWindow& window) {
+  int top = 0;
+  for (const TwipScreen& screen : window.Screens()) top = std::min(top, screen.origin.top);
+  return top + kOutOfSightTwips;
+}
 
 }  // namespace
 
@@ -12,7 +22,7 @@ void SwitchView(PlacedWindow& window, TwoViews& views, DialView view, TwipPoint&
   const bool full = view == DialView::kFull;
   const TwipPoint before = window.Position();
   TwipScreen screen = ScreenOf(window);
-  const int outOfSight = screen.origin.top + kOutOfSightTwips;
+  const int outOfSight = TopOutOfSight(window);
   window.MoveTo({before.left, outOfSight});
   views.ShowListControls(full);
   if (full) {

@@ -11,6 +11,7 @@ namespace {
 constexpr TwipScreen kScreen{{0, 0}, {19200, 12000}};
 // Stands to the right of the main screen and a little lower.
 constexpr TwipScreen kSecondScreen{{19200, 3000}, {15000, 9000}};
+constexpr TwipScreen kScreenAbove{{0, -16200}, {28800, 16200}};
 constexpr TwipSize kWindow{4770, 8115};
 constexpr TwipSize kCompact{4770, 990};
 
@@ -32,7 +33,7 @@ class FakeWindow : public PlacedWindow, public TwoViews {
   void SetTopmost(bool topmost) override { Step("topmost", topmost); }
 
   void Step(const char* what, bool on) {
-    const bool hidden = position.top < -500;
+    const bool hidden = ScreenShowing(position, kWindow, screens) == nullptr;
     steps += std::string(hidden ? "(" : "") + what + (on ? "+" : "-") + (hidden ? ") " : " ");
   }
 
@@ -78,6 +79,8 @@ TEST(ViewToggle, DocksTheCompactViewAndBringsTheFullOneBack) {
       {{kScreen}, {300, 400}, {7215, -15}, {300, 400}},
       {{kScreen}, {-4000, 11000}, {7215, -15}, {0, 3905}},
       {{kScreen, kSecondScreen}, {20000, 3500}, {24315, 2985}, {20000, 3500}},
+      {{kScreen, kScreenAbove}, {300, 400}, {7215, -15}, {300, 400}},
+      {{kScreen, kScreenAbove}, {300, -9000}, {12015, -16215}, {300, -9000}},
   };
   for (const Case& c : kCases) {
     SCOPED_TRACE(c.full.left);
