@@ -3,6 +3,7 @@
 // Times are nanoseconds.
 //
 //   orvane-bench-lookup <contact file> <number>...
+//   orvane-bench-lookup server:<name> <number>...
 
 #include <QCoreApplication>
 #include <chrono>
@@ -40,18 +41,28 @@ std::int64_t TimeOf(orvane::DatabaseConnection& contacts, const std::string& sta
   return found ? time.count() : 0;
 }
 
+void Select(orvane::DatabaseConnection& contacts, std::string_view source) {
+  constexpr std::string_view kServer = "server:";
+  const bool isServer = source.starts_with(kServer);
+  if (isServer) source.remove_prefix(kServer.size());
+  contacts.SetProvider(isServer ? "SQLOLEDB.1" : "Microsoft.Jet.OLEDB.4.0");
+  contacts.SetProperty("Data Source", source);
+  contacts.SetProperty("Jet OLEDB:Database Password", "4rdxtz8w");
+  contacts.SetProperty("Initial Catalog", "Talmix");
+  contacts.SetProperty("User ID", "orvane");
+  contacts.SetProperty("Password", "geheim;}");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   if (argc < 3) return 2;
   orvane::ImmediateWork work;
-  orvane::DriverThreads threads;
+  const orvane::DriverThreads threads;
   orvane::HostDatabases databases(orvane::native::Databases(work, threads));
   const auto contacts = databases.NewConnection();
-  contacts->SetProvider("Microsoft.Jet.OLEDB.4.0");
-  contacts->SetProperty("Data Source", argv[1]);
-  contacts->SetProperty("Jet OLEDB:Database Password", "4rdxtz8w");
+  Select(*contacts, argv[1]);
   for (int round = 0; round < kRounds; ++round) {
     std::cout << TimeOf(*contacts, Statement(argv[2 + round % (argc - 2)])) << '\n';
   }

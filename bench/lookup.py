@@ -12,6 +12,9 @@ import tempfile
 import time
 
 SOURCE = pathlib.Path(__file__).parent.parent
+sys.path.insert(0, str(SOURCE / "tests" / "databases"))
+import database_server  # noqa: E402
+
 JET_DATA = SOURCE / "tests" / "data" / "jet"
 TOOL_ROUNDS = 5
 
@@ -35,10 +38,23 @@ def jet_tool(file, _number):
         quietly("mdb-export", file, table)
 
 
-def measure(program, name, file, numbers, tool):
+def server_tool(environment, number):
+    folder = environment["ORVANE_TEST_SERVER"]
+    quietly("psql", "-h", folder, "-U", "orvane", "-d", "Talmix", "-c",
+            'SELECT * FROM "AdrDetail" JOIN "Adressen" USING("AdrID") '
+            f"""WHERE "RawTel1"='{number}'""", env=environment)
+
+
+def measure_server(program, name, script, numbers):
+    with database_server.running(script) as environment:
+        return measure(program, name, "server:" + environment["ORVANE_TEST_SERVER"], numbers,
+                       lambda _, number: server_tool(environment, number), env=environment)
+
+
+def measure(program, name, file, numbers, tool, **options):
     """One line of the report."""
     output = subprocess.run([program, file, *numbers], check=True, stdout=subprocess.PIPE,
-                            text=True).stdout
+                            text=True, **options).stdout
     cold, *warm = (int(line) / 1e6 for line in output.split())
     if 0 in (cold, *warm):
         sys.exit(f"{name}: a number was not found")
@@ -65,7 +81,11 @@ def main():
             measure(program, "Jet, 70,000 rows", folder / "CONTACT-large.FDB",
                     ["493000000010", "493000499990", "492000000010", "492000199990"], jet_tool),
             measure(program, "SQLite, 1,000,000 persons", million,
-                    ["493000000010", "493009999990", "492000000010", "491705000000"], sqlite_tool)]
+                    ["493000000010", "493009999990", "492000000010", "491705000000"], sqlite_tool),
+            measure_server(program, "ODBC, 15 companies", SOURCE / "tests" / "data" / "contacts.sql",
+                           ["4930123456", "49211445566"]),
+            measure_server(program, "ODBC, 1,000,000 persons", SOURCE / "bench" / "million.sql",
+                           ["493000000010", "493009999990", "492000000010", "491705000000"])]
     report.parent.mkdir(parents=True, exist_ok=True)
     report.write_text("\n".join(lines) + "\n")
     print(report.read_text(), end="")

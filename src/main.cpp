@@ -58,7 +58,7 @@ void SpeakGerman(QApplication& application, QTranslator& translator) {
   }
 }
 
-int Run(const std::string& commandLine, orvane::DriverThreads& driverThreads) {
+int Run(const std::string& commandLine, const orvane::DriverThreads& driverThreads) {
   using namespace orvane;
   QtPrompts screen;
   HostHelper messages(screen);
@@ -117,7 +117,7 @@ int main(int argc, char** argv) {
   QTranslator translator;
   SpeakGerman(application, translator);
   const orvane::ApplicationStyle style(application);
-  orvane::DriverThreads driverThreads;
+  const orvane::DriverThreads driverThreads;
   const int result = Run(orvane::JoinCommandLine(words), driverThreads);
   // A server that is silent to the end: its driver must not be cleaned up under its feet.
   if (!driverThreads.AllEnded(kDriverFarewell)) std::_Exit(result);

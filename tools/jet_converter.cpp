@@ -69,7 +69,7 @@ std::string Rows(orvane::DatabaseConnection& journal, const std::string& table) 
 
 std::string AllCalls(const fs::path& file, const std::string& password) {
   orvane::ImmediateWork work;
-  orvane::DriverThreads threads;
+  const orvane::DriverThreads threads;
   orvane::HostDatabases databases(orvane::native::Databases(work, threads));
   const auto journal = databases.NewConnection();
   journal->SetMode(orvane::DbMode::kRead);

@@ -19,8 +19,8 @@ class CountingWork : public LongWork {
 };
 
 // The databases of a host that keeps them on a server.
-inline HostDatabases ServerDatabases(OdbcAccess access, LongWork& work, DriverThreads& threads,
-                                     OdbcLimits limits = {}) {
+inline HostDatabases ServerDatabases(OdbcAccess access, LongWork& work,
+                                     const DriverThreads& threads, OdbcLimits limits = {}) {
   const auto server = std::make_shared<OdbcDatabases>(std::move(access), work, threads, limits);
   return HostDatabases(
       {{}, [server](const ConnectionProperties& properties) { return server->Open(properties); }});

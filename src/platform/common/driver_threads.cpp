@@ -24,7 +24,7 @@ struct DriverThreads::Count {
 
 DriverThreads::DriverThreads() : count_(std::make_shared<Count>()) {}
 
-void DriverThreads::Start(std::function<void()> work) {
+void DriverThreads::Start(std::function<void()> work) const {
   count_->Add(1);
   try {
     std::thread([count = count_, work = std::move(work)]() mutable {

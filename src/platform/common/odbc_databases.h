@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/common/driver_threads.h"
 #include "platform/common/long_work.h"
@@ -27,8 +28,8 @@ struct OdbcLimits {
 // ago, opening fails at once.
 class OdbcDatabases : public std::enable_shared_from_this<OdbcDatabases> {
  public:
-  OdbcDatabases(OdbcAccess access, LongWork& work, DriverThreads& threads, OdbcLimits limits = {})
-      : access_(std::move(access)), work_(work), threads_(threads), limits_(limits) {}
+  OdbcDatabases(OdbcAccess access, LongWork& work, DriverThreads threads, OdbcLimits limits = {})
+      : access_(std::move(access)), work_(work), threads_(std::move(threads)), limits_(limits) {}
 
   // Throws DatabaseError.
   std::unique_ptr<OpenDatabase> Open(const ConnectionProperties& properties);
@@ -59,7 +60,7 @@ class OdbcDatabases : public std::enable_shared_from_this<OdbcDatabases> {
 
   OdbcAccess access_;
   LongWork& work_;
-  DriverThreads& threads_;
+  DriverThreads threads_;
   OdbcLimits limits_;
   // Those that do not answer, by the connection string.
   std::map<std::string, std::shared_ptr<Connecting>> background_;

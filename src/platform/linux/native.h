@@ -42,7 +42,7 @@ std::unique_ptr<WindowChrome> MakeChrome(QWidget& window);
 std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
                                                                 CallHandles& handles);
 
-// What opens databases that SQLite does not keep; both outlive it.
-DatabaseEngines Databases(LongWork& work, DriverThreads& threads);
+// What opens databases that SQLite does not keep; `work` outlives it.
+DatabaseEngines Databases(LongWork& work, const DriverThreads& threads);
 
 }  // namespace orvane::native

@@ -25,7 +25,7 @@ std::vector<std::unique_ptr<LineServiceProvider>> LineProviders(EventLoop& loop,
   return providers;
 }
 
-DatabaseEngines Databases(LongWork& work, DriverThreads& threads) {
+DatabaseEngines Databases(LongWork& work, const DriverThreads& threads) {
   const auto files = std::make_shared<OdbcDatabases>(JetFileAccess(), work, threads);
   const auto server = std::make_shared<OdbcDatabases>(SqlServerAccess(), work, threads);
   return {[files](const ConnectionProperties& properties) { return files->Open(properties); },

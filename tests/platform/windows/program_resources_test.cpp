@@ -40,7 +40,7 @@ TEST_F(ProgramResources, AskForWhatTheWindowsNeed) {
   }
   const auto version = Resource(RT_VERSION, MAKEINTRESOURCEW(1));
   EXPECT_TRUE(Contains(version, L"FileVersion"));
-  EXPECT_TRUE(Contains(version, ToWide(std::string(Version()))));
+  EXPECT_TRUE(Contains(version, ToWide(ProgramVersion())));
   EXPECT_FALSE(Resource(RT_GROUP_ICON, MAKEINTRESOURCEW(1)).empty());
 }
 

@@ -1,11 +1,13 @@
 #!/usr/bin/python3
-"""Runs a program while a database server with the contacts runs beside Wine.
+"""Runs a program while a database server with the given content runs beside it.
 
-  tests/databases/windows/database_server.py <script.sql> <command...>
+  tests/databases/database_server.py <script.sql> <command...>
 
-Wine's odbc32 hands everything to this system's ODBC. There PostgreSQL's driver bears the name of
-one that the program looks for, and its server listens in the folder that ORVANE_TEST_SERVER names.
+The program's ODBC has one driver, PostgreSQL's, under the name of one that the dialer looks for.
+Under Wine too, whose odbc32 hands everything to this system's. ORVANE_TEST_SERVER is the folder in
+which the server listens.
 """
+import contextlib
 import os
 import pathlib
 import shutil
@@ -61,18 +63,23 @@ def serve(folder, script):
     return server
 
 
-def main():
-    script = pathlib.Path(sys.argv[1]).read_text(encoding="utf-8")
+@contextlib.contextmanager
+def running(script):
+    """The environment for programs that use the server."""
     # The path of a socket must be short.
     with tempfile.TemporaryDirectory(prefix="orvane", dir="/tmp") as name:
-        folder = pathlib.Path(name)
-        server = serve(folder, script)
+        server = serve(pathlib.Path(name), pathlib.Path(script).read_text(encoding="utf-8"))
         try:
-            return subprocess.run(sys.argv[2:], env={
-                **os.environ, "ODBCSYSINI": name, "ORVANE_TEST_SERVER": name}).returncode
+            yield {**os.environ, "ODBCSYSINI": name, "ORVANE_TEST_SERVER": name,
+                   "PGPASSWORD": PASSWORD}
         finally:
             server.terminate()
             server.wait()
+
+
+def main():
+    with running(sys.argv[1]) as environment:
+        return subprocess.run(sys.argv[2:], env=environment).returncode
 
 
 if __name__ == "__main__":
