@@ -15,9 +15,9 @@ struct DriverThreads::Count {
   std::condition_variable changed;
   int running = 0;
 
-  void Add(int number) {
+  void EndOne() {
     const std::lock_guard lock(mutex);
-    running += number;
+    --running;
     changed.notify_all();
   }
 };
@@ -25,17 +25,19 @@ struct DriverThreads::Count {
 DriverThreads::DriverThreads() : count_(std::make_shared<Count>()) {}
 
 void DriverThreads::Start(std::function<void()> work) const {
-  count_->Add(1);
+  // MinGW's threads do not bear being detached while they end, so none goes on before it is.
+  const std::lock_guard detaching(count_->mutex);
   try {
     std::thread([count = count_, work = std::move(work)]() mutable {
+      { const std::lock_guard detached(count->mutex); }
       work();
       work = nullptr;
-      count->Add(-1);
+      count->EndOne();
     }).detach();
   } catch (const std::exception&) {
-    count_->Add(-1);
     throw ErrorOf(DatabaseFailure::kOutOfMemory);
   }
+  ++count_->running;
 }
 
 bool DriverThreads::AllEnded(std::chrono::milliseconds within) const {

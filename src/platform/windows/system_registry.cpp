@@ -56,7 +56,8 @@ std::string TextOf(const Value& value) {
   if (value.type == REG_QWORD) return NumberText<std::int64_t>(value);
   std::wstring text(value.bytes.size() / sizeof(wchar_t), L'\0');
   std::memcpy(text.data(), value.bytes.data(), text.size() * sizeof(wchar_t));
-  if (text.ends_with(L'\0')) text.pop_back();
+  // Some programs write their whole buffer.
+  while (text.ends_with(L'\0')) text.pop_back();
   return ToUtf8(text);
 }
 
