@@ -81,6 +81,8 @@ TEST(JetQuery, FindsTheSameRowsThroughIndexes) {
       std::string(kSelect) + "D.t IN('1','2') OR D.u='3' OR A.n IN('2','5') OR A.n='6'";
   TranslatedStatement statement = TranslateJetSql(query);
   ASSERT_FALSE(statement.indexedSql.empty());
+  const std::string forServer = TranslateJetSqlForServer(query);
+  ASSERT_NE(forServer.find("UNION ALL"), std::string::npos);
   const std::string select = "SELECT quote(k)||quote(n)||quote(id)||quote(t) FROM (";
   for (int round = 0; round < 40; ++round) {
     RawSqlite database(":memory:");
@@ -90,6 +92,7 @@ TEST(JetQuery, FindsTheSameRowsThroughIndexes) {
       return database.Run(whole.append(sql).append(") ORDER BY 1"));
     };
     EXPECT_EQ(rows(statement.indexedSql), rows(statement.sql)) << round;
+    EXPECT_EQ(rows(forServer), rows(statement.sql)) << round;
   }
 }
 

@@ -224,4 +224,21 @@ std::optional<Tokens> IndexedJoin(const Tokens& query) {
   return out.Take();
 }
 
+std::optional<Tokens> SplitJoin(const Tokens& query) {
+  const std::optional<Join> join = ParseJoin(query);
+  if (!join) return std::nullopt;
+  Builder out;
+  const auto addSelect = [&](std::string_view kind) {
+    out.Add("SELECT").Add(join->columns).Add("FROM").Add(join->left).Add(kind).Add(join->right);
+    out.Add("ON").Add(join->on).Add("WHERE (");
+  };
+  addSelect("LEFT JOIN");
+  out.Add(join->leftTerms).Add(") UNION ALL");
+  addSelect("INNER JOIN");
+  // A comparison with a null is neither true nor false.
+  out.Add(join->rightTerms).Add(") AND CASE WHEN").Add(join->leftTerms);
+  out.Add("THEN 1 ELSE 0 END = 0");
+  return out.Take();
+}
+
 }  // namespace orvane

@@ -25,4 +25,8 @@ std::string ImpliedOrder(const std::vector<JetToken>& query, bool hasTop,
 // row numbers that were found lead to the rows: the same rows, none twice and none left out.
 std::optional<std::vector<JetToken>> IndexedJoin(const std::vector<JetToken>& query);
 
+// The same for a server, which has no row numbers: first the rows that the left table's half of the
+// condition finds, then those that only the right one's does.
+std::optional<std::vector<JetToken>> SplitJoin(const std::vector<JetToken>& query);
+
 }  // namespace orvane

@@ -305,7 +305,8 @@ TranslatedStatement TranslateJetSql(std::string_view sql) {
 
 std::string TranslateJetSqlForServer(std::string_view sql) {
   const CheckedStatement statement = Check(sql);
-  const Tokens& tokens = statement.tokens;
+  const auto split = statement.top > 0 ? std::nullopt : SplitJoin(statement.tokens);
+  const Tokens& tokens = split ? *split : statement.tokens;
   std::string result;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const bool isFunction = IsOneOf(tokens[i], kFunctions) && At(tokens, i + 1).Is("(");
