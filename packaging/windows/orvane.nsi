@@ -2,7 +2,8 @@
 ;
 ;   makensis -DVERSION=… -DTARGET=… -DPROGRAM=<folder> -DFILE_LIST=<file> -DOUTPUT=<file> orvane.nsi
 ;
-; FILE_LIST names all that the program folder holds, folders behind their content, one path a line.
+; FILE_LIST names all that the program folder holds, folders behind their content, one path a line
+; below a first line that marks it.
 ; It is installed too: the uninstaller and a newer installer remove exactly what it names.
 
 Unicode true
@@ -15,7 +16,8 @@ RequestExecutionLevel user
 
 !define HOST_KEY "SOFTWARE\Nordel\Talmix18"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Orvane"
-!define LIST_NAME "Dateien.txt"
+!define LIST_NAME "Orvane-Dateien.txt"
+!define LIST_MARK "Orvane: Diese Dateien entfernt die Deinstallation."
 ; What the host gets lies in this folder of the program.
 !define TEMPLATES "Vorlagen"
 
@@ -35,6 +37,7 @@ VIAddVersionKey /LANG=1031 "LegalCopyright" "Orvane"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
 !insertmacro MUI_PAGE_WELCOME
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE RefuseAForeignFolder
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -42,21 +45,23 @@ VIAddVersionKey /LANG=1031 "LegalCopyright" "Orvane"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "German"
 
+; What follows works on the program folder in $R1.
+
 ; A program that runs holds its file.
 !macro WaitForTheProgramsEnd un
 Function ${un}WaitForTheProgramsEnd
   ${Do}
-    ${IfNot} ${FileExists} "$INSTDIR\orvane.exe"
+    ${IfNot} ${FileExists} "$R1\orvane.exe"
       Return
     ${EndIf}
     ClearErrors
-    FileOpen $0 "$INSTDIR\orvane.exe" a
+    FileOpen $0 "$R1\orvane.exe" a
     ${IfNot} ${Errors}
       FileClose $0
       Return
     ${EndIf}
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
-      "Orvane läuft noch. Bitte beenden Sie es und versuchen Sie es dann noch einmal." \
+      "$R1\orvane.exe kann nicht ersetzt werden. Falls Orvane noch läuft, beenden Sie es bitte und versuchen Sie es dann noch einmal." \
       /SD IDCANCEL IDRETRY +3
     SetErrorLevel 2
     Abort
@@ -66,12 +71,18 @@ FunctionEnd
 !insertmacro WaitForTheProgramsEnd ""
 !insertmacro WaitForTheProgramsEnd "un."
 
-; Removes what an installed list names.
+; Removes what an installed list names. A file of somebody else that has the list's name does not
+; begin like it.
 !macro RemoveListedFiles un
 Function ${un}RemoveListedFiles
   ClearErrors
-  FileOpen $0 "$INSTDIR\${LIST_NAME}" r
+  FileOpen $0 "$R1\${LIST_NAME}" r
   ${If} ${Errors}
+    Return
+  ${EndIf}
+  FileReadUTF16LE $0 $1
+  ${If} $1 != "${LIST_MARK}$\r$\n"
+    FileClose $0
     Return
   ${EndIf}
   ${Do}
@@ -82,32 +93,92 @@ Function ${un}RemoveListedFiles
     ${EndIf}
     ; Without the end of the line.
     StrCpy $1 $1 -2
-    ${If} ${FileExists} "$INSTDIR\$1\*.*"
-      RMDir "$INSTDIR\$1"
+    ${If} ${FileExists} "$R1\$1\*.*"
+      RMDir "$R1\$1"
     ${Else}
-      Delete "$INSTDIR\$1"
+      Delete "$R1\$1"
     ${EndIf}
   ${Loop}
   FileClose $0
-  Delete "$INSTDIR\${LIST_NAME}"
+  Delete "$R1\${LIST_NAME}"
+  Delete "$R1\Deinstallieren.exe"
 FunctionEnd
 !macroend
 !insertmacro RemoveListedFiles ""
 !insertmacro RemoveListedFiles "un."
 
-; The area-code table, where the host has none or has ours, and an empty journal for each user who
-; has none. $R0 is the host's folder with "\" at the end.
-Function EquipHost
+; Removes the area-code table that was put into the host's folder, unless it was replaced since.
+!macro RemoveAreaCodes un
+Function ${un}RemoveAreaCodes
   ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "AreaCodes"
-  ${If} ${FileExists} "$R0res\*.*"
-    ${If} $1 == "$R0res\VPB.rgt"
-    ${OrIfNot} ${FileExists} "$R0res\VPB.rgt"
-      ClearErrors
-      CopyFiles /SILENT "$INSTDIR\${TEMPLATES}\VPB.rgt" "$R0res\VPB.rgt"
-      ${IfNot} ${Errors}
-        WriteRegStr HKCU "${UNINSTALL_KEY}" "AreaCodes" "$R0res\VPB.rgt"
-      ${EndIf}
+  ReadRegStr $2 HKCU "${UNINSTALL_KEY}" "AreaCodesTime"
+  ${If} $1 == ""
+    Return
+  ${EndIf}
+  ClearErrors
+  GetFileTime "$1" $3 $4
+  ${IfNot} ${Errors}
+  ${AndIf} $2 == "$3:$4"
+    Delete "$1"
+  ${EndIf}
+  DeleteRegValue HKCU "${UNINSTALL_KEY}" "AreaCodes"
+  DeleteRegValue HKCU "${UNINSTALL_KEY}" "AreaCodesTime"
+FunctionEnd
+!macroend
+!insertmacro RemoveAreaCodes ""
+!insertmacro RemoveAreaCodes "un."
+
+; In a folder where something else lies, its files could be overwritten now and removed later.
+Function RefuseAForeignFolder
+  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    Return
+  ${EndIf}
+  FindFirst $1 $2 "$INSTDIR\*.*"
+  ${DoWhile} $2 != ""
+    ${If} $2 != "."
+    ${AndIf} $2 != ".."
+      FindClose $1
+      MessageBox MB_OK|MB_ICONEXCLAMATION \
+        "Der Ordner $INSTDIR ist nicht leer. Bitte wählen Sie einen eigenen Ordner für Orvane." \
+        /SD IDOK
+      SetErrorLevel 2
+      Abort
     ${EndIf}
+    FindNext $1 $2
+  ${Loop}
+  FindClose $1
+FunctionEnd
+
+; An installation in another folder goes as well.
+Function RemoveTheFormerInstallation
+  ReadRegStr $R1 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $R1 == ""
+    Return
+  ${EndIf}
+  Call WaitForTheProgramsEnd
+  Call RemoveListedFiles
+  ${If} $R1 != $INSTDIR
+    RMDir "$R1"
+  ${EndIf}
+FunctionEnd
+
+; The area-code table, where the host has none, and an empty journal for each user who has none.
+; $R0 is the host's folder with "\" at the end.
+Function EquipHost
+  ClearErrors
+  ${If} ${FileExists} "$R0res\*.*"
+  ${AndIfNot} ${FileExists} "$R0res\VPB.rgt"
+    CopyFiles /SILENT "$INSTDIR\${TEMPLATES}\VPB.rgt" "$R0res\VPB.rgt"
+    ${IfNot} ${Errors}
+      GetFileTime "$R0res\VPB.rgt" $3 $4
+      WriteRegStr HKCU "${UNINSTALL_KEY}" "AreaCodes" "$R0res\VPB.rgt"
+      WriteRegStr HKCU "${UNINSTALL_KEY}" "AreaCodesTime" "$3:$4"
+    ${EndIf}
+  ${EndIf}
+  StrCpy $4 ""
+  ${If} ${Errors}
+    StrCpy $4 "$R0res"
   ${EndIf}
 
   FindFirst $2 $3 "$R0Daten\User\*.*"
@@ -116,21 +187,39 @@ Function EquipHost
     ${AndIf} $3 != ".."
     ${AndIf} ${FileExists} "$R0Daten\User\$3\*.*"
     ${AndIfNot} ${FileExists} "$R0Daten\User\$3\res\TelList.fdb"
+      ClearErrors
       CreateDirectory "$R0Daten\User\$3\res"
       CopyFiles /SILENT "$INSTDIR\${TEMPLATES}\TelList.fdb" "$R0Daten\User\$3\res\TelList.fdb"
+      ${If} ${Errors}
+        StrCpy $4 "$R0Daten\User\$3\res"
+      ${EndIf}
     ${EndIf}
     FindNext $2 $3
   ${Loop}
   FindClose $2
+  ${If} $4 != ""
+    MessageBox MB_OK|MB_ICONINFORMATION \
+      "In $4 kann nicht geschrieben werden. Vorwahlen und ein leeres Journal liegen in $INSTDIR\${TEMPLATES}; das Handbuch sagt, wohin sie gehören." \
+      /SD IDOK
+  ${EndIf}
 FunctionEnd
 
 Section "Orvane"
-  Call WaitForTheProgramsEnd
-  Call RemoveListedFiles
+  Call RefuseAForeignFolder
+  Call RemoveTheFormerInstallation
+  Call RemoveAreaCodes
+  ClearErrors
   SetOutPath "$INSTDIR"
   File /r "${PROGRAM}/*.*"
   File "/oname=${LIST_NAME}" "${FILE_LIST}"
   WriteUninstaller "$INSTDIR\Deinstallieren.exe"
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONSTOP \
+      "Orvane konnte nicht vollständig nach $INSTDIR kopiert werden. Bitte installieren Sie es noch einmal." \
+      /SD IDOK
+    SetErrorLevel 2
+    Abort
+  ${EndIf}
 
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Orvane"
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
@@ -146,7 +235,9 @@ Section "Orvane"
 
   ReadRegStr $R0 HKCU "${HOST_KEY}" "TXPfad"
   ${If} $R0 == ""
-    DetailPrint "Talmix ist für diesen Benutzer nicht eingerichtet. Vorwahlen und ein leeres Journal liegen in $INSTDIR\${TEMPLATES}."
+    MessageBox MB_OK|MB_ICONINFORMATION \
+      "Talmix ist für diesen Benutzer nicht eingerichtet. Vorwahlen und ein leeres Journal liegen in $INSTDIR\${TEMPLATES}; das Handbuch sagt, wohin sie gehören." \
+      /SD IDOK
   ${Else}
     Call EquipHost
   ${EndIf}
@@ -154,15 +245,12 @@ SectionEnd
 
 ; Journals and speed dials are the user's and stay.
 Section "Uninstall"
+  StrCpy $R1 $INSTDIR
   Call un.WaitForTheProgramsEnd
   Call un.RemoveListedFiles
-  Delete "$INSTDIR\Deinstallieren.exe"
   RMDir "$INSTDIR"
   ; Stays when other programs are in it.
   RMDir "$LOCALAPPDATA\Programs"
-  ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "AreaCodes"
-  ${If} $1 != ""
-    Delete "$1"
-  ${EndIf}
+  Call un.RemoveAreaCodes
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
 SectionEnd

@@ -23,15 +23,21 @@ rm -rf "$build/packages"
 mkdir -p "$folder/Vorlagen" "$folder/Lizenzen" "$folder/Handbuch" "$out"
 cp -r "$build/program/." "$folder"
 cp "$build/data/VPB.rgt" "$build/data/TelList.fdb" "$folder/Vorlagen"
-cp docs/licences.md docs/licences/* "$folder/Lizenzen"
-cp docs/handbuch.md docs/changelog.md "$folder/Handbuch"
+cp -r docs/licences.md docs/licences "$folder/Lizenzen"
+# Debian's own pages on the packages whose sources the shipped libraries are built from.
+for part in libqt6core6 qt6-translations-l10n mingw-w64-common gcc-mingw-w64-base; do
+  cp "/usr/share/doc/$part/copyright" "$folder/Lizenzen/$part.txt"
+done
+cp -r docs/handbuch.md docs/datenbanken.md docs/sip-lines.md docs/measurements.md \
+  docs/changelog.md docs/images "$folder/Handbuch"
 
 # Notepad and the installer's own functions read this form everywhere.
 list="$build/packages/files.txt"
-(cd "$folder" && find . -mindepth 1 -depth -printf '%P\r\n' | tr / '\\') |
+{ printf '%s\r\n' "Orvane: Diese Dateien entfernt die Deinstallation."
+  (cd "$folder" && find . -mindepth 1 -depth -printf '%P\r\n' | tr / '\\'); } |
   iconv -f UTF-8 -t UTF-16LE >"$list"
 
-rm -f "$out/$name.zip" "$out/$name-Setup.exe"
+rm -f "$out"/Orvane-*-Windows-"$arch".zip "$out"/Orvane-*-Windows-"$arch"-Setup.exe
 (cd "$folder/.." && cmake -E tar cf "$out/$name.zip" --format=zip "$name")
 makensis -V2 -INPUTCHARSET UTF8 "-DVERSION=$version" "-DTARGET=$target" "-DPROGRAM=$folder" \
   "-DFILE_LIST=$list" "-DICON=$build/data/orvane.ico" "-DOUTPUT=$out/$name-Setup.exe" \

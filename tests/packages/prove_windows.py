@@ -37,10 +37,15 @@ class InstalledSystem(WineSystem):
     def dialer(self):
         return "\\".join(("C:", *self.used_folder.relative_to(self.drive).parts, "orvane.exe"))
 
-    def run(self, *words):
-        done = subprocess.run(self.command("", *words), env=self.environment, capture_output=True,
+    def finished(self, *words):
+        return subprocess.run(self.command("", *words), env=self.environment, capture_output=True,
                               timeout=INSTALLER_LIMIT_S, check=False)
-        return done.returncode
+
+    def run(self, *words):
+        return self.finished(*words).returncode
+
+    def output(self, *words):
+        return self.finished(*words).stdout.decode("utf-8", "replace")
 
     @contextlib.contextmanager
     def unpacked(self, archive):
@@ -55,6 +60,28 @@ class InstalledSystem(WineSystem):
     def install(self, installer):
         if self.run(installer, "/S") != 0:
             raise Failed(f"{installer.name} failed")
+        version = installer.name.split("-")[1]
+        if version not in self.output("reg", "query", UNINSTALL_KEY, "/v", "DisplayVersion"):
+            raise Failed(f"version {version} is not the registered one")
+
+    def refuses_a_used_folder(self, installer):
+        """A list of names in a folder of the user's is not one of what may go."""
+        folder = self.drive / "Meins"
+        folder.mkdir()
+        letter = folder / "Brief.txt"
+        letter.write_text("Lieber Hans")
+        for name in ("Dateien.txt", "Orvane-Dateien.txt"):
+            (folder / name).write_text("Brief.txt\r\nBrief.txt\r\n", encoding="utf-16-le")
+        if self.run(installer, "/S", "/D=C:\\Meins") == 0 or sorted(
+                path.name for path in folder.iterdir()) != ["Brief.txt", "Dateien.txt", "Orvane-Dateien.txt"]:
+            raise Failed("the installer went into a folder that is in use")
+        shutil.rmtree(folder)
+
+    def claims(self, file):
+        """The installed version takes the file for its own."""
+        with (self.program_folder / "Orvane-Dateien.txt").open("ab") as names:
+            name = str(file.relative_to(self.program_folder)).replace("/", "\\")
+            names.write(f"{name}\r\n".encode("utf-16-le"))
 
     def is_registered(self):
         return self.run("reg", "query", UNINSTALL_KEY) == 0
@@ -63,7 +90,6 @@ class InstalledSystem(WineSystem):
         # It goes on as a copy of itself.
         self.run(self.program_folder / "Deinstallieren.exe", "/S")
         wait_for("the end of the uninstaller", lambda: not self.is_registered(), INSTALLER_LIMIT_S)
-        wait_for("the program folder's end", lambda: not self.program_folder.exists())
 
     def files(self):
         """All that users and programs have, without what is temporary."""
@@ -86,20 +112,37 @@ def prove(archive, installer, newer, build, out, folder):
         other_user = root / "host" / "Daten" / "User" / OTHER_USER
         other_user.mkdir()
 
+        system.refuses_a_used_folder(installer)
         system.install(installer)
         if not area_codes.exists() or not (other_user / "res" / "TelList.fdb").exists():
             raise Failed("the host did not get its area codes and journals")
         say("the host has its area codes and journals")
         call(system, root, out, "installed")
 
-        kept = digests(*user_files(root))
+        note = system.program_folder / "Notiz.txt"
+        note.write_text("vom Benutzer")
+        stale = system.program_folder / "Handbuch" / "alt.md"
+        stale.write_text("bis zur vorigen Version")
+        system.claims(stale)
+        kept = digests(note, *user_files(root))
         system.install(newer)
+        if stale.exists():
+            raise Failed("the upgrade left a file of the former version")
         expect_same(kept, "the upgrade")
         call(system, root, out, "upgraded")
 
-        kept = digests(*user_files(root))
+        # The demo host has put its own in the place of the table, which is not to be taken away.
+        system.install(newer)
+        if not area_codes.exists():
+            raise Failed("the host's own area codes were removed")
+        area_codes.unlink()
+        system.install(newer)
+
+        kept = digests(note, *user_files(root))
         system.uninstall()
         expect_same(kept, "the removal")
+        # The user's note has kept it.
+        shutil.rmtree(system.program_folder.parent)
         expect_gone(sorted(system.files() - before) + [file for file in (area_codes,) if file.exists()],
                     "the removal")
     finally:
