@@ -166,19 +166,18 @@ FunctionEnd
 ; The area-code table, where the host has none, and an empty journal for each user who has none.
 ; $R0 is the host's folder with "\" at the end.
 Function EquipHost
-  ClearErrors
+  StrCpy $4 ""
   ${If} ${FileExists} "$R0res\*.*"
   ${AndIfNot} ${FileExists} "$R0res\VPB.rgt"
+    ClearErrors
     CopyFiles /SILENT "$INSTDIR\${TEMPLATES}\VPB.rgt" "$R0res\VPB.rgt"
-    ${IfNot} ${Errors}
-      GetFileTime "$R0res\VPB.rgt" $3 $4
+    ${If} ${Errors}
+      StrCpy $4 "$R0res"
+    ${Else}
+      GetFileTime "$R0res\VPB.rgt" $2 $3
       WriteRegStr HKCU "${UNINSTALL_KEY}" "AreaCodes" "$R0res\VPB.rgt"
-      WriteRegStr HKCU "${UNINSTALL_KEY}" "AreaCodesTime" "$3:$4"
+      WriteRegStr HKCU "${UNINSTALL_KEY}" "AreaCodesTime" "$2:$3"
     ${EndIf}
-  ${EndIf}
-  StrCpy $4 ""
-  ${If} ${Errors}
-    StrCpy $4 "$R0res"
   ${EndIf}
 
   FindFirst $2 $3 "$R0Daten\User\*.*"
@@ -204,23 +203,8 @@ Function EquipHost
   ${EndIf}
 FunctionEnd
 
-Section "Orvane"
-  Call RefuseAForeignFolder
-  Call RemoveTheFormerInstallation
-  Call RemoveAreaCodes
-  ClearErrors
-  SetOutPath "$INSTDIR"
-  File /r "${PROGRAM}/*.*"
-  File "/oname=${LIST_NAME}" "${FILE_LIST}"
-  WriteUninstaller "$INSTDIR\Deinstallieren.exe"
-  ${If} ${Errors}
-    MessageBox MB_OK|MB_ICONSTOP \
-      "Orvane konnte nicht vollständig nach $INSTDIR kopiert werden. Bitte installieren Sie es noch einmal." \
-      /SD IDOK
-    SetErrorLevel 2
-    Abort
-  ${EndIf}
-
+; Written before the files, so that a copy that was cut short can be repeated and removed.
+Function Register
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Orvane"
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\orvane.exe"
@@ -232,11 +216,35 @@ Section "Orvane"
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
   SectionGetSize 0 $0
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" $0
+FunctionEnd
+
+Section "Orvane"
+  Call RefuseAForeignFolder
+  Call RemoveTheFormerInstallation
+  Call RemoveAreaCodes
+  Call Register
+  ClearErrors
+  SetOutPath "$INSTDIR"
+  File "/oname=${LIST_NAME}" "${FILE_LIST}"
+  WriteUninstaller "$INSTDIR\Deinstallieren.exe"
+  File /r "${PROGRAM}/*.*"
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONSTOP \
+      "Orvane konnte nicht vollständig nach $INSTDIR kopiert werden. Bitte installieren Sie es noch einmal." \
+      /SD IDOK
+    SetErrorLevel 2
+    Abort
+  ${EndIf}
 
   ReadRegStr $R0 HKCU "${HOST_KEY}" "TXPfad"
+  ExpandEnvStrings $R0 $R0
   ${If} $R0 == ""
     MessageBox MB_OK|MB_ICONINFORMATION \
       "Talmix ist für diesen Benutzer nicht eingerichtet. Vorwahlen und ein leeres Journal liegen in $INSTDIR\${TEMPLATES}; das Handbuch sagt, wohin sie gehören." \
+      /SD IDOK
+  ${ElseIfNot} ${FileExists} "$R0*.*"
+    MessageBox MB_OK|MB_ICONINFORMATION \
+      "Der Ordner von Talmix ($R0) ist nicht zu erreichen. Vorwahlen und ein leeres Journal liegen in $INSTDIR\${TEMPLATES}; das Handbuch sagt, wohin sie gehören." \
       /SD IDOK
   ${Else}
     Call EquipHost

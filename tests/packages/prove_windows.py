@@ -57,8 +57,8 @@ class InstalledSystem(WineSystem):
         self.used_folder = self.program_folder
         shutil.rmtree(folder)
 
-    def install(self, installer):
-        if self.run(installer, "/S") != 0:
+    def install(self, installer, *words):
+        if self.run(installer, "/S", *words) != 0:
             raise Failed(f"{installer.name} failed")
         version = installer.name.split("-")[1]
         if version not in self.output("reg", "query", UNINSTALL_KEY, "/v", "DisplayVersion"):
@@ -77,6 +77,26 @@ class InstalledSystem(WineSystem):
             raise Failed("the installer went into a folder that is in use")
         shutil.rmtree(folder)
 
+    def survives_a_copy_that_fails(self, installer):
+        """What could not be copied is said, and the same installer can do it once it can."""
+        in_the_way = self.program_folder / "Lizenzen" / "licences.md"
+        in_the_way.unlink()
+        (in_the_way / "Ordner").mkdir(parents=True)
+        if self.run(installer, "/S") == 0:
+            raise Failed("the installer did not notice that a file was not copied")
+        shutil.rmtree(in_the_way)
+        self.install(installer)
+        if not in_the_way.is_file():
+            raise Failed("the repeated installation left a file out")
+
+    def moves(self, installer):
+        """The program goes to another folder; what is the user's stays behind."""
+        self.install(installer, "/D=C:\\Anderswo")
+        left = [path.name for path in self.program_folder.rglob("*")]
+        if left != ["Notiz.txt"]:
+            raise Failed(f"the former folder holds {left}, not just the user's note")
+        self.program_folder = self.used_folder = self.drive / "Anderswo"
+
     def claims(self, file):
         """The installed version takes the file for its own."""
         with (self.program_folder / "Orvane-Dateien.txt").open("ab") as names:
@@ -93,7 +113,7 @@ class InstalledSystem(WineSystem):
 
     def files(self):
         """All that users and programs have, without what is temporary."""
-        return {path for folder in ("users", "Program Files", "ProgramData")
+        return {path for folder in ("users", "Program Files", "ProgramData", "Anderswo")
                 for path in (self.drive / folder).rglob("*") if "Temp" not in path.parts}
 
 
@@ -138,13 +158,16 @@ def prove(archive, installer, newer, build, out, folder):
         area_codes.unlink()
         system.install(newer)
 
-        kept = digests(note, *user_files(root))
+        system.survives_a_copy_that_fails(newer)
+        system.moves(newer)
+        second = system.program_folder / "Notiz.txt"
+        second.write_text("auch vom Benutzer")
+        kept = digests(note, second, *user_files(root))
         system.uninstall()
         expect_same(kept, "the removal")
-        # The user's note has kept it.
-        shutil.rmtree(system.program_folder.parent)
-        expect_gone(sorted(system.files() - before) + [file for file in (area_codes,) if file.exists()],
-                    "the removal")
+        notes = {path for file in (note, second) for path in (file, *file.parents)}
+        expect_gone(sorted(system.files() - before - notes) +
+                    [file for file in (area_codes,) if file.exists()], "the removal")
     finally:
         if system:
             system.end()
