@@ -56,9 +56,8 @@ std::string TextOf(const Value& value) {
   if (value.type == REG_QWORD) return NumberText<std::int64_t>(value);
   std::wstring text(value.bytes.size() / sizeof(wchar_t), L'\0');
   std::memcpy(text.data(), value.bytes.data(), text.size() * sizeof(wchar_t));
-  // Some programs write their whole buffer.
-  while (text.ends_with(L'\0')) text.pop_back();
-  return ToUtf8(text);
+  // Some programs write their whole buffer, with whatever lies behind the end of the text.
+  return ToUtf8(text.substr(0, text.find(L'\0')));
 }
 
 }  // namespace

@@ -35,7 +35,8 @@ TEST_F(ProgramResources, AskForWhatTheWindowsNeed) {
   ASSERT_NE(file, nullptr);
   const auto manifest = Resource(RT_MANIFEST, MAKEINTRESOURCEW(1));
   for (const std::string_view wish :
-       {"PerMonitorV2", "Microsoft.Windows.Common-Controls", "longPathAware", "asInvoker"}) {
+       {">PerMonitorV2<", "Microsoft.Windows.Common-Controls\" version=\"6.",
+        ">true</longPathAware>", "\"asInvoker\""}) {
     EXPECT_NE(manifest.find(wish), std::string_view::npos) << wish;
   }
   const auto version = Resource(RT_VERSION, MAKEINTRESOURCEW(1));

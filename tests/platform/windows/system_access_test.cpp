@@ -26,6 +26,7 @@ TEST(SystemRegistry, ReadsWhatTheHostWroteWhateverItsType) {
   sandbox.Put(kHostKey, L"large", REG_QWORD, &large, sizeof large);
   sandbox.Put(kHostKey, L"expanded", L"%SystemDrive%\\Talmix\\", REG_EXPAND_SZ);
   sandbox.Put(kHostKey, L"unterminated", REG_SZ, L"C:\\", 6);
+  sandbox.Put(kHostKey, L"buffer", REG_SZ, L"C:\\\0\0Rest\0", 18);
   sandbox.Put(kHostKey, L"bytes", REG_BINARY, "abc", 3);
   sandbox.Put(kHostKey, L"long", std::wstring(5000, L'ä'));
   sandbox.Put(kHostKey, L"", L"default");
@@ -36,6 +37,7 @@ TEST(SystemRegistry, ReadsWhatTheHostWroteWhateverItsType) {
                                     {"large", "1099511627776"},
                                     {"expanded", "C:\\Talmix\\"},
                                     {"unterminated", "C:\\"},
+                                    {"buffer", "C:\\"},
                                     {"bytes", "fallback"},
                                     {"long", umlauts},
                                     {"", "default"},
