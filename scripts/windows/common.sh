@@ -47,11 +47,13 @@ put_in_place() {
 # fetch_source <source package> <version> <folder>: unpacks it to <folder>/source. The system's apt
 # settings stay as they are: most systems have no source packages switched on.
 fetch_source() {
-  local package="$1" version="$2" folder="$3" log="$3/fetch.log" options
+  local package="$1" version="$2" folder="$3" log="$3/fetch.log" options as_root=()
+  ((EUID == 0)) || as_root=(sudo)
   mkdir -p "$folder/apt/lists/partial" "$folder/apt/cache/archives/partial" "$folder/source"
   list_sources >"$folder/apt/sources.list"
   # Images often come without the lists that tell where things are.
-  [[ -s "$folder/apt/sources.list" ]] || { apt-get -qq update && list_sources; } \
+  [[ -s "$folder/apt/sources.list" ]] ||
+    { "${as_root[@]}" apt-get -qq update && list_sources; } \
     >"$folder/apt/sources.list" 2>"$log" || true
   options=(-qq -o "Dir::Etc::SourceList=$folder/apt/sources.list" -o Dir::Etc::SourceParts=-
     -o "Dir::State::Lists=$folder/apt/lists" -o "Dir::Cache=$folder/apt/cache"
