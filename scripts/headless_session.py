@@ -104,7 +104,10 @@ def run_in_session(script, arguments, out, size=SCREEN_SIZE, **settings):
                  *map(str, arguments), str(folder)],
                 env=dict(private_environment(folder, name), **settings),
                 start_new_session=True, stderr=log)
-        return session.wait()
+        code = session.wait()
+        if code != 0:
+            print(f"What the programs said is in {out / 'session.log'}.", file=sys.stderr)
+        return code
     finally:
         signal.alarm(0)
         for process in (session, display):
