@@ -84,6 +84,9 @@ class DebianSystem:
     def dialer(self):
         return "/usr/bin/orvane"
 
+    def set_dark(self, dark):
+        """A system without a desktop is light."""
+
 
 def newer(package, folder):
     """The same package with a higher version."""
