@@ -30,8 +30,9 @@ void CutToRoundedRectangle(const QWidget& widget, int width, int height, int ell
   const auto scaled = [ratio = widget.devicePixelRatioF()](int pixels) {
     return qRound(pixels * ratio);
   };
-  Region region(
-      CreateRoundRectRgn(0, 0, scaled(width), scaled(height), scaled(ellipse), scaled(ellipse)));
+  // The system leaves out the last column and row, where the window has its frame.
+  Region region(CreateRoundRectRgn(0, 0, scaled(width) + 1, scaled(height) + 1, scaled(ellipse),
+                                   scaled(ellipse)));
   // The system keeps a region that it takes.
   if (SetWindowRgn(NativeWindow(widget), region.get(), TRUE) != 0) (void)region.release();
 }

@@ -52,14 +52,14 @@ TEST_F(SystemWindowChromeTest, CutsTheCorners) {
   const int middle = Scaled(100), corner = Scaled(2), inside = Scaled(4);
   for (const auto& [x, y, in] : {std::tuple{corner, 0, FALSE},
                                  {right - 1 - corner, 0, FALSE},
-                                 {corner, bottom - 2, FALSE},
-                                 {right - 1 - corner, bottom - 2, FALSE},
+                                 {corner, bottom - 1, FALSE},
+                                 {right - 1 - corner, bottom - 1, FALSE},
                                  {inside, inside, TRUE},
                                  {right - 2 - inside, bottom - 2 - inside, TRUE},
                                  {middle, 0, TRUE},
                                  {0, middle, TRUE},
-                                 {right - 2, middle, TRUE},
-                                 {middle, bottom - 2, TRUE},
+                                 {right - 1, middle, TRUE},
+                                 {middle, bottom - 1, TRUE},
                                  {right, middle, FALSE},
                                  {middle, bottom, FALSE}}) {
     EXPECT_EQ(PtInRegion(region, x, y), in) << x << "," << y;
@@ -68,8 +68,8 @@ TEST_F(SystemWindowChromeTest, CutsTheCorners) {
   chrome.SetRoundedRegion(100, 60, 20);
   RECT box{};
   GetWindowRgnBox(Native(), &box);
-  EXPECT_NEAR(box.right, Scaled(100), 1);
-  EXPECT_NEAR(box.bottom, Scaled(60), 1);
+  EXPECT_EQ(box.right, Scaled(100));
+  EXPECT_EQ(box.bottom, Scaled(60));
   DeleteObject(region);
 
   SetWindowRgn(Native(), nullptr, FALSE);
