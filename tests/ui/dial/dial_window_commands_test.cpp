@@ -178,6 +178,12 @@ TEST_F(DialWindowCommands, FreeAreasDragTheWindow) {
   window->move(-200, 30);
   chrome->EndDrag();
   EXPECT_EQ(window->pos(), QPoint(-200, 30)) << "the full view stays where it was dropped";
+  Click("hovSizer");
+  QTest::mousePress(Find<QWidget>("lblHead"), Qt::LeftButton);
+  window->move(-200, -200);
+  chrome->EndDrag();
+  EXPECT_EQ(window->pos(), QPoint(0, -1)) << "the compact view comes back";
+  ++drags;
   Click("cmdClear");
   EXPECT_EQ(chrome->drags, drags);
 }
