@@ -29,11 +29,16 @@ TEST_P(RegistryContract, EveryTextComesBackAsItWas) {
   EXPECT_EQ(Bound()->Read("", "CTI", " x "), " x ");
   for (const std::string_view text :
        {""sv, "C:\\Talmix\\"sv, " vorn, hinten "sv, "~.~"sv, "0,1;2=3"sv, "@home"sv, "@@"sv,
-        "@Variant(a)"sv, "\"q\" 'text'"sv, "Grüße € 😀"sv, "a\r\nb"sv, "\1f"sv, "x\0y"sv,
-        "# ; [x]"sv, "%41\\"sv}) {
+        "@Variant(a)"sv, "\"q\" 'text'"sv, "Grüße € 😀"sv, "a\r\nb"sv, "\1f"sv, "# ; [x]"sv,
+        "%41\\"sv}) {
     Bound()->Write("Dial", "L", text);
     EXPECT_EQ(Bound()->Read("Dial", "L", "fallback"), text);
   }
+}
+
+TEST_P(RegistryContract, ATextEndsAtItsFirstZero) {
+  Bound()->Write("Dial", "L", "x\0y"sv);
+  EXPECT_EQ(Bound()->Read("Dial", "L", "fallback"), "x");
 }
 
 TEST_P(RegistryContract, WhatIsRemovedCountsAsNeverWritten) {

@@ -38,7 +38,7 @@ class FakeRegistry : public HostRegistry {
   void Write(std::string_view subKey, std::string_view name, std::string_view value) override {
     if (store_->denyWrites || (!store_->deniedName.empty() && name == store_->deniedName))
       throw RegistryError(5, "Zugriff verweigert");
-    store_->values[Key(subKey, name)] = value;
+    store_->values[Key(subKey, name)] = value.substr(0, value.find('\0'));
   }
   void Remove(std::string_view subKey, std::string_view name) override {
     if (store_->denyWrites) throw RegistryError(5, "Zugriff verweigert");

@@ -113,7 +113,9 @@ void SettingsRegistry::Change(const std::function<void(RegistryText&)>& change) 
 
 void SettingsRegistry::Write(std::string_view subKey, std::string_view name,
                              std::string_view value) {
-  Change([&](RegistryText& text) { text.SetValue(FullKey(subKey, name), ToQString(value)); });
+  // As in the system that knows a registry, a text ends at its first zero.
+  const QString stored = ToQString(value.substr(0, value.find('\0')));
+  Change([&](RegistryText& text) { text.SetValue(FullKey(subKey, name), stored); });
 }
 
 void SettingsRegistry::Remove(std::string_view subKey, std::string_view name) {
