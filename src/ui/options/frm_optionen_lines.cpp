@@ -189,7 +189,8 @@ void frmOptionen::SetTapiInfo(const std::vector<std::string>& lines) {
 
 void frmOptionen::OnDial() {
   const std::string number = c_.txtTestNr->text().toStdString();
-  if (Trim(number).empty() && !TestDialPressed()) {
+  const bool noNumber = Trim(number).empty();
+  if (noNumber && !TestDialPressed()) {
     services_.prompts.Beep();
     AppendProgress("<<<<<<< ungültige Testrufnummer! >>>>>>>");
     AppendProgress("Bitte geben Sie eine gültige Telefonnummer zum testen an.");
@@ -198,7 +199,8 @@ void frmOptionen::OnDial() {
   }
   const bool internal = c_.optIntExt[kTestInternal]->isChecked();
   try {
-    SaveTestNumber(state_.host, number, internal ? kTestInternal : kTestExternal);
+    // Hanging up needs no number, and must not empty the stored one.
+    if (!noNumber) SaveTestNumber(state_.host, number, internal ? kTestInternal : kTestExternal);
   } catch (const RegistryError&) {
     // The test itself does not depend on it.
   }

@@ -225,9 +225,12 @@ TEST_F(OptionsPageTest, ATestCallThroughTheModemEndsTheWayItBegan) {
   EXPECT_EQ(serial.sent, "AT\rATDT 0301\r");
   EXPECT_EQ(Registry("TestRufNrIE"), "1");
   Choose("optDial_2");
+  Type("txtTestNr", "");
   ClickIn("cmdDial");
   EXPECT_EQ(serial.sent, "AT\rATDT 0301\rATH0\r");
   EXPECT_FALSE(dialog->TestDialPressed());
+  EXPECT_EQ(Registry("TestRufNr"), "301");
+  Type("txtTestNr", "301");
   // Selecting a line ends the call before it, too.
   Choose("optDial_1");
   ClickIn("cmdDial");
