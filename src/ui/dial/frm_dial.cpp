@@ -81,11 +81,14 @@ bool frmDial::eventFilter(QObject* watched, QEvent* event) {
       if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) ReleaseKeypad();
       return false;
     case QEvent::MouseButtonPress:
-      return dragAreas_.contains(watched) && DragWindow(static_cast<QMouseEvent*>(event)->button());
-    case QEvent::MouseButtonDblClick:
-      if (watched != c_.lblBase[0]) return false;
-      queue_.Submit([this] { SwitchTo(OtherView()); });
-      return true;
+    case QEvent::MouseButtonDblClick: {
+      const auto& press = *static_cast<QMouseEvent*>(event);
+      if (watched == c_.lblBase[0] && titleClicks_.IsSecond(press)) {
+        queue_.Submit([this] { SwitchTo(OtherView()); });
+        return true;
+      }
+      return dragAreas_.contains(watched) && DragWindow(press.button());
+    }
     default:
       return false;
   }

@@ -22,6 +22,7 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/dial/double_click.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
 #include "ui/logic/number_classifier.h"
@@ -179,6 +180,7 @@ class frmDial final : public QWidget,
 
   DialControls c_;
   std::set<const QObject*> dragAreas_;
+  DoubleClick titleClicks_;
   ChromeFactory newChrome_;
   std::unique_ptr<WindowChrome> chrome_;
   // While it is open the window is disabled and hidden. Belongs to the window.

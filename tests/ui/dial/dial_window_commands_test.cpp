@@ -188,5 +188,33 @@ TEST_F(DialWindowCommands, FreeAreasDragTheWindow) {
   EXPECT_EQ(chrome->drags, drags);
 }
 
+TEST_F(DialWindowCommands, OnlyADoubleClickOnTheTitleSwitchesTheView) {
+  constexpr quint64 kLongAgo = 10000;
+  const struct {
+    const char* what;
+    Qt::MouseButton button;
+    quint64 after;
+    QPoint moved;
+    bool switches;
+  } kSecond[] = {
+      {"soon and there", Qt::LeftButton, 200, {2, 1}, true},
+      {"late", Qt::LeftButton, 2000, {}, false},
+      {"elsewhere", Qt::LeftButton, 200, {12, 0}, false},
+      {"another button", Qt::RightButton, 200, {}, false},
+  };
+  quint64 time = kLongAgo;
+  for (const auto& second : kSecond) {
+    SCOPED_TRACE(second.what);
+    const int drags = chrome->drags;
+    const int height = window->height();
+    PressTitle(Qt::LeftButton, time);
+    PressTitle(second.button, time + second.after, second.moved);
+    EXPECT_EQ(window->height() != height, second.switches);
+    const bool dragged = second.button == Qt::LeftButton && !second.switches;
+    EXPECT_EQ(chrome->drags, drags + (dragged ? 2 : 1));
+    time += kLongAgo;
+  }
+}
+
 }  // namespace
 }  // namespace orvane

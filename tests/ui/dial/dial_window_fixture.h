@@ -72,6 +72,15 @@ class DialWindowFixture : public ProgramFixture {
 
   std::string TextOf(const char* label) { return Find<QLabel>(label)->text().toStdString(); }
   void Click(const char* name) { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
+  // A press on the program's name, at a time in ms.
+  void PressTitle(Qt::MouseButton button, quint64 time, QPoint fromCentre = {}) {
+    auto* title = Find<QWidget>("lblBase_0");
+    const QPointF place = title->rect().center() + fromCentre;
+    QMouseEvent event(QEvent::MouseButtonPress, place, title->mapToGlobal(place), button, button,
+                      {});
+    event.setTimestamp(time);
+    QApplication::sendEvent(title, &event);
+  }
   void Focus(const char* name) { Find<QWidget>(name)->setFocus(); }
   // A key as the system delivers it: to the control with the focus.
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {

@@ -133,7 +133,8 @@ TEST_F(DialWindowKeyboard, TheCompactViewDialsAndGivesWayToTheFullOne) {
   Click("cmdDial_1");
   EXPECT_TRUE(window->SessionOn());
 
-  QTest::mouseDClick(Find<QWidget>("lblBase_0"), Qt::LeftButton);
+  PressTitle(Qt::LeftButton, 1000);
+  PressTitle(Qt::LeftButton, 1200);
   EXPECT_EQ(window->geometry(), QRect(QPoint(300, 200), full));
   EXPECT_EQ(chrome->log.back(), "topmost 0 quietly");
   EXPECT_TRUE(Find<QWidget>("cmdOptionen")->isVisible());
