@@ -37,10 +37,16 @@ DIALER, HOST, OPTIONS = "TALMIX_BRISKO", "TALMIX_TRAY18", "Brisko :: Optionen"
 TABS_TO_HISTORY, TABS_TO_OPTIONS = 4, 5
 # And on the way back to it: from the history's list, its text filter and its tabs.
 TABS_FROM_LIST, TABS_FROM_FILTER, TABS_FROM_DIRECTION = 3, 5, 11
+COMPACT_HEIGHT = 66  # at most
+TITLE = ("44", "8")  # where the program's name stands, in both views
+# How long a button is held, and in how many steps a window is dragged.
+CLICK_S, DRAG_STEPS = "0.1", 5
 DARK_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize"
 
 
 class NativeSystem:
+    has_telephony = False
+
     def __init__(self, programs, root, environment):
         self.programs, self.root = programs, root
         self.environment = dict(environment, XDG_CONFIG_HOME=str(root / "config"),
@@ -71,12 +77,14 @@ class NativeSystem:
 
 class WineSystem:
     """A fresh Wine prefix, to which put_program brings the dialer's folder."""
+    has_telephony = True
 
     def __init__(self, programs, root, environment, folder, libraries):
         self.programs, self.root, self.environment = programs, root, environment
         self.wine, self.libraries = folder / "wine", libraries
         self.drive = self.wine / "prefix" / "drive_c"
         self.program_folder = self.drive / "Orvane"
+        self.telephony_library = programs.parent / "tests" / "scripted_tapi32.dll"
         subprocess.run([PROJECT / "scripts" / "windows" / "wine_prefix.sh", self.wine],
                        env=environment, check=True)
 
@@ -110,6 +118,12 @@ class WineSystem:
                                     "REG_DWORD", "/d", "0" if dark else "1", "/f"),
                        env=self.environment, check=True, stdout=subprocess.DEVNULL)
 
+    def play_telephony(self, play):
+        """From now on the system's telephony is the one of the tests, or its own again."""
+        if play:
+            shutil.copy(self.telephony_library, self.drive / "windows" / "system32" / "tapi32.dll")
+        self.environment["WINEDLLOVERRIDES"] = f"tapi32={'n' if play else 'b'}"
+
     def end(self):
         self.server("-k")
 
@@ -137,6 +151,19 @@ def let_settle():
 def press(*keys):
     for key in keys:
         subprocess.run(["xdotool", "key", key], check=True)
+
+
+def place(window):
+    """The left and upper edge of a window, and its height."""
+    lines = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], check=True,
+                           capture_output=True, text=True).stdout.split()
+    geometry = dict(line.split("=") for line in lines)
+    return tuple(int(geometry[name]) for name in ("X", "Y", "HEIGHT"))
+
+
+def mouse(window, *steps):
+    """Does the steps with the pointer on the program's name."""
+    subprocess.run(["xdotool", "mousemove", "--window", window, *TITLE, *steps], check=True)
 
 
 class Play:
@@ -196,6 +223,8 @@ class Play:
         shutil.rmtree(self.root, ignore_errors=True)
         (self.root / "run").mkdir(mode=0o700, parents=True)
         self.system.set_dark(self.scenario.dark)
+        if self.system.has_telephony:
+            self.system.play_telephony(self.scenario.telephony)
         self.ends_well("the installation", self.demo_host("--install-only"))
 
     def run(self):
@@ -254,17 +283,41 @@ class Play:
         press(*["Tab"] * tabs, *keys)
 
     # A first choice is refused until a device of another kind was looked at.
-    def do_ChooseLine(self, notification):
+    def do_ChooseLine(self, line, place):
         self.press_from_number(TABS_TO_OPTIONS, "Return")
         self.front(OPTIONS)
         let_settle()
         press("alt+l", "alt+t")
         let_settle()
-        press("alt+m", "alt+x", "Tab", "Down", "Up")
+        press("alt+m", "alt+x", "Tab", "Home", *["Down"] * place)
         self.picture("-chosen")
         press("alt+b")
-        wait_for("the notification", lambda: f"< {notification}" in self.messages(), STEP_LIMIT_S)
+        notification = f"< TX:{scenarios.USER}~TAPI_ReInit~{line}"
+        wait_for("the notification", lambda: notification in self.messages(), STEP_LIMIT_S)
         wait_for("the dial window", lambda: windows(DIALER), STEP_LIMIT_S)
+
+    def do_Drag(self, right, down):
+        self.front_and_ready()
+        window = windows(DIALER)[0]
+        before = place(window)
+        steps = [word for _ in range(DRAG_STEPS) for word in (
+            "mousemove_relative", "--", str(right // DRAG_STEPS), str(down // DRAG_STEPS),
+            "sleep", CLICK_S)]
+        mouse(window, "mousedown", "1", "sleep", CLICK_S, *steps, "mouseup", "1")
+        wait_for("the window where it was let go", lambda: place(window) == (
+            before[0] + right, before[1] + down, before[2]), STEP_LIMIT_S)
+
+    def do_DoubleClickTitle(self, view):
+        self.front_and_ready()
+        window = windows(DIALER)[0]
+
+        def shown():
+            return "compact" if place(window)[2] <= COMPACT_HEIGHT else "full"
+        if shown() == view:
+            raise Failed(f"the {view} view is there already")
+        mouse(window, *["mousedown", "1", "sleep", CLICK_S, "mouseup", "1", "sleep", CLICK_S] * 2)
+        wait_for(f"the {view} view", lambda: shown() == view, STEP_LIMIT_S)
+        self.picture(f"-{view}")
 
     def do_LookAtHistory(self):
         self.press_from_number(TABS_TO_HISTORY, "Return")
@@ -327,7 +380,10 @@ class Play:
 def play_all(system, root, out):
     failures = 0
     chosen = os.environ.get("ORVANE_SCENARIOS", "*")
-    for scenario in (one for one in scenarios.SCENARIOS if fnmatch.fnmatch(one.name, chosen)):
+    for scenario in scenarios.SCENARIOS:
+        if not fnmatch.fnmatch(scenario.name, chosen) or (
+                scenario.telephony and not system.has_telephony):
+            continue
         play = Play(system, root, out, scenario)
         begin = time.monotonic()
         try:

@@ -49,8 +49,20 @@ class Dial(NamedTuple):
 
 
 class ChooseLine(NamedTuple):
-    """The options are opened, the first line is chosen and monitored, and the host hears of it."""
-    notification: str
+    """The options are opened, the line is chosen and monitored, and the host hears of it."""
+    line: str
+    place: int  # in the list
+
+
+class Drag(NamedTuple):
+    """The window is taken by the program's name and let go elsewhere."""
+    right: int
+    down: int
+
+
+class DoubleClickTitle(NamedTuple):
+    """A double click on the program's name switches to the other view, and it is this one."""
+    view: str  # "compact" or "full"
 
 
 class LookAtHistory(NamedTuple):
@@ -78,6 +90,7 @@ class Scenario(NamedTuple):
     line: str = "simulated"  # as the demo host calls it
     history: int = 0  # calls that the journal has before
     dark: bool = False  # the desktop
+    telephony: bool = False  # only where the system's telephony can be played
 
 
 SCENARIOS = [
@@ -104,9 +117,15 @@ SCENARIOS = [
              [PickContact(CONTACT_ROW), Dial(1), HangUp()],
              [(CONTACT, CONTACT_DIGITS, True)]),
     Scenario("options", "",
-             [ChooseLine(f"TX:{USER}~TAPI_ReInit~Simulierte Leitung 1"), Type(CONTACT_DIGITS),
-              Dial(1), HangUp()],
+             [ChooseLine("Simulierte Leitung 1", 0), Type(CONTACT_DIGITS), Dial(1), HangUp()],
              [(CONTACT, CONTACT_DIGITS, True)], line="unset"),
+    Scenario("telephony", "",
+             [ChooseLine("Telefonanlage Büro", 2), Type(CONTACT_DIGITS), Dial(1), HangUp()],
+             [(CONTACT, CONTACT_DIGITS, True)], line="unset", telephony=True),
+    Scenario("compact", "",
+             [Drag(-60, 45), DoubleClickTitle("compact"), Type(CONTACT_DIGITS), Dial(1), HangUp(),
+              DoubleClickTitle("full")],
+             [(CONTACT, CONTACT_DIGITS, True)]),
     Scenario("history", "",
              [LookAtHistory(), Type(CONTACT_DIGITS), Dial(1), HangUp()],
              [(CONTACT, CONTACT_DIGITS, True)], history=600),

@@ -14,6 +14,7 @@ class Script : public ScriptedTapi {
  public:
   static constexpr HLINEAPP kApp = 0x1000;
 
+  Script() { Script::Reset(); }
   void Reset() override;
   int LeftOver() const override;
   void CloseLine(DWORD device) override;
