@@ -169,6 +169,8 @@ void frmOptionen::reject() {
 void frmOptionen::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), CurrentPalette().frame);
+  // At scales such as 125 % neither the pages nor what is below them fill the row between them.
+  painter.fillRect(c_.tabTab->geometry().adjusted(0, 1, 0, 1), CurrentPalette().ground);
 }
 
 // What the dialog left open is closed together with the program.
