@@ -41,12 +41,11 @@ COMPACT_HEIGHT = 66  # at most
 TITLE = ("44", "8")  # where the program's name stands, in both views
 # How long a button is held, and in how many steps a window is dragged.
 CLICK_S, DRAG_STEPS = "0.1", 5
+HOST_KEY = r"HKCU\Software\Nordel"
 DARK_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize"
 
 
 class NativeSystem:
-    has_telephony = False
-
     def __init__(self, programs, root, environment):
         self.programs, self.root = programs, root
         self.environment = dict(environment, XDG_CONFIG_HOME=str(root / "config"),
@@ -61,11 +60,16 @@ class NativeSystem:
     def dialer(self):
         return str(self.programs / "orvane")
 
-    def set_dark(self, dark):
+    def can_play(self, scenario):
+        return not scenario.telephony
+
+    def prepare(self, scenario):
+        """The desktop is as the scenario wants it."""
         settings = self.root / "desktop"
         self.environment.update(XDG_CONFIG_DIRS=str(settings), XDG_CURRENT_DESKTOP="KDE",
                                 KDE_SESSION_VERSION="5", QT_QPA_PLATFORMTHEME="kde")
-        ground, text = ("42,46,50", "252,252,252") if dark else ("239,240,241", "35,38,41")
+        ground, text = (("42,46,50", "252,252,252") if scenario.dark else
+                        ("239,240,241", "35,38,41"))
         settings.mkdir()
         (settings / "kdeglobals").write_text(
             "".join(f"[Colors:{kind}]\nBackgroundNormal={ground}\nForegroundNormal={text}\n"
@@ -77,7 +81,6 @@ class NativeSystem:
 
 class WineSystem:
     """A fresh Wine prefix, to which put_program brings the dialer's folder."""
-    has_telephony = True
 
     def __init__(self, programs, root, environment, folder, libraries):
         self.programs, self.root, self.environment = programs, root, environment
@@ -113,16 +116,21 @@ class WineSystem:
     def dialer(self):
         return "C:\\Orvane\\orvane.exe"
 
-    def set_dark(self, dark):
-        subprocess.run(self.command("", "reg", "add", DARK_KEY, "/v", "AppsUseLightTheme", "/t",
-                                    "REG_DWORD", "/d", "0" if dark else "1", "/f"),
-                       env=self.environment, check=True, stdout=subprocess.DEVNULL)
+    def reg(self, verb, *words):
+        subprocess.run(self.command("", "reg", verb, *words, "/f"), env=self.environment,
+                       check=verb != "delete", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def play_telephony(self, play):
-        """From now on the system's telephony is the one of the tests, or its own again."""
-        if play:
+    def can_play(self, scenario):
+        return True
+
+    def prepare(self, scenario):
+        """The desktop and the telephony are as the scenario wants them, and nothing is set up."""
+        self.reg("delete", HOST_KEY)
+        self.reg("add", DARK_KEY, "/v", "AppsUseLightTheme", "/t", "REG_DWORD", "/d",
+                 "0" if scenario.dark else "1")
+        if scenario.telephony:
             shutil.copy(self.telephony_library, self.drive / "windows" / "system32" / "tapi32.dll")
-        self.environment["WINEDLLOVERRIDES"] = f"tapi32={'n' if play else 'b'}"
+        self.environment["WINEDLLOVERRIDES"] = f"tapi32={'n' if scenario.telephony else 'b'}"
 
     def end(self):
         self.server("-k")
@@ -222,9 +230,7 @@ class Play:
     def install(self):
         shutil.rmtree(self.root, ignore_errors=True)
         (self.root / "run").mkdir(mode=0o700, parents=True)
-        self.system.set_dark(self.scenario.dark)
-        if self.system.has_telephony:
-            self.system.play_telephony(self.scenario.telephony)
+        self.system.prepare(self.scenario)
         self.ends_well("the installation", self.demo_host("--install-only"))
 
     def run(self):
@@ -381,8 +387,7 @@ def play_all(system, root, out):
     failures = 0
     chosen = os.environ.get("ORVANE_SCENARIOS", "*")
     for scenario in scenarios.SCENARIOS:
-        if not fnmatch.fnmatch(scenario.name, chosen) or (
-                scenario.telephony and not system.has_telephony):
+        if not fnmatch.fnmatch(scenario.name, chosen) or not system.can_play(scenario):
             continue
         play = Play(system, root, out, scenario)
         begin = time.monotonic()
@@ -397,6 +402,9 @@ def play_all(system, root, out):
                            check=False)
         finally:
             end_processes(*reversed(play.running))
+            # A dialer that was started by the host would take part in the next scenario.
+            for window in windows(DIALER):
+                subprocess.run(["xdotool", "windowkill", window], check=False)
     return failures
 
 

@@ -84,8 +84,8 @@ class DebianSystem:
     def dialer(self):
         return "/usr/bin/orvane"
 
-    def set_dark(self, dark):
-        """A system without a desktop is light."""
+    def prepare(self, scenario):
+        """The desktop of a new user will do."""
 
 
 def newer(package, folder):
