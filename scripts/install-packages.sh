@@ -2,7 +2,7 @@
 # Installs the Debian 12 packages that this project needs, and only those that are missing.
 #
 #   scripts/install-packages.sh [build] [run] [lint] [bench] [windows] [windows-i686] [wine]
-#                              [package] [package-windows] [prove]
+#                              [wine-i686] [package] [package-windows] [prove]
 #
 # Without arguments: build and run. Says nothing when there is nothing to do.
 set -euo pipefail
@@ -25,6 +25,9 @@ packages_windows=(g++-mingw-w64-x86-64-posix qt6-base-dev-tools qt6-translations
 packages_windows_i686=(g++-mingw-w64-i686-posix)
 # The fonts are those that Windows programs ask for.
 packages_wine=(wine wine64 fonts-wine)
+# For a 32-bit system, which runs the tests of a build that was made elsewhere. Wine's ODBC stands on
+# the one of the system.
+packages_wine_i686=(wine wine32 fonts-wine cmake libodbc2)
 # The package builders of both systems.
 packages_package=(debhelper dpkg-dev lintian)
 packages_package_windows=(nsis)
@@ -42,6 +45,7 @@ for group in "${@:-build run}"; do
       windows) wanted+=("${packages_windows[@]}") ;;
       windows-i686) wanted+=("${packages_windows_i686[@]}") ;;
       wine) wanted+=("${packages_wine[@]}") ;;
+      wine-i686) wanted+=("${packages_wine_i686[@]}") ;;
       package) wanted+=("${packages_package[@]}") ;;
       package-windows) wanted+=("${packages_package_windows[@]}") ;;
       prove) wanted+=("${packages_prove[@]}") ;;
