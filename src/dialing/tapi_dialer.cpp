@@ -171,10 +171,11 @@ void TapiDialer::HandleLineMessage(const std::string& result, const std::string&
                             std::to_string(code));
 }
 
+// In the options dialog another line may stand in for the one that is missed.
 bool TapiDialer::WaitsForItsLine() const {
   const DialSettings& settings = state_.settings;
-  return settings.dialMethod == kDialMethodTapi && settings.tapiLineId == kNoTapiLine &&
-         !panel_.SessionOn();
+  const bool isMissed = settings.tapiLineId == kNoTapiLine || !panel_.WindowEnabled();
+  return settings.dialMethod == kDialMethodTapi && isMissed && !panel_.SessionOn();
 }
 
 void TapiDialer::HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) {

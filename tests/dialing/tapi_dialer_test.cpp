@@ -130,11 +130,13 @@ TEST_F(TapiDialerTest, LooksAgainForALineThatWasNotThere) {
     dialer.OnLineMessage("INSERVICE", "TapiLineDevState", 1);
   }
   EXPECT_EQ(panel.linesChanged, 1);
-  // The options dialog must not hide that it is back.
+  // The options dialog must not hide that it is back, whatever line it has open.
   panel.windowEnabled = false;
-  state.settings.tapiLineId = kNoTapiLine;
-  dialer.OnLineMessage("INSERVICE", "TapiLineDevState", 1);
-  EXPECT_EQ(panel.linesChanged, 2);
+  for (const std::int32_t line : {kNoTapiLine, 0}) {
+    state.settings.tapiLineId = line;
+    dialer.OnLineMessage("INSERVICE", "TapiLineDevState", 1);
+  }
+  EXPECT_EQ(panel.linesChanged, 3);
 }
 
 TEST_F(TapiDialerTest, ALostLineIsOpenedAgainByTheNextCall) {

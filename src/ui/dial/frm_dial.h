@@ -79,7 +79,7 @@ class frmDial final : public QWidget,
   bool WindowEnabled() const override;
   void SetDialButtonsEnabled(bool enabled) override;
   void FocusDialButton() override;
-  void LinesChanged() override { ReloadSettings(); }
+  void LinesChanged() override;
   bool JustPlaced() const override;
 
   // RemotePanel
@@ -187,6 +187,7 @@ class frmDial final : public QWidget,
   frmOptionen* options_ = nullptr;
   // The host named another user meanwhile.
   bool reloadAfterOptions_ = false;
+  bool linesChangedMeanwhile_ = false;
 
   Stage stage_ = Stage::kBuilt;
   // Where the full view was when the compact one replaced it.

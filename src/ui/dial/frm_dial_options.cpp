@@ -1,4 +1,6 @@
 // The way to the options dialog and back.
+#include <utility>
+
 #include "app/init_settings.h"
 #include "ui/dial/attempt.h"
 #include "ui/dial/frm_dial.h"
@@ -35,7 +37,9 @@ void frmDial::OptionsEnded() {
   tapi_.SetTestDial(nullptr);
   options_->deleteLater();
   options_ = nullptr;
-  if (reloadAfterOptions_) ReloadSettings();
+  const bool lineMayBeBack =
+      std::exchange(linesChangedMeanwhile_, false) && state_.settings.tapiLineId == kNoTapiLine;
+  if (reloadAfterOptions_ || lineMayBeBack) ReloadSettings();
   show();
   Attempt([this] { services_.serial.SetPortOpen(false); });
   chrome_->SetTopmost(kTopmost, true);
@@ -55,6 +59,11 @@ void frmDial::AbandonOptions() {
 void frmDial::ReloadSettings() {
   reloadAfterOptions_ = options_ != nullptr;
   if (!reloadAfterOptions_) ReloadAppliedSettings();
+}
+
+void frmDial::LinesChanged() {
+  if (options_ == nullptr) return ReloadSettings();
+  linesChangedMeanwhile_ = true;
 }
 
 void frmDial::ReloadAppliedSettings() {

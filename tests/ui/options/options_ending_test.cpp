@@ -215,6 +215,24 @@ TEST_F(OptionsEndingTest, ALineThatIsGoneIsAppliedAndReportedAsMissing) {
   }
 }
 
+TEST_F(OptionsEndingTest, ALineThatComesBackMeanwhileIsOpenedAtTheEnd) {
+  for (const bool isBack : {false, true}) {
+    SCOPED_TRACE(isBack);
+    tapi.lineNames = {"Büro"};
+    SetRegistry("TapiBez", "Lager");
+    MakeWindow();
+    OpenOptions();
+    ASSERT_EQ(TextOf("lblBase_2"), "TAPI-Fehler!");
+    ChooseLine(0);
+    if (isBack) tapi.lineNames = {"Büro", "Lager"};
+    tapi.events->OnLineMessage("INSERVICE", "TapiLineDevState", 64);
+    ClickIn("cmdAktion_1");
+    EXPECT_TRUE(Gone());
+    EXPECT_EQ(TextOf("lblBase_2"), isBack ? "<Bereit>" : "TAPI-Fehler!");
+    EXPECT_EQ(state.settings.tapiLineId, isBack ? 1 : kNoTapiLine);
+  }
+}
+
 TEST_F(OptionsEndingTest, AHostThatDoesNotAnswerIsNoReasonToSayAnything) {
   FakeChannel tray{desktop};
   for (const bool there : {false, true}) {
