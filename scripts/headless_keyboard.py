@@ -136,13 +136,14 @@ class KeyboardRun(Run):
     def call(self):
         self.type(NUMBER)
         wait_for("the number", lambda: self.number() == NUMBER)
-        self.keys("Return")
-        self.wait_for_last_progress("Verbunden um ")
-        self.wait_for_focus("Auflegen")
-        self.picture("1-in-call.png")
-        self.keys("Return")
-        self.wait_for_last_progress("Gesprächsdauer: ")
-        self.tell("A call was placed and ended.")
+        for dial, hang_up in (("Return", "Return"), ("alt+w", "alt+a")):
+            self.keys(dial)
+            self.wait_for_last_progress("Verbunden um ")
+            self.wait_for_focus("Auflegen")
+            self.picture("1-in-call.png")
+            self.keys(hang_up)
+            self.wait_for_last_progress("Gesprächsdauer: ")
+            self.tell(f"A call was placed by {dial} and ended by {hang_up}.")
 
     def pick_from_history(self):
         self.go_to("Anrufhistorie")
