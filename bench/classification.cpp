@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/common/sqlite_services.h"
+#include "platform/databases/sqlite/sqlite_services.h"
 #include "ui/logic/number_classifier.h"
 
 namespace {

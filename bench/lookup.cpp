@@ -10,8 +10,8 @@
 #include <iostream>
 #include <string>
 
-#include "platform/common/host_databases.h"
-#include "platform/linux/native.h"
+#include "platform/databases/host_databases.h"
+#include "platform/native/native.h"
 
 namespace {
 

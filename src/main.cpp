@@ -15,24 +15,19 @@
 #include "app/startup.h"
 #include "app/work_queue.h"
 #include "journal/current_call.h"
-#include "platform/common/driver_threads.h"
-#include "platform/common/host_databases.h"
-#include "platform/common/qt_event_loop.h"
-#include "platform/common/qt_locale_format.h"
-#include "platform/common/qt_long_work.h"
-#include "platform/common/qt_prompts.h"
-#include "platform/common/simulated_lines.h"
-#include "platform/common/system_clock.h"
-#include "platform/common/tapi_lines.h"
+#include "platform/databases/driver_threads.h"
+#include "platform/databases/host_databases.h"
+#include "platform/databases/qt_long_work.h"
+#include "platform/desktop/qt_event_loop.h"
+#include "platform/desktop/qt_locale_format.h"
+#include "platform/desktop/qt_prompts.h"
+#include "platform/desktop/system_clock.h"
+#include "platform/lines/simulated_lines.h"
+#include "platform/lines/tapi_lines.h"
+#include "platform/native/native.h"
 #include "remote/senders.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/style/application_style.h"
-
-#ifdef _WIN32
-#include "platform/windows/native.h"
-#else
-#include "platform/linux/native.h"
-#endif
 
 namespace {
 
@@ -63,29 +58,29 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
   QtPrompts screen;
   HostHelper messages(screen);
   HostHelper dialogMessages(screen);
-  native::Ini ini;
+  const auto ini = native::MakeIni();
   QtLongWork longWork;
   HostDatabases databases{native::Databases(longWork, driverThreads)};
-  native::Serial serial;
-  native::Channel channel;
-  native::Instance instance;
+  const auto serial = native::MakeSerial();
+  const auto channel = native::MakeChannel();
+  const auto instance = native::MakeInstance();
   QtEventLoop loop;
   CallHandles callHandles;
   TapiLines tapi{LineProviders(loop, callHandles)};
   SystemClock clock;
   QtLocaleFormat locale;
-  Services services{[] { return std::make_unique<native::Registry>(); },
-                    ini,
+  Services services{native::MakeRegistry,
+                    *ini,
                     databases,
-                    serial,
+                    *serial,
                     tapi,
-                    channel,
-                    instance,
+                    *channel,
+                    *instance,
                     loop,
                     clock,
                     locale,
                     messages,
-                    SerialPortNames};
+                    native::ListSerialPorts};
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
@@ -96,7 +91,7 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
     outcome = RunStartup(
         services, state, messages, dialogMessages,
         QFileInfo(QApplication::applicationFilePath()).absolutePath().toStdString(), commandLine,
-        {[&](const std::string& text) { SendToRunningInstance(channel, text); },
+        {[&](const std::string& text) { SendToRunningInstance(*channel, text); },
          [&] { window.Channel().ExecuteCommands(); }});
   });
   // Without a window nothing would ever end the program.

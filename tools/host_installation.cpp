@@ -11,7 +11,7 @@
 #include "app/unscramble_setting.h"
 #include "contact_file.h"
 #include "journal_schema.h"
-#include "platform/ansi.h"
+#include "platform/text/ansi.h"
 #include "sample_calls.h"
 #include "scramble_setting.h"
 

@@ -19,11 +19,11 @@
 #include <utility>
 
 #include "journal_schema.h"
-#include "platform/common/host_databases.h"
-#include "platform/common/jet_header.h"
+#include "platform/databases/host_databases.h"
+#include "platform/databases/jet/jet_header.h"
 #include "platform/errors.h"
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/native.h"
+#include "platform/native/native.h"
+#include "platform/system/linux/file_descriptor.h"
 
 namespace {
 

@@ -7,14 +7,9 @@
 #include <iostream>
 #include <string>
 
+#include "platform/native/native.h"
 #include "remote/command_channel.h"
 #include "remote/copy_data_text.h"
-
-#ifdef _WIN32
-#include "platform/windows/native.h"
-#else
-#include "platform/linux/native.h"
-#endif
 
 namespace {
 
@@ -34,10 +29,10 @@ bool SendToDialer(orvane::HostChannel& channel, const std::string& text) {
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  orvane::native::Channel channel;
+  const auto channel = orvane::native::MakeChannel();
   for (std::string line; std::getline(std::cin, line);) {
     const auto sent = Nanoseconds();
-    if (!SendToDialer(channel, line)) return 1;
+    if (!SendToDialer(*channel, line)) return 1;
     std::cout << sent << ' ' << Nanoseconds() << std::endl;
   }
   return 0;

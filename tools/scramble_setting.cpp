@@ -1,7 +1,7 @@
 #include "scramble_setting.h"
 
 #include "app/unscramble_setting.h"
-#include "platform/ansi.h"
+#include "platform/text/ansi.h"
 
 namespace orvane {
 namespace {

@@ -1,9 +1,9 @@
 #include "app/error_report.h"
 
-#include "app/text_tools.h"
 #include "app/version.h"
 #include "platform/database.h"
 #include "platform/errors.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

@@ -6,7 +6,7 @@
 #include <system_error>
 
 #include "platform/errors.h"
-#include "platform/native_path.h"
+#include "platform/text/native_path.h"
 
 namespace orvane {
 namespace {

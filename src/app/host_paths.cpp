@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "app/unscramble_setting.h"
-#include "platform/native_path.h"
+#include "platform/text/native_path.h"
 
 namespace orvane {
 namespace {

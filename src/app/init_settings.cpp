@@ -6,9 +6,9 @@
 #include "app/file_text.h"
 #include "app/host_paths.h"
 #include "app/number_text.h"
-#include "app/text_tools.h"
-#include "platform/ansi.h"
 #include "platform/errors.h"
+#include "platform/text/ansi.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "app/host_paths.h"
-#include "app/text_tools.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

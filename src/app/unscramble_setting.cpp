@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/ansi.h"
+#include "platform/text/ansi.h"
 
 namespace orvane {
 namespace {

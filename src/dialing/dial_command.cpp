@@ -2,8 +2,8 @@
 
 #include <exception>
 
-#include "app/text_tools.h"
 #include "dialing/number_preparation.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

@@ -1,6 +1,6 @@
 #include "dialing/number_preparation.h"
 
-#include "app/text_tools.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

@@ -6,7 +6,7 @@
 #include "app/date_time.h"
 #include "app/error_report.h"
 #include "app/init_settings.h"
-#include "platform/line_service_provider.h"
+#include "platform/tapi_control.h"
 
 namespace orvane {
 namespace {

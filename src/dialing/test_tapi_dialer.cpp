@@ -5,7 +5,7 @@
 #include "app/error_report.h"
 #include "app/init_settings.h"
 #include "platform/errors.h"
-#include "platform/line_service_provider.h"
+#include "platform/tapi_control.h"
 
 namespace orvane {
 namespace {

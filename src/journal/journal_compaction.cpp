@@ -7,7 +7,7 @@
 #include "app/file_text.h"
 #include "journal/tel_list.h"
 #include "platform/errors.h"
-#include "platform/native_path.h"
+#include "platform/text/native_path.h"
 
 namespace orvane {
 namespace {

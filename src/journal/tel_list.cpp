@@ -4,10 +4,10 @@
 #include <optional>
 #include <stdexcept>
 
-#include "app/text_tools.h"
 #include "journal/field_access.h"
 #include "journal/open_failure.h"
 #include "platform/errors.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

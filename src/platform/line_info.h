@@ -34,7 +34,4 @@ enum class LineDialog {
   kDevice,    // the driver's own settings
 };
 
-// A line with one address on which one plain voice call at a time is dialled and dropped.
-LineInfo VoiceLineInfo(std::string address, std::string switchInfo, std::string providerInfo);
-
 }  // namespace orvane

@@ -4,11 +4,29 @@
 #include <functional>
 #include <string>
 
+#include "platform/errors.h"
 #include "platform/line_info.h"
 
 namespace orvane {
 
 inline constexpr std::int32_t kNoTapiLine = -1;
+
+// Call states, as the line interface numbers them.
+inline constexpr std::int32_t kLineCallIdle = 0x1;
+inline constexpr std::int32_t kLineCallDialing = 0x10;
+inline constexpr std::int32_t kLineCallRingback = 0x20;
+inline constexpr std::int32_t kLineCallBusy = 0x40;
+inline constexpr std::int32_t kLineCallConnected = 0x100;
+inline constexpr std::int32_t kLineCallProceeding = 0x200;
+inline constexpr std::int32_t kLineCallDisconnected = 0x4000;
+
+// Error numbers that lines report.
+inline constexpr auto kLineErrorBadDevice = static_cast<std::int32_t>(0x80000002U);
+inline constexpr auto kLineErrorCallUnavailable = static_cast<std::int32_t>(0x80000005U);
+inline constexpr auto kLineErrorInvalidCall = static_cast<std::int32_t>(0x80000018U);
+inline constexpr auto kLineErrorInvalidLine = static_cast<std::int32_t>(0x8000002BU);
+inline constexpr auto kLineErrorOperationFailed = static_cast<std::int32_t>(0x80000048U);
+inline constexpr auto kLineErrorOperationUnavailable = static_cast<std::int32_t>(0x80000049U);
 
 // The events of the telephone line control.
 class TapiEvents {

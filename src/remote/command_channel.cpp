@@ -7,8 +7,8 @@
 #include "app/host_paths.h"
 #include "app/init_settings.h"
 #include "app/number_text.h"
-#include "app/text_tools.h"
 #include "dialing/number_preparation.h"
+#include "platform/text/text_tools.h"
 #include "remote/copy_data_text.h"
 
 namespace orvane {

@@ -2,7 +2,7 @@
 
 #include "contract/event_wait.h"
 #include "fakes/hand_loop.h"
-#include "platform/common/qt_event_loop.h"
+#include "platform/desktop/qt_event_loop.h"
 
 namespace orvane {
 namespace {

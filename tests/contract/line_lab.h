@@ -5,7 +5,7 @@
 #include <string>
 
 #include "fakes/recording_line_events.h"
-#include "platform/line_service_provider.h"
+#include "platform/lines/line_service_provider.h"
 
 namespace orvane {
 

@@ -5,7 +5,7 @@
 #include <QTimer>
 
 #include "contract/line_lab.h"
-#include "platform/common/qt_event_loop.h"
+#include "platform/desktop/qt_event_loop.h"
 
 namespace orvane {
 

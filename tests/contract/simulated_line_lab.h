@@ -2,7 +2,7 @@
 
 #include "contract/line_lab.h"
 #include "fakes/hand_loop.h"
-#include "platform/common/simulated_lines.h"
+#include "platform/lines/simulated_lines.h"
 
 namespace orvane {
 

@@ -3,8 +3,8 @@
 
 #include "dialing/tapi_dialer.h"
 #include "fakes/program_fixture.h"
-#include "platform/common/simulated_lines.h"
-#include "platform/common/tapi_lines.h"
+#include "platform/lines/simulated_lines.h"
+#include "platform/lines/tapi_lines.h"
 
 namespace orvane {
 namespace {

@@ -3,7 +3,7 @@
 #include "app/date_time.h"
 #include "fakes/program_fixture.h"
 #include "fakes/recording_test_dial.h"
-#include "platform/line_service_provider.h"
+#include "platform/tapi_control.h"
 
 namespace orvane {
 namespace {

@@ -22,7 +22,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/netstring.h"
+#include "platform/lines/linux/netstring.h"
 
 namespace orvane {
 

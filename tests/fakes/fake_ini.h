@@ -7,9 +7,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/ansi.h"
 #include "platform/errors.h"
 #include "platform/ini_file.h"
+#include "platform/text/ansi.h"
 
 namespace orvane {
 

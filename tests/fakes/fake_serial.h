@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
+#include "platform/serial/serial_errors.h"
 #include "platform/serial_control.h"
-#include "platform/serial_errors.h"
 
 namespace orvane {
 

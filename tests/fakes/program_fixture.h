@@ -20,7 +20,7 @@
 #include "fakes/temporary_folder.h"
 #include "journal/current_call.h"
 #include "journal_schema.h"
-#include "platform/common/sqlite_services.h"
+#include "platform/databases/sqlite/sqlite_services.h"
 
 namespace orvane {
 

@@ -4,7 +4,7 @@
 
 #include "fakes/program_fixture.h"
 #include "journal/tel_list.h"
-#include "platform/sqlite_test_support.h"
+#include "platform/databases/sqlite/sqlite_test_support.h"
 
 namespace orvane {
 namespace {

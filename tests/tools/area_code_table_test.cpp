@@ -6,8 +6,8 @@
 
 #include "area_codes/place_name.h"
 #include "fakes/temporary_folder.h"
-#include "platform/ansi.h"
-#include "platform/common/sqlite_services.h"
+#include "platform/databases/sqlite/sqlite_services.h"
+#include "platform/text/ansi.h"
 #include "ui/logic/number_classification.h"
 
 namespace orvane {

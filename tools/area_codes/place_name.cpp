@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "app/text_tools.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

@@ -6,8 +6,8 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
-#include "app/text_tools.h"
 #include "dialing/number_preparation.h"
+#include "platform/text/text_tools.h"
 #include "ui/dial/attempt.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/logic/speed_dial_selection.h"

@@ -1,7 +1,7 @@
 #include "ui/logic/com_port_choice.h"
 
 #include "app/number_text.h"
-#include "app/text_tools.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

@@ -10,9 +10,9 @@
 #include "app/file_text.h"
 #include "app/host_paths.h"
 #include "app/number_text.h"
-#include "platform/ansi.h"
 #include "platform/errors.h"
-#include "platform/file_replacement.h"
+#include "platform/text/ansi.h"
+#include "platform/text/file_replacement.h"
 #include "remote/senders.h"
 
 namespace orvane {

@@ -1,8 +1,8 @@
 #include "ui/logic/speed_dial_file.h"
 
 #include "app/init_settings.h"
-#include "app/text_tools.h"
-#include "platform/ansi.h"
+#include "platform/text/ansi.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

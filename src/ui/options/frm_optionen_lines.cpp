@@ -15,10 +15,10 @@
 
 #include "app/error_report.h"
 #include "app/init_settings.h"
-#include "app/text_tools.h"
 #include "dialing/number_preparation.h"
 #include "platform/errors.h"
-#include "platform/line_service_provider.h"
+#include "platform/tapi_control.h"
+#include "platform/text/text_tools.h"
 #include "ui/logic/driver_info.h"
 #include "ui/options/frm_optionen.h"
 #include "ui/style/command_button.h"

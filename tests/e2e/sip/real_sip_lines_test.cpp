@@ -2,7 +2,7 @@
 #include "contract/line_provider_contract.h"
 #include "contract/qt_line_lab.h"
 #include "fakes/temporary_folder.h"
-#include "platform/linux/sip_lines.h"
+#include "platform/lines/linux/sip_lines.h"
 #include "sip/sip_demo.h"
 
 namespace orvane {

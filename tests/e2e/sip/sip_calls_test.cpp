@@ -8,9 +8,9 @@
 #include "fakes/temporary_folder.h"
 #include "journal/call_logger.h"
 #include "journal_schema.h"
-#include "platform/common/tapi_lines.h"
-#include "platform/linux/sip_lines.h"
-#include "platform/sqlite_test_support.h"
+#include "platform/databases/sqlite/sqlite_test_support.h"
+#include "platform/lines/linux/sip_lines.h"
+#include "platform/lines/tapi_lines.h"
 #include "sip/sip_demo.h"
 
 namespace orvane {

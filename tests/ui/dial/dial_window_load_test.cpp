@@ -5,7 +5,7 @@
 #include <semaphore>
 
 #include "dial_window_fixture.h"
-#include "platform/common/qt_long_work.h"
+#include "platform/databases/qt_long_work.h"
 #include "remote/copy_data_text.h"
 
 namespace orvane {

@@ -2,7 +2,7 @@
 
 #include "app/file_text.h"
 #include "fakes/program_fixture.h"
-#include "platform/ansi.h"
+#include "platform/text/ansi.h"
 #include "ui/logic/option_choices.h"
 
 namespace orvane {

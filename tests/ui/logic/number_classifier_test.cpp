@@ -4,7 +4,7 @@
 
 #include "fakes/faulty_database.h"
 #include "fakes/temporary_folder.h"
-#include "platform/common/sqlite_services.h"
+#include "platform/databases/sqlite/sqlite_services.h"
 #include "sqlite_script.h"
 
 namespace orvane {

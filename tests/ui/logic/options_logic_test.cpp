@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/ansi.h"
+#include "platform/text/ansi.h"
 #include "ui/logic/com_port_choice.h"
 #include "ui/logic/driver_info.h"
 #include "ui/logic/speed_dial_file.h"

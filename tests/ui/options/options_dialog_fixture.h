@@ -7,7 +7,7 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 
-#include "platform/line_service_provider.h"
+#include "platform/tapi_control.h"
 #include "ui/dial/dial_window_fixture.h"
 #include "ui/options/frm_optionen.h"
 

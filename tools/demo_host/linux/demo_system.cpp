@@ -2,8 +2,8 @@
 #include <QtGlobal>
 
 #include "demo_host/demo_system.h"
-#include "platform/linux/settings_registry.h"
-#include "platform/linux/socket_host_channel.h"
+#include "platform/channel/linux/socket_host_channel.h"
+#include "platform/settings/linux/settings_registry.h"
 
 namespace orvane {
 namespace {

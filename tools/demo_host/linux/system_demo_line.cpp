@@ -8,7 +8,7 @@
 #include "demo_host/demo_line.h"
 #include "demo_host/demo_system.h"
 #include "modem_simulator.h"
-#include "platform/linux/com_ports.h"
+#include "platform/serial/linux/com_ports.h"
 #include "sip/sip_demo.h"
 
 namespace orvane {

@@ -4,9 +4,9 @@
 
 #include "app/host_paths.h"
 #include "demo_host/demo_line.h"
-#include "platform/native_path.h"
-#include "platform/windows/message_host_channel.h"
-#include "platform/windows/system_registry.h"
+#include "platform/channel/windows/message_host_channel.h"
+#include "platform/settings/windows/system_registry.h"
+#include "platform/text/native_path.h"
 
 namespace orvane {
 namespace {

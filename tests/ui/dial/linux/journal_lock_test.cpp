@@ -1,6 +1,6 @@
 // The call history while another program holds the journal.
 #include "fakes/child_process.h"
-#include "platform/sqlite_test_support.h"
+#include "platform/databases/sqlite/sqlite_test_support.h"
 #include "ui/dial/dial_window_history_fixture.h"
 
 namespace orvane {
