@@ -11,7 +11,6 @@
 
 #include "app/host_helper.h"
 #include "app/program_state.h"
-#include "app/services.h"
 #include "app/startup.h"
 #include "app/work_queue.h"
 #include "journal/current_call.h"
@@ -69,27 +68,20 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
   TapiLines tapi{LineProviders(loop, callHandles)};
   SystemClock clock;
   QtLocaleFormat locale;
-  Services services{native::MakeRegistry,
-                    *ini,
-                    databases,
-                    *serial,
-                    tapi,
-                    *channel,
-                    *instance,
-                    loop,
-                    clock,
-                    locale,
-                    messages,
-                    native::ListSerialPorts};
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
-  frmDial window(services, state, call, queue, native::MakeChrome);
+  const DialSystem system{{tapi, *serial, native::ListSerialPorts, *channel, loop, clock, locale,
+                           messages, native::MakeChrome},
+                          native::MakeRegistry,
+                          *ini,
+                          databases};
+  frmDial window(system, state, call, queue);
 
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {
     outcome = RunStartup(
-        services, state, messages, dialogMessages,
+        native::MakeRegistry, *instance, state, messages, dialogMessages,
         QFileInfo(QApplication::applicationFilePath()).absolutePath().toStdString(), commandLine,
         {[&](const std::string& text) { SendToRunningInstance(*channel, text); },
          [&] { window.Channel().ExecuteCommands(); }});

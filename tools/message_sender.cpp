@@ -2,14 +2,13 @@
 // the dialer had handled it, in nanoseconds of the monotonic clock.
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <chrono>
 #include <iostream>
 #include <string>
 
 #include "platform/native/native.h"
-#include "remote/command_channel.h"
 #include "remote/copy_data_text.h"
+#include "remote/senders.h"
 
 namespace {
 
@@ -18,11 +17,8 @@ std::int64_t Nanoseconds() {
 }
 
 bool SendToDialer(orvane::HostChannel& channel, const std::string& text) {
-  const auto windows = channel.Windows();
-  const auto dialer = std::find_if(windows.begin(), windows.end(), [](const auto& window) {
-    return window.caption.starts_with(orvane::kDialWindowCaption);
-  });
-  return dialer != windows.end() && channel.SendCopyData(*dialer, orvane::MakeCopyData(text));
+  const auto dialer = orvane::FindDialWindow(channel);
+  return dialer && channel.SendCopyData(*dialer, orvane::MakeCopyData(text));
 }
 
 }  // namespace

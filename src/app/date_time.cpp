@@ -27,8 +27,7 @@ double ToDateTime(const LocalTime& time) {
   const auto day =
       sys_days(year_month_day(year(time.year), month(static_cast<unsigned>(time.month)),
                               std::chrono::day(static_cast<unsigned>(time.day))));
-  const auto epoch = sys_days(year_month_day(year(1899), month(12), std::chrono::day(30)));
-  return static_cast<double>((day - epoch).count()) +
+  return static_cast<double>((day - kDayZero).count()) +
          static_cast<double>(WholeSecondsOfDay(time)) / static_cast<double>(kSecondsPerDay);
 }
 

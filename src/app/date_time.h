@@ -4,10 +4,9 @@
 #include <string>
 
 #include "platform/clock.h"
+#include "platform/text/day_numbers.h"
 
 namespace orvane {
-
-inline constexpr std::int64_t kSecondsPerDay = 86400;
 
 // "mm/dd/yyyy hh:nn:ss", whatever the user's locale.
 std::string TimeText(const LocalTime& time);

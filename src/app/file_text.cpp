@@ -9,11 +9,6 @@
 #include "platform/text/native_path.h"
 
 namespace orvane {
-namespace {
-
-constexpr std::int32_t kErrorPathAccess = 75;
-
-}  // namespace
 
 std::string ReadWholeFile(const std::string& path) {
   const std::filesystem::path native = NativePath(path);
@@ -25,7 +20,7 @@ std::string ReadWholeFile(const std::string& path) {
     bytes.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     if (!file.bad()) return bytes;
   }
-  throw PlatformError(kErrorPathAccess, "Fehler beim Zugriff auf Pfad/Datei '" + path + "'");
+  throw PathAccessError(path);
 }
 
 bool FileExists(const std::string& path) {

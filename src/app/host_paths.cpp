@@ -4,7 +4,9 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "app/number_text.h"
 #include "app/unscramble_setting.h"
+#include "platform/errors.h"
 #include "platform/text/native_path.h"
 
 namespace orvane {
@@ -22,10 +24,26 @@ std::string Unscramble(std::string_view text) {
   return UnscrambleSetting(text, kScrambleKey, kScrambleRounds);
 }
 
+template <typename Setting>
+std::string ReadText(const HostEnvironment& host, Prompts& prompts, const Setting& setting,
+                     std::string_view fallback) {
+  if (!host.registry) {
+    prompts.ShowMessage(PromptIcon::kStop, "Die Anwendung Brisko reagiert nicht.",
+                        "Brisko reagiert nicht!");
+    return {};
+  }
+  try {
+    return Stored(*host.registry, setting).value_or(std::string(fallback));
+  } catch (const std::exception&) {
+    prompts.ShowMessage(PromptIcon::kStop, "Zugriffsfehler auf Registry", "Key-Zugriffsfehler 2");
+    return {};
+  }
+}
+
 void ReadServerSettings(HostEnvironment& host, Prompts& prompts) {
-  const std::string name = ReadHostSetting(host, prompts, "SrvName", "");
-  const std::string login = ReadHostSetting(host, prompts, "SrvLogin", "");
-  const std::string password = ReadHostSetting(host, prompts, "SrvPass", "");
+  const std::string name = ReadHostSetting(host, prompts, setting::kServerName);
+  const std::string login = ReadHostSetting(host, prompts, setting::kServerLogin);
+  const std::string password = ReadHostSetting(host, prompts, setting::kServerPassword);
   host.useSqlServer = false;
   if (name.empty() && login.empty()) return;
   host.sqlLogin = Unscramble(login);
@@ -43,23 +61,28 @@ void BindHostRegistry(HostRegistry& registry) {
   registry.SetKeyPath("SOFTWARE\\Nordel\\Talmix" + std::string(kHostVersion));
 }
 
-std::string ReadHostSetting(const HostEnvironment& host, Prompts& prompts, std::string_view name,
-                            std::string_view fallback) {
-  if (!host.registry) {
-    prompts.ShowMessage(PromptIcon::kStop, "Die Anwendung Brisko reagiert nicht.",
-                        "Brisko reagiert nicht!");
-    return {};
-  }
-  try {
-    return host.registry->Read("", name, fallback);
-  } catch (const std::exception&) {
-    prompts.ShowMessage(PromptIcon::kStop, "Zugriffsfehler auf Registry", "Key-Zugriffsfehler 2");
-    return {};
-  }
+std::string ReadHostSetting(const HostEnvironment& host, Prompts& prompts,
+                            const TextSetting& setting) {
+  return ReadText(host, prompts, setting, setting.fallback);
+}
+
+std::uint8_t ReadHostSetting(const HostEnvironment& host, Prompts& prompts,
+                             const ByteSetting& setting) {
+  return ToByte(ReadText(host, prompts, setting, setting.fallback));
+}
+
+double ReadHostSetting(const HostEnvironment& host, Prompts& prompts,
+                       const NumberSetting& setting) {
+  return LeadingNumber(ReadText(host, prompts, setting, std::to_string(setting.fallback)));
+}
+
+HostRegistry& RegistryOf(const HostEnvironment& host) {
+  if (!host.registry) throw ObjectNotSet<RegistryError>();
+  return *host.registry;
 }
 
 bool ReadHostPaths(HostEnvironment& host, Prompts& prompts) {
-  host.hostPath = ReadHostSetting(host, prompts, "TXPfad", "");
+  host.hostPath = ReadHostSetting(host, prompts, setting::kHostFolder);
   if (host.hostPath.empty() || !IsFolder(host.hostPath + "Daten\\User")) {
     prompts.ShowMessage(
         PromptIcon::kExclamation,

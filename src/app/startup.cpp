@@ -31,26 +31,26 @@ std::string JoinCommandLine(const std::vector<std::string>& words) {
   return line;
 }
 
-StartupOutcome RunStartup(Services& services, ProgramState& state, HostHelper& firstHelper,
-                          HostHelper& secondHelper, const std::string& programFolder,
-                          const std::string& commandLine, const StartupHooks& hooks) {
+StartupOutcome RunStartup(const RegistryFactory& newRegistry, SingleInstance& instance,
+                          ProgramState& state, HostHelper& firstHelper, HostHelper& secondHelper,
+                          const std::string& programFolder, const std::string& commandLine,
+                          const StartupHooks& hooks) {
   HostEnvironment& host = state.host;
   host.programPath = programFolder + "\\";
   if (!commandLine.starts_with(kCommandLinePrefix)) {
-    services.prompts.ShowMessage(PromptIcon::kExclamation,
-                                 "Brisko kann nur über Talmix genutzt werden.",
-                                 "Programmstart nicht möglich!");
+    firstHelper.ShowMessage(PromptIcon::kExclamation, "Brisko kann nur über Talmix genutzt werden.",
+                            "Programmstart nicht möglich!");
     return StartupOutcome::kRefused;
   }
   host.startArgs =
       Split(std::string_view(commandLine).substr(kCommandLinePrefix.size()), kFieldSeparator);
-  if (!services.instance.Claim()) {
+  if (!instance.Claim()) {
     if (!host.startArgs.front().empty()) hooks.sendToRunningInstance(host.startArgs.front());
     return StartupOutcome::kForwarded;
   }
-  host.registry = services.newRegistry();
+  host.registry = newRegistry();
   if (host.registry) BindHostRegistry(*host.registry);
-  if (!ReadHostPaths(host, services.prompts)) {
+  if (!ReadHostPaths(host, firstHelper)) {
     host.registry.reset();
     return StartupOutcome::kRefused;
   }

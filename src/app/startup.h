@@ -6,7 +6,8 @@
 
 #include "app/host_helper.h"
 #include "app/program_state.h"
-#include "app/services.h"
+#include "platform/host_registry.h"
+#include "platform/single_instance.h"
 
 namespace orvane {
 
@@ -24,8 +25,9 @@ std::string JoinCommandLine(const std::vector<std::string>& words);
 // Checks that the host started the program, hands over to an instance that already runs, finds the
 // host installation and runs the start arguments. `programFolder` is the program file's folder
 // without a separator at its end. Everything but kRunning means that the process shall end.
-StartupOutcome RunStartup(Services& services, ProgramState& state, HostHelper& firstHelper,
-                          HostHelper& secondHelper, const std::string& programFolder,
-                          const std::string& commandLine, const StartupHooks& hooks);
+StartupOutcome RunStartup(const RegistryFactory& newRegistry, SingleInstance& instance,
+                          ProgramState& state, HostHelper& firstHelper, HostHelper& secondHelper,
+                          const std::string& programFolder, const std::string& commandLine,
+                          const StartupHooks& hooks);
 
 }  // namespace orvane

@@ -1,7 +1,7 @@
 #include "dialing/dial_command.h"
 
-#include <exception>
-
+#include "app/attempt.h"
+#include "app/host_settings.h"
 #include "dialing/number_preparation.h"
 #include "platform/text/text_tools.h"
 
@@ -22,11 +22,8 @@ void ChooseExtern(DialPanel& panel, const std::string& number) {
 
 void RecordForRedial(HostRegistry* registry, const std::string& numberText) {
   if (registry == nullptr) return;
-  try {
-    registry->Write("", "Wahlwdh", numberText);
-  } catch (const std::exception&) {
-    // A call is worth more than its redial entry.
-  }
+  // A call is worth more than its redial entry.
+  Attempt([&] { Store(*registry, setting::kRedial, numberText); });
 }
 
 }  // namespace
@@ -92,7 +89,7 @@ void DialCommand::PlaceOrEnd() {
       tapi_.DialTAPI(dialString_);
       break;
     case Way::kNone:
-      services_.prompts.Beep();
+      prompts_.Beep();
       panel_.AddStatus("Automatische Anwahl nicht möglich.");
       panel_.AddStatus("Sie müssen zunächst unter Optionen");
       panel_.AddStatus("die CTI-Telefonwahl konfigurieren.");

@@ -1,25 +1,20 @@
 #pragma once
 
 #include "app/program_state.h"
-#include "app/services.h"
 #include "dialing/dial_panel.h"
 #include "dialing/modem_dialer.h"
 #include "dialing/tapi_dialer.h"
 #include "journal/current_call.h"
+#include "platform/prompts.h"
 
 namespace orvane {
 
 // The dial button: prepares the number in `txtNr` and places the call, or ends the running one.
 class DialCommand {
  public:
-  DialCommand(Services& services, ProgramState& state, CurrentCall& call, DialPanel& panel,
+  DialCommand(Prompts& prompts, ProgramState& state, CurrentCall& call, DialPanel& panel,
               ModemDialer& modem, TapiDialer& tapi)
-      : services_(services),
-        state_(state),
-        call_(call),
-        panel_(panel),
-        modem_(modem),
-        tapi_(tapi) {}
+      : prompts_(prompts), state_(state), call_(call), panel_(panel), modem_(modem), tapi_(tapi) {}
 
   // A click on either dial button.
   void Click();
@@ -35,7 +30,7 @@ class DialCommand {
   Way ChooseWay();
   void PlaceOrEnd();
 
-  Services& services_;
+  Prompts& prompts_;
   ProgramState& state_;
   CurrentCall& call_;
   DialPanel& panel_;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "app/attempt.h"
 #include "app/date_time.h"
 
 namespace orvane {
@@ -22,14 +23,13 @@ std::string DialCommandText(const std::string& number) {
 
 }  // namespace
 
-ModemCall::ModemCall(Services& services, WorkQueue& queue,
-                     std::function<void(const std::string&)> report)
-    : services_(services), queue_(queue), report_(std::move(report)) {}
+ModemCall::ModemCall(const ModemPort& on, std::function<void(const std::string&)> report)
+    : on_(on), report_(std::move(report)) {}
 
 ModemCall::~ModemCall() {
   if (!listens_) return;
-  services_.serial.SetReceiveHandler(nullptr);
-  services_.serial.SetErrorHandler(nullptr);
+  on_.serial.SetReceiveHandler(nullptr);
+  on_.serial.SetErrorHandler(nullptr);
 }
 
 void ModemCall::Start(int port, const std::string& number, const std::function<void()>& announce) {
@@ -42,27 +42,25 @@ void ModemCall::Start(int port, const std::string& number, const std::function<v
   phase_ = Phase::kAwaitingReply;
   announce();
   // What was queued meanwhile, an order to close perhaps, comes before the dial command.
-  queue_.Submit([this] { OnReceived(); });
+  on_.queue.Submit([this] { OnReceived(); });
 }
 
 // The port has one listener: the call that was started last.
 void ModemCall::Listen() {
   listens_ = true;
-  services_.serial.SetReceiveHandler([this] { queue_.Submit([this] { OnReceived(); }); });
-  services_.serial.SetErrorHandler(
-      [this](const SerialError& error) { queue_.Submit([this, error] { OnDeviceError(error); }); });
+  on_.serial.SetReceiveHandler([this] { on_.queue.Submit([this] { OnReceived(); }); });
+  on_.serial.SetErrorHandler([this](const SerialError& error) {
+    on_.queue.Submit([this, failure = ErrorStateOf(error)] { OnDeviceError(failure); });
+  });
 }
 
 bool ModemCall::Probe(int port) {
-  SerialControl& serial = services_.serial;
-  std::optional<SerialError> failure;
+  SerialControl& serial = on_.serial;
+  // The first failure is the cause; what fails after it only follows from it.
+  std::optional<ErrorState> failure;
   const auto attempt = [&failure](const auto& step) {
-    try {
-      step();
-    } catch (const SerialError& error) {
-      // The first failure is the cause; what fails after it only follows from it.
-      if (!failure) failure = error;
-    }
+    const auto failed = Attempt(step);
+    if (!failure) failure = failed;
   };
   attempt([&] { serial.SetCommPort(port); });
   attempt([&] { serial.SetPortOpen(true); });
@@ -72,11 +70,11 @@ bool ModemCall::Probe(int port) {
   return false;
 }
 
-void ModemCall::ReportFailure(const SerialError& error) {
-  services_.prompts.Beep();
-  if (services_.serial.CommPort() == port_ && error.Number() != kSerialNoOpenPort) {
-    report_(">>> Fehler Nr." + std::to_string(error.Number()) + ": " + error.Description());
-    report_(error.Description());
+void ModemCall::ReportFailure(const ErrorState& error) {
+  on_.prompts.Beep();
+  if (on_.serial.CommPort() == port_ && error.number != kSerialNoOpenPort) {
+    report_(">>> Fehler Nr." + std::to_string(error.number) + ": " + error.description);
+    report_(error.description);
   } else {
     report_(">>> Fehler Nr.: 1010101");
     report_("Keine Kommunikationseinheit an Bus #" + std::to_string(port_));
@@ -84,33 +82,31 @@ void ModemCall::ReportFailure(const SerialError& error) {
 }
 
 void ModemCall::OnReceived() {
-  if (phase_ == Phase::kAwaitingReply && services_.serial.InBufferCount() >= kMinReplyCharacters) {
+  if (phase_ == Phase::kAwaitingReply && on_.serial.InBufferCount() >= kMinReplyCharacters) {
     SendDialCommand();
   }
 }
 
 void ModemCall::SendDialCommand() {
-  try {
-    services_.serial.Output(DialCommandText(number_));
-  } catch (const SerialError& error) {
-    OnDeviceError(error);
-    return;
+  if (const auto failure = Attempt([this] { on_.serial.Output(DialCommandText(number_)); })) {
+    OnDeviceError(*failure);
+  } else {
+    Hold();
   }
-  Hold();
 }
 
 // Keeps the call for half a minute after dialling; the line stays off-hook afterwards until the
 // user hangs up.
 void ModemCall::Hold() {
   phase_ = Phase::kHolding;
-  const double now = SecondsOfDay(services_.clock.Now());
+  const double now = SecondsOfDay(on_.clock.Now());
   const double deadline = std::nearbyint(now + kHoldSeconds);
   const auto wait =
       std::chrono::milliseconds(static_cast<std::int64_t>(std::ceil((deadline - now) * 1000)) + 1);
-  hold_ = services_.loop.After(wait, [this] { phase_ = Phase::kNone; });
+  hold_ = on_.loop.After(wait, [this] { phase_ = Phase::kNone; });
 }
 
-void ModemCall::OnDeviceError(const SerialError& error) {
+void ModemCall::OnDeviceError(const ErrorState& error) {
   if (phase_ == Phase::kNone) return;
   Abandon();
   ReportFailure(error);
@@ -118,17 +114,11 @@ void ModemCall::OnDeviceError(const SerialError& error) {
 
 bool ModemCall::HangUp() {
   Abandon();
-  SerialControl& serial = services_.serial;
+  SerialControl& serial = on_.serial;
   if (!serial.PortOpen()) return false;
-  const auto attempt = [](const auto& step) {
-    try {
-      step();
-    } catch (const SerialError&) {
-      // The user hangs up; a port that is gone is as good as hung up.
-    }
-  };
-  attempt([&] { serial.Output(kHangUpCommand); });
-  attempt([&] { serial.SetPortOpen(false); });
+  // The user hangs up; a port that is gone is as good as hung up.
+  Attempt([&] { serial.Output(kHangUpCommand); });
+  Attempt([&] { serial.SetPortOpen(false); });
   return true;
 }
 

@@ -4,10 +4,23 @@
 #include <memory>
 #include <string>
 
-#include "app/services.h"
+#include "app/error_report.h"
 #include "app/work_queue.h"
+#include "platform/clock.h"
+#include "platform/event_loop.h"
+#include "platform/prompts.h"
+#include "platform/serial_control.h"
 
 namespace orvane {
+
+// What a call through the modem needs of the system; everything outlives the call.
+struct ModemPort {
+  SerialControl& serial;
+  EventLoop& loop;
+  const Clock& clock;
+  Prompts& prompts;
+  WorkQueue& queue;
+};
 
 // One call through a Hayes modem on a serial port. The call is a state that goes on when characters
 // arrive, time passes or the call is ended; nothing here waits in a nested loop, so a call that was
@@ -17,7 +30,7 @@ class ModemCall {
   enum class Phase { kNone, kAwaitingReply, kHolding };
 
   // `report` shows one line of the call's progress.
-  ModemCall(Services& services, WorkQueue& queue, std::function<void(const std::string&)> report);
+  ModemCall(const ModemPort& on, std::function<void(const std::string&)> report);
   ~ModemCall();
   ModemCall(const ModemCall&) = delete;
   ModemCall& operator=(const ModemCall&) = delete;
@@ -37,14 +50,13 @@ class ModemCall {
  private:
   void Listen();
   bool Probe(int port);
-  void ReportFailure(const SerialError& error);
+  void ReportFailure(const ErrorState& error);
   void OnReceived();
   void SendDialCommand();
   void Hold();
-  void OnDeviceError(const SerialError& error);
+  void OnDeviceError(const ErrorState& error);
 
-  Services& services_;
-  WorkQueue& queue_;
+  ModemPort on_;
   std::function<void(const std::string&)> report_;
 
   bool listens_ = false;

@@ -2,13 +2,13 @@
 
 namespace orvane {
 
-ModemDialer::ModemDialer(Services& services, ProgramState& state, CurrentCall& call,
-                         WorkQueue& queue, CallLogger& logger, DialPanel& panel)
-    : state_(state),
+ModemDialer::ModemDialer(const ModemPort& port, const DialSettings& settings, CurrentCall& call,
+                         CallLogger& logger, DialPanel& panel)
+    : settings_(settings),
       call_(call),
       logger_(logger),
       panel_(panel),
-      modem_(services, queue, [&panel](const std::string& line) { panel.AddStatus(line); }) {}
+      modem_(port, [&panel](const std::string& line) { panel.AddStatus(line); }) {}
 
 void ModemDialer::DialModem(const std::string& number) {
   if (panel_.SessionOn()) {
@@ -16,7 +16,7 @@ void ModemDialer::DialModem(const std::string& number) {
     return;
   }
   panel_.SetDialButtonIdle(false);
-  modem_.Start(state_.settings.comPortNumber, number, [this, &number] {
+  modem_.Start(settings_.comPortNumber, number, [this, &number] {
     panel_.AddStatus(">>> Wählen: " + number);
     logger_.LogCall(true, false);
   });

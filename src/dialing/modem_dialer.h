@@ -3,8 +3,6 @@
 #include <string>
 
 #include "app/program_state.h"
-#include "app/services.h"
-#include "app/work_queue.h"
 #include "dialing/dial_panel.h"
 #include "dialing/modem_call.h"
 #include "journal/call_logger.h"
@@ -15,7 +13,7 @@ namespace orvane {
 // Dials and hangs up through the modem for the dial window.
 class ModemDialer {
  public:
-  ModemDialer(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+  ModemDialer(const ModemPort& port, const DialSettings& settings, CurrentCall& call,
               CallLogger& logger, DialPanel& panel);
 
   // Places a call to `number` (digits, "*", "#") when no session is on, otherwise ends the call.
@@ -30,7 +28,7 @@ class ModemDialer {
  private:
   void HangUp();
 
-  ProgramState& state_;
+  const DialSettings& settings_;
   CurrentCall& call_;
   CallLogger& logger_;
   DialPanel& panel_;

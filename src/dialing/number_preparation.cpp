@@ -8,23 +8,6 @@ namespace {
 constexpr std::string_view kSeparators = " ./\\()-";
 constexpr std::size_t kMinPrefixCharacters = 3;
 
-char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-// The length in bytes of the UTF-8 character at the beginning of the text.
-std::size_t CharacterBytes(std::string_view text) {
-  std::size_t bytes = 1;
-  while (bytes < text.size() && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U) ++bytes;
-  return bytes;
-}
-
-std::string Lower(std::string_view text) {
-  std::string result(text);
-  for (char& c : result) c = LowerAscii(c);
-  return result;
-}
-
 void ReplaceInternationalZeros(std::string& number) {
   if (number.starts_with("00")) number.replace(0, 2, "+");
 }
@@ -32,11 +15,11 @@ void ReplaceInternationalZeros(std::string& number) {
 }  // namespace
 
 std::string FilterChars(std::string_view text, std::string_view set, bool keep) {
-  const std::string lowerSet = Lower(set);
+  const std::string lowerSet = LowerAscii(set);
   std::string result;
   while (!text.empty()) {
-    const std::string_view character = text.substr(0, CharacterBytes(text));
-    const bool inSet = lowerSet.find(Lower(character)) != std::string::npos;
+    const std::string character = FirstCharacters(text, 1);
+    const bool inSet = lowerSet.find(LowerAscii(character)) != std::string::npos;
     if (inSet == keep) result += character;
     text.remove_prefix(character.size());
   }

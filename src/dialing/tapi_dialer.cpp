@@ -1,40 +1,28 @@
 #include "dialing/tapi_dialer.h"
 
-#include <exception>
 #include <optional>
 
+#include "app/attempt.h"
 #include "app/date_time.h"
 #include "app/error_report.h"
-#include "app/init_settings.h"
+#include "app/line_opening.h"
 #include "platform/tapi_control.h"
 
 namespace orvane {
-namespace {
 
-constexpr std::int16_t kCallOptions = 0;
-
-// Runs a request to the line; its error, if it fails.
-template <typename Request>
-std::optional<ErrorState> Try(const Request& request) {
-  try {
-    request();
-    return std::nullopt;
-  } catch (const std::exception& error) {
-    return ErrorStateOf(error);
-  }
-}
-
-}  // namespace
-
-TapiDialer::TapiDialer(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-                       CallLogger& logger, LinePanel& panel)
-    : services_(services),
-      state_(state),
+TapiDialer::TapiDialer(TapiControl& tapi, const Clock& clock, const LocaleFormat& locale,
+                       Prompts& prompts, DialSettings& settings, CurrentCall& call,
+                       WorkQueue& queue, CallLogger& logger, LinePanel& panel)
+    : tapi_(tapi),
+      clock_(clock),
+      locale_(locale),
+      prompts_(prompts),
+      settings_(settings),
       call_(call),
       queue_(queue),
       logger_(logger),
       panel_(panel) {
-  services_.tapi.SetEvents(this);
+  tapi_.SetEvents(this);
 }
 
 TapiDialer::~TapiDialer() {
@@ -42,7 +30,7 @@ TapiDialer::~TapiDialer() {
 }
 
 void TapiDialer::Abandon() {
-  services_.tapi.SetEvents(nullptr);
+  tapi_.SetEvents(nullptr);
 }
 
 void TapiDialer::DialTAPI(const std::string& dialString) {
@@ -59,35 +47,32 @@ void TapiDialer::Place(const std::string& dialString) {
   panel_.AddStatus(">>> Wählen: " + dialString);
   call_.connectText.clear();
   call_.ForgetLineCall();
-  const auto failure = Try([&] {
+  const auto failure = Attempt([&] {
     ReopenLine();
-    std::string number = dialString;
-    call_.placedCallHandle =
-        services_.tapi.MakeCall(state_.settings.tapiLineId, number, kCallOptions);
+    call_.placedCallHandle = tapi_.MakeCall(settings_.tapiLineId, dialString, kCallOptions);
   });
   logger_.LogCall(true, false);
   if (!failure) return;
   // No event will ever end this call: the button must not stay with a session that is none.
   panel_.SetDialButtonIdle(true);
   panel_.SetDialButtonsEnabled(true);
-  ShowError(services_.prompts, *failure, "DialTAPI");
+  ShowError(prompts_, *failure, "DialTAPI");
 }
 
 // A line that was lost is opened again by the next call.
 void TapiDialer::ReopenLine() {
-  if (!TapiInitialised(services_.tapi)) OpenTapiLine(services_.tapi, state_.settings.tapiLineId);
+  if (tapi_.NeedsInitialise()) settings_.tapiLineId = OpenTapiLine(tapi_, settings_.tapiLineId);
 }
 
 void TapiDialer::Drop() {
   if (panel_.JustPlaced()) panel_.AddStatus(">>> Trennen...");
-  const auto failure =
-      Try([&] { services_.tapi.DropCall(state_.settings.tapiLineId, call_.tapiCallHandle); });
+  const auto failure = Attempt([&] { tapi_.DropCall(settings_.tapiLineId, call_.tapiCallHandle); });
   panel_.SetDialButtonIdle(false);
   if (!failure) return;
   panel_.SetDialButtonsEnabled(true);
   // The call has ended by itself at the same moment; its events are on their way.
   if (failure->number == kLineErrorInvalidCall) return;
-  ShowError(services_.prompts, *failure, "DialTAPI");
+  ShowError(prompts_, *failure, "DialTAPI");
 }
 
 void TapiDialer::OnBusy(std::int32_t callHandle) {
@@ -97,7 +82,7 @@ void TapiDialer::OnBusy(std::int32_t callHandle) {
 void TapiDialer::OnConnected(std::int32_t callHandle) {
   // The moment counts, not the time until a message box is closed.
   Handle("TAPIOnConnected",
-         [this, callHandle, now = services_.clock.Now()] { HandleConnected(callHandle, now); });
+         [this, callHandle, now = clock_.Now()] { HandleConnected(callHandle, now); });
 }
 
 void TapiDialer::OnDisconnected(std::int32_t callHandle) {
@@ -117,11 +102,7 @@ void TapiDialer::OnCallState(std::int32_t callHandle, std::int32_t callId, std::
 
 void TapiDialer::Handle(const std::string& procedure, const WorkQueue::Task& handler) {
   queue_.Submit([this, procedure, handler] {
-    try {
-      handler();
-    } catch (const std::exception& error) {
-      ShowError(services_.prompts, ErrorStateOf(error), procedure);
-    }
+    if (const auto failure = Attempt(handler)) ShowError(prompts_, *failure, procedure);
   });
 }
 
@@ -142,7 +123,7 @@ void TapiDialer::HandleConnected(std::int32_t callHandle, const LocalTime& now) 
   call_.connectDateTime = ToDateTime(now);
   call_.connectText = TimeText(now);
   panel_.ClearStatus();
-  panel_.AddStatus("Verbunden um " + services_.locale.Time(now));
+  panel_.AddStatus("Verbunden um " + locale_.Time(now));
 }
 
 void TapiDialer::HandleDisconnected(std::int32_t callHandle) {
@@ -158,13 +139,8 @@ void TapiDialer::HandleDisconnected(std::int32_t callHandle) {
 
 void TapiDialer::HandleLineMessage(const std::string& result, const std::string& function,
                                    std::int32_t code) {
-  if (result == "SUCCESS") {
-    if (function == "TapiLineInit" || function == "TapiLineClose") {
-      services_.tapi.SetTag("closed");
-      return;
-    }
-    if (function == "TapiLineOpen") services_.tapi.SetTag("opened");
-  }
+  // The control itself follows what its lines report.
+  if (result == "SUCCESS" && (function == "TapiLineInit" || function == "TapiLineClose")) return;
   if (result == "INSERVICE" && WaitsForItsLine()) panel_.LinesChanged();
   if (panel_.WindowEnabled() || testDial_ == nullptr) return;
   testDial_->AppendProgress("TapiMessage: " + result + "  " + function + "  " +
@@ -173,9 +149,8 @@ void TapiDialer::HandleLineMessage(const std::string& result, const std::string&
 
 // In the options dialog another line may stand in for the one that is missed.
 bool TapiDialer::WaitsForItsLine() const {
-  const DialSettings& settings = state_.settings;
-  const bool isMissed = settings.tapiLineId == kNoTapiLine || !panel_.WindowEnabled();
-  return settings.dialMethod == kDialMethodTapi && isMissed && !panel_.SessionOn();
+  const bool isMissed = settings_.tapiLineId == kNoTapiLine || !panel_.WindowEnabled();
+  return settings_.dialMethod == kDialMethodTapi && isMissed && !panel_.SessionOn();
 }
 
 void TapiDialer::HandleCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) {

@@ -4,12 +4,14 @@
 #include <string>
 
 #include "app/program_state.h"
-#include "app/services.h"
 #include "app/work_queue.h"
 #include "dialing/line_panel.h"
-#include "dialing/test_dial_panel.h"
+#include "dialing/trial_dial_panel.h"
 #include "journal/call_logger.h"
 #include "journal/current_call.h"
+#include "platform/clock.h"
+#include "platform/prompts.h"
+#include "platform/tapi_control.h"
 
 namespace orvane {
 
@@ -17,8 +19,10 @@ namespace orvane {
 // window is disabled the events go to the options dialog's test dial instead.
 class TapiDialer : public TapiEvents {
  public:
-  TapiDialer(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-             CallLogger& logger, LinePanel& panel);
+  // Everything referred to outlives the dialer.
+  TapiDialer(TapiControl& tapi, const Clock& clock, const LocaleFormat& locale, Prompts& prompts,
+             DialSettings& settings, CurrentCall& call, WorkQueue& queue, CallLogger& logger,
+             LinePanel& panel);
   ~TapiDialer() override;
   TapiDialer(const TapiDialer&) = delete;
   TapiDialer& operator=(const TapiDialer&) = delete;
@@ -31,7 +35,7 @@ class TapiDialer : public TapiEvents {
   void Abandon();
 
   // The options dialog while it is open, otherwise null. It is taken back before it dies.
-  void SetTestDial(TestDialPanel* testDial) { testDial_ = testDial; }
+  void SetTestDial(TrialDialPanel* testDial) { testDial_ = testDial; }
 
   // Events that arrive in the middle of a procedure wait for its end.
   void OnBusy(std::int32_t callHandle) override;
@@ -64,13 +68,16 @@ class TapiDialer : public TapiEvents {
   // Queues a handler; an error in it is reported under the procedure's name.
   void Handle(const std::string& procedure, const WorkQueue::Task& handler);
 
-  Services& services_;
-  ProgramState& state_;
+  TapiControl& tapi_;
+  const Clock& clock_;
+  const LocaleFormat& locale_;
+  Prompts& prompts_;
+  DialSettings& settings_;
   CurrentCall& call_;
   WorkQueue& queue_;
   CallLogger& logger_;
   LinePanel& panel_;
-  TestDialPanel* testDial_ = nullptr;
+  TrialDialPanel* testDial_ = nullptr;
 };
 
 }  // namespace orvane

@@ -16,32 +16,32 @@ void CallLogger::LogCall(bool isStart, bool isBusy) {
   } else if (!call_.connectText.empty()) {
     LogEnd(isBusy);
   }
-  if (JournalIsLarge(state_)) CompactTelList(services_, state_);
+  if (JournalIsLarge(state_)) CompactTelList(databases_, state_);
 }
 
 void CallLogger::LogStart() {
-  call_.startText = TimeText(services_.clock.Now());
+  call_.startText = TimeText(clock_.Now());
   call_.userPath = state_.host.userPath;
   if (call_.company.empty()) {
-    if (!state_.databases.host) state_.databases.host = services_.databases.NewConnection();
+    if (!state_.databases.host) state_.databases.host = databases_.NewConnection();
     if (display_.ExternTicked()) {
-      ResolveNumber(services_, state_, call_);
+      ResolveNumber(prompts_, state_, call_);
     } else {
-      ResolveExtension(services_, state_, call_);
+      ResolveExtension(prompts_, state_, call_);
     }
     display_.SetContactLabel(call_.company + "\r\n" + call_.place + "\r\n\r\n" + call_.person);
   }
   std::string kind = display_.ExternTicked() ? "1" : "2";
-  TelList(services_, state_, kind, call_.startText, "0", "", call_.lastDialedDigits, call_.company,
+  TelList(prompts_, state_, kind, call_.startText, "0", "", call_.lastDialedDigits, call_.company,
           call_.place, call_.person, call_.addressKey, call_.personKey);
 }
 
 void CallLogger::LogEnd(bool isBusy) {
   std::string duration = "Besetzt";
   if (!isBusy) {
-    const LocalTime now = services_.clock.Now();
+    const LocalTime now = clock_.Now();
     duration = FormatDuration(call_.connectDateTime, ToDateTime(now));
-    display_.AddStatus("Getrennt um " + services_.locale.Time(now));
+    display_.AddStatus("Getrennt um " + locale_.Time(now));
     display_.AddStatus("Gesprächsdauer: " + duration);
   }
   // A call that was taken at the telephone itself has no row.
@@ -57,7 +57,7 @@ void CallLogger::CompleteRow(const std::string& duration) {
   const std::string current = std::exchange(state_.host.userPath, call_.userPath);
   if (otherUser) state_.databases.journalConnectionString.clear();
   std::string kind = "o";
-  TelList(services_, state_, kind, call_.startText, call_.connectText, duration,
+  TelList(prompts_, state_, kind, call_.startText, call_.connectText, duration,
           call_.lastDialedDigits, call_.company, call_.place, call_.person, call_.addressKey,
           call_.personKey);
   state_.host.userPath = current;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "app/program_state.h"
-#include "app/services.h"
 #include "journal/call_display.h"
 #include "journal/current_call.h"
+#include "platform/clock.h"
+#include "platform/database.h"
+#include "platform/prompts.h"
 
 namespace orvane {
 
@@ -15,8 +17,16 @@ std::string FormatDuration(double start, double end);
 // Writes the start and the end of outgoing calls into the journal.
 class CallLogger {
  public:
-  CallLogger(Services& services, ProgramState& state, CurrentCall& call, CallDisplay& display)
-      : services_(services), state_(state), call_(call), display_(display) {}
+  // Everything referred to outlives the logger.
+  CallLogger(DatabaseServices& databases, const Clock& clock, const LocaleFormat& locale,
+             Prompts& prompts, ProgramState& state, CurrentCall& call, CallDisplay& display)
+      : databases_(databases),
+        clock_(clock),
+        locale_(locale),
+        prompts_(prompts),
+        state_(state),
+        call_(call),
+        display_(display) {}
 
   // At the start resolves the contact, shows it and inserts the journal row; at the end reports the
   // duration and completes the row of a call that was connected. `isBusy` is looked at only at the
@@ -28,7 +38,10 @@ class CallLogger {
   void LogEnd(bool isBusy);
   void CompleteRow(const std::string& duration);
 
-  Services& services_;
+  DatabaseServices& databases_;
+  const Clock& clock_;
+  const LocaleFormat& locale_;
+  Prompts& prompts_;
   ProgramState& state_;
   CurrentCall& call_;
   CallDisplay& display_;

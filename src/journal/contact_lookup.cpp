@@ -1,9 +1,10 @@
 #include "journal/contact_lookup.h"
 
-#include <functional>
 #include <stdexcept>
 #include <string>
 
+#include "app/attempt.h"
+#include "app/host_paths.h"
 #include "app/number_text.h"
 #include "journal/field_access.h"
 #include "journal/open_failure.h"
@@ -18,14 +19,6 @@ constexpr std::size_t kMaxShortNumberCharacters = 5;
 constexpr const char* kNumberColumns[] = {
     "AdrDetail.RawTel1",     "AdrDetail.RawTel2",   "AdrDetail.RawSekTel", "AdrDetail.RawHandy",
     "AdrDetail.RawHandyprv", "AdrDetail.RawTelprv", "Adressen.RawZentrTel"};
-
-// Runs one step; a failing one leaves its target as it was and the next one runs.
-void Attempt(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const PlatformError&) {
-  }
-}
 
 std::int32_t KeyField(const Recordset& rows, std::string_view name) {
   return RoundToInt32(static_cast<double>(IntegerOf(rows.Field(name))));
@@ -108,7 +101,7 @@ void SetHostProperties(DatabaseConnection& connection, const HostEnvironment& ho
   } else {
     connection.SetProvider("Microsoft.Jet.OLEDB.4.0");
     connection.SetProperty("Data Source", host.dataPath + "CONTACT.FDB");
-    connection.SetProperty("Jet OLEDB:Database Password", "4rdxtz8w");
+    connection.SetProperty("Jet OLEDB:Database Password", kHostFilePassword);
   }
   connection.SetCursorLocation(DbCursorLocation::kClient);
   connection.SetProperty("Persist Security Info", "False");
@@ -116,7 +109,7 @@ void SetHostProperties(DatabaseConnection& connection, const HostEnvironment& ho
 
 }  // namespace
 
-bool ReopenDB(Services& services, ProgramState& state) {
+bool ReopenDB(Prompts& prompts, ProgramState& state) {
   DatabaseState& databases = state.databases;
   if (!databases.host) throw std::logic_error("no host connection");
   DatabaseConnection& connection = *databases.host;
@@ -135,14 +128,13 @@ bool ReopenDB(Services& services, ProgramState& state) {
     databases.hostConnectionString = connection.ConnectionString();
     return true;
   } catch (const PlatformError& error) {
-    ShowOpenFailure(services.prompts, error, "ReopenDB",
-                    "Datenbank konnte nicht initialisiert werden!");
+    ShowOpenFailure(prompts, error, "ReopenDB", "Datenbank konnte nicht initialisiert werden!");
     return false;
   }
 }
 
-void ResolveNumber(Services& services, ProgramState& state, CurrentCall& call) {
-  if (!ReopenDB(services, state)) return;
+void ResolveNumber(Prompts& prompts, ProgramState& state, CurrentCall& call) {
+  if (!ReopenDB(prompts, state)) return;
   call.personKey = 0;
   Attempt([&] {
     const auto rows = state.databases.host->Execute(
@@ -155,8 +147,8 @@ void ResolveNumber(Services& services, ProgramState& state, CurrentCall& call) {
   state.databases.host->Close();
 }
 
-void ResolveExtension(Services& services, ProgramState& state, CurrentCall& call) {
-  if (!ReopenDB(services, state)) return;
+void ResolveExtension(Prompts& prompts, ProgramState& state, CurrentCall& call) {
+  if (!ReopenDB(prompts, state)) return;
   Attempt([&] {
     const auto rows = state.databases.host->Execute(
         "SELECT Benutzer.ID,Benutzer.VName,Benutzer.NName,Grp_Abt.Bez FROM Grp_Abt INNER JOIN "

@@ -38,10 +38,10 @@ void AppendCalls(Recordset& rows, std::vector<JournalCall>& calls) {
 
 }  // namespace
 
-std::vector<JournalCall> ReadJournalCalls(Services& services, ProgramState& state,
+std::vector<JournalCall> ReadJournalCalls(Prompts& prompts, ProgramState& state,
                                           const std::string& query) {
   std::vector<JournalCall> calls;
-  if (!ReopenTelDB(services, state, JournalUse::kRead)) return calls;
+  if (!ReopenTelDB(prompts, state, JournalUse::kRead)) return calls;
   DatabaseConnection& journal = *state.databases.journal;
   try {
     AppendCalls(*journal.Execute(query), calls);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/program_state.h"
-#include "app/services.h"
+#include "platform/prompts.h"
 
 namespace orvane {
 
@@ -23,7 +23,7 @@ struct JournalCall {
 // The rows of a query for `Zeit`, `Ext`, `Nr`, `Firma`, `Ort` and `Person`, in the journal's order.
 // None, after a message box, when the journal cannot be opened; those before the failure when
 // reading fails.
-std::vector<JournalCall> ReadJournalCalls(Services& services, ProgramState& state,
+std::vector<JournalCall> ReadJournalCalls(Prompts& prompts, ProgramState& state,
                                           const std::string& query);
 
 }  // namespace orvane

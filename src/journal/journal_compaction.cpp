@@ -44,13 +44,13 @@ bool JournalIsLarge(const ProgramState& state) {
   return !error && size > kJournalCompactAboveBytes;
 }
 
-void CompactTelList(Services& services, const ProgramState& state) {
+void CompactTelList(DatabaseServices& databases, const ProgramState& state) {
   const std::string journal = state.host.userPath + kJournalFile;
   const std::string copy = state.host.userPath + "res\\tTelList";
   // A copy that an earlier run left behind is older than the journal and must never replace it.
   Remove(copy);
   try {
-    services.databases.CompactDatabase(CopyConnection(journal), CopyConnection(copy));
+    databases.CompactDatabase(CopyConnection(journal), CopyConnection(copy));
   } catch (const PlatformError&) {
     return;
   }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/program_state.h"
-#include "app/services.h"
+#include "platform/database.h"
 
 namespace orvane {
 
@@ -13,6 +13,6 @@ bool JournalIsLarge(const ProgramState& state);
 
 // Replaces the journal file by a compact copy and keeps the previous one as "TelList.OLD". Leaves
 // everything as it is when no copy can be made; reports nothing.
-void CompactTelList(Services& services, const ProgramState& state);
+void CompactTelList(DatabaseServices& databases, const ProgramState& state);
 
 }  // namespace orvane

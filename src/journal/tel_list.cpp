@@ -15,7 +15,6 @@ namespace {
 constexpr std::size_t kMaxCompanyCharacters = 99;
 constexpr std::size_t kMaxPlaceCharacters = 60;
 constexpr std::size_t kMaxPersonCharacters = 99;
-constexpr std::int32_t kErrorObjectNotSet = 91;
 
 struct Call {
   const std::string& startText;
@@ -104,13 +103,13 @@ void Update(DatabaseConnection& journal, const std::string& table, const std::st
 }
 
 // False when the journal is not open; whatever stands in the way was told to the user.
-bool OpenForWriting(Services& services, ProgramState& state) {
+bool OpenForWriting(Prompts& prompts, ProgramState& state) {
   try {
-    return ReopenTelDB(services, state);
+    return ReopenTelDB(prompts, state);
   } catch (const std::exception&) {
-    services.prompts.ShowMessage(PromptIcon::kExclamation,
-                                 "Telefondatenbank konnte nicht initialisiert werden.",
-                                 "Zugriffsfehler bei 'Perch: TelList'");
+    prompts.ShowMessage(PromptIcon::kExclamation,
+                        "Telefondatenbank konnte nicht initialisiert werden.",
+                        "Zugriffsfehler bei 'Perch: TelList'");
     return false;
   }
 }
@@ -144,29 +143,28 @@ void Reopen(DatabaseConnection& journal, ProgramState& state, JournalUse use) {
 
 }  // namespace
 
-bool ReopenTelDB(Services& services, ProgramState& state, JournalUse use) {
+bool ReopenTelDB(Prompts& prompts, ProgramState& state, JournalUse use) {
   const auto& journal = state.databases.journal;
   // Who writes has a message of his own for this.
   if (!journal && use == JournalUse::kWrite) throw std::logic_error("no journal connection");
   try {
-    if (!journal) throw DatabaseError(kErrorObjectNotSet, "Objektvariable nicht festgelegt");
+    if (!journal) throw ObjectNotSet<DatabaseError>();
     if (!journal->IsOpen()) Reopen(*journal, state, use);
     return true;
   } catch (const PlatformError& error) {
-    ShowOpenFailure(services.prompts, error, "ReopenTelDB",
+    ShowOpenFailure(prompts, error, "ReopenTelDB",
                     "Telefonliste konnte nicht initialisiert werden!");
     return false;
   }
 }
 
-void TelList(Services& services, ProgramState& state, std::string& kind,
-             const std::string& startText, const std::string& newTimeText,
-             const std::string& duration, const std::string& number, std::string& company,
-             std::string& place, std::string& person, std::int32_t addressKey,
+void TelList(Prompts& prompts, ProgramState& state, std::string& kind, const std::string& startText,
+             const std::string& newTimeText, const std::string& duration, const std::string& number,
+             std::string& company, std::string& place, std::string& person, std::int32_t addressKey,
              std::int32_t personKey) {
   const bool isUpdate = kind == "o" || kind == "i";
   const std::string ext = TakeExtFromKind(kind);
-  if (!OpenForWriting(services, state)) return;
+  if (!OpenForWriting(prompts, state)) return;
   DatabaseConnection& journal = *state.databases.journal;
   if (isUpdate) {
     Update(journal, kind, startText, newTimeText, duration);

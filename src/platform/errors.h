@@ -34,6 +34,22 @@ class DatabaseError : public PlatformError {
   std::int32_t nativeNumber_;
 };
 
+// Numbers and German descriptions that the run-time library gives to failures that have nothing to
+// do with one interface.
+inline constexpr std::int32_t kErrorPathAccess = 75;
+inline constexpr std::int32_t kErrorObjectNotSet = 91;
+
+// A file or folder that is there and cannot be used; `path` as the program composes it.
+inline PlatformError PathAccessError(const std::string& path) {
+  return {kErrorPathAccess, "Fehler beim Zugriff auf Pfad/Datei '" + path + "'"};
+}
+
+// An object that is asked for something before it was made or after it was given up.
+template <typename Error>
+Error ObjectNotSet() {
+  return Error(kErrorObjectNotSet, "Objektvariable nicht festgelegt");
+}
+
 class SerialError : public PlatformError {
   using PlatformError::PlatformError;
 };

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,11 +24,10 @@ class HostRegistry {
   // Separated by "\", without a leading one.
   virtual void SetKeyPath(std::string_view path) = 0;
 
-  // The value as text, or `fallback` when the key or the value does not exist. A value that is
-  // neither text nor a number counts as not existing. Throws RegistryError when access is refused
-  // or the store is damaged.
-  virtual std::string Read(std::string_view subKey, std::string_view name,
-                           std::string_view fallback) = 0;
+  // The value as text; nothing when the key or the value does not exist. A value that is neither
+  // text nor a number counts as not existing. Throws RegistryError when access is refused or the
+  // store is damaged.
+  virtual std::optional<std::string> Read(std::string_view subKey, std::string_view name) = 0;
 
   // Creates or replaces a text value, and the key where it is missing. The value is stored for good
   // when the call returns. Throws RegistryError.

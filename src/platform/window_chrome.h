@@ -4,13 +4,16 @@
 
 namespace orvane {
 
+// Places in the stacking order; any other number is the top of the windows that are not topmost.
+inline constexpr int kTopmost = -1;
+inline constexpr int kNotTopmost = 0;
+
 // What a window without a system frame needs of the system.
 class WindowChrome {
  public:
   virtual ~WindowChrome() = default;
 
-  // Place in the stacking order: -1 topmost, 0 not topmost, any other value the top of the normal
-  // ones. False when the system refused.
+  // False when the system refused.
   virtual bool SetTopmost(int flag, bool noActivate) = 0;
   virtual void AddDropShadow() = 0;
   // Cuts the window to a rounded rectangle, corner ellipses of the given size; all in pixels of 15

@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "app/field_splitter.h"
 #include "app/host_paths.h"
-#include "app/init_settings.h"
 #include "app/number_text.h"
 #include "dialing/number_preparation.h"
 #include "platform/text/text_tools.h"
@@ -58,7 +58,7 @@ std::vector<std::string> FieldsOf(const std::string& text) {
 void CommandChannel::HookWindow(std::uintptr_t window, const std::string& caption) {
   if (hooked_) return;
   hooked_ = true;
-  services_.channel.Hook(
+  channel_.Hook(
       window, caption,
       [this](const CopyData& data, const HostChannel::Handled& handled) {
         queue_.Submit([this, data, handled] {
@@ -71,7 +71,7 @@ void CommandChannel::HookWindow(std::uintptr_t window, const std::string& captio
 
 void CommandChannel::UnhookWindow() {
   hooked_ = false;
-  services_.channel.Unhook();
+  channel_.Unhook();
 }
 
 void CommandChannel::OnCopyData(const CopyData& data) {
@@ -106,15 +106,15 @@ void CommandChannel::RunCommands() {
   for (std::size_t i = 1; i < fields.size(); i += 2) {
     const std::string& parameters = fields.at(i + 1);
     const bool wasLoaded = panel_.IsLoaded();
-    queue_.Yield([this] { services_.loop.RunPendingOnce(); });
+    queue_.Yield([this] { loop_.RunPendingOnce(); });
     // A message that came meanwhile has replaced these commands; a window that was closed meanwhile
     // must not come up again.
     if (generation_ != generation || panel_.IsLoaded() != wasLoaded) return;
     if (fields[i] == "Dial") {
       Dial(parameters);
     } else {
-      services_.prompts.ShowMessage(PromptIcon::kExclamation,
-                                    "Der Schlüsselbefehl existiert nicht!", "Fehler 87117");
+      prompts_.ShowMessage(PromptIcon::kExclamation, "Der Schlüsselbefehl existiert nicht!",
+                           "Fehler 87117");
     }
   }
 }

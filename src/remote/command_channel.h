@@ -5,9 +5,11 @@
 #include <string_view>
 
 #include "app/program_state.h"
-#include "app/services.h"
 #include "app/work_queue.h"
 #include "journal/current_call.h"
+#include "platform/event_loop.h"
+#include "platform/host_channel.h"
+#include "platform/prompts.h"
 #include "remote/remote_panel.h"
 
 namespace orvane {
@@ -18,9 +20,16 @@ inline constexpr std::string_view kDialWindowCaption = "TALMIX_BRISKO";
 // The host's commands: receives them while the dial window is hooked, and runs them.
 class CommandChannel {
  public:
-  CommandChannel(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-                 RemotePanel& panel)
-      : services_(services), state_(state), call_(call), queue_(queue), panel_(panel) {}
+  // Everything referred to outlives the channel.
+  CommandChannel(HostChannel& channel, EventLoop& loop, Prompts& prompts, ProgramState& state,
+                 CurrentCall& call, WorkQueue& queue, RemotePanel& panel)
+      : channel_(channel),
+        loop_(loop),
+        prompts_(prompts),
+        state_(state),
+        call_(call),
+        queue_(queue),
+        panel_(panel) {}
 
   // Receives commands for the window, given by its native handle and caption. A second call while
   // hooked does nothing.
@@ -38,7 +47,9 @@ class CommandChannel {
   void SetUser(std::int32_t number);
   void Dial(const std::string& parameterText);
 
-  Services& services_;
+  HostChannel& channel_;
+  EventLoop& loop_;
+  Prompts& prompts_;
   ProgramState& state_;
   CurrentCall& call_;
   WorkQueue& queue_;

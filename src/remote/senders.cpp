@@ -5,19 +5,12 @@
 #include <string_view>
 
 #include "app/host_paths.h"
+#include "platform/text/text_tools.h"
 #include "remote/command_channel.h"
 #include "remote/copy_data_text.h"
 
 namespace orvane {
 namespace {
-
-std::string UpperAscii(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return upper;
-}
 
 std::optional<PeerWindow> FindPeer(HostChannel& channel,
                                    const std::function<bool(const std::string&)>& accepts) {
@@ -29,9 +22,13 @@ std::optional<PeerWindow> FindPeer(HostChannel& channel,
 
 }  // namespace
 
-void SendToRunningInstance(HostChannel& channel, const std::string& text) {
-  const auto peer = FindPeer(
+std::optional<PeerWindow> FindDialWindow(HostChannel& channel) {
+  return FindPeer(
       channel, [](const std::string& caption) { return caption.starts_with(kDialWindowCaption); });
+}
+
+void SendToRunningInstance(HostChannel& channel, const std::string& text) {
+  const auto peer = FindDialWindow(channel);
   if (!peer) return;
   channel.SendCopyData(*peer, MakeCopyData(text));
   channel.BringToFront(*peer);

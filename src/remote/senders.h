@@ -1,11 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/host_channel.h"
 
 namespace orvane {
+
+// The dial window of the dialer that runs in this session; nothing when there is none.
+std::optional<PeerWindow> FindDialWindow(HostChannel& channel);
 
 // Hands the text to the dialer that already runs in this session and brings it to the front. Does
 // nothing when none is found.

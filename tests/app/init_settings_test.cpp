@@ -7,7 +7,7 @@ namespace {
 
 class InitSettingsTest : public ProgramFixture {
  protected:
-  void Init() { InitSettings(services, state, panel); }
+  void Init() { SettingsLoader(ini, databases, tapi, prompts, state, panel).InitSettings(); }
 };
 
 TEST_F(InitSettingsTest, LoadsTheSpeedDialFile) {

@@ -18,14 +18,14 @@ class StartupTest : public ProgramFixture {
     state.host.registry.reset();
   }
   void SetUpRegistry(const std::string& name, const std::string& value) {
-    const auto helper = services.newRegistry();
+    const auto helper = newRegistry();
     BindHostRegistry(*helper);
     helper->Write("", name, value);
   }
   StartupOutcome Run(const std::string& commandLine) {
     prompts.boxes.clear();
     return RunStartup(
-        services, state, first, second, "C:\\Programme\\Brisko", commandLine,
+        newRegistry, instance, state, first, second, "C:\\Programme\\Brisko", commandLine,
         {[this](const std::string& text) { sent.push_back(text); }, [this] { ++executed; }});
   }
   void ExpectRefused(const std::string& commandLine, const Box& box) {
@@ -55,7 +55,7 @@ TEST_F(StartupTest, RefusesWithTheReason) {
   ExpectRefused("TX:17",
                 {PromptIcon::kStop, "Zugriffsfehler auf Registry", "Key-Zugriffsfehler 2"});
   EXPECT_EQ(prompts.boxes.size(), 2U);
-  services.newRegistry = [] { return nullptr; };
+  newRegistry = [] { return nullptr; };
   ExpectRefused("TX:17", {PromptIcon::kStop, "Die Anwendung Brisko reagiert nicht.",
                           "Brisko reagiert nicht!"});
 }

@@ -22,10 +22,10 @@ class DialCommandTest : public JournalFixture {
     Click(number);
   }
 
-  CallLogger logger{services, state, call, panel};
-  ModemDialer modem{services, state, call, queue, logger, panel};
-  TapiDialer tapiDialer{services, state, call, queue, logger, panel};
-  DialCommand dial{services, state, call, panel, modem, tapiDialer};
+  CallLogger logger = NewLogger(clock);
+  ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, call, logger, panel};
+  TapiDialer tapiDialer{tapi, clock, locale, prompts, state.settings, call, queue, logger, panel};
+  DialCommand dial{prompts, state, call, panel, modem, tapiDialer};
 };
 
 TEST_F(DialCommandTest, BuildsTheDialString) {
@@ -95,7 +95,7 @@ TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
                                                      "die CTI-Telefonwahl konfigurieren."}));
     }
   }
-  tapi.SetTag("opened");
+  tapi.tag = TapiTag::kOpened;
   state.settings.dialMethod = kDialMethodTapi;
   state.settings.tapiLineId = 0;
   panel.devDialTicked = false;

@@ -1,6 +1,6 @@
 #include "dialing/modem_dialer.h"
 
-#include "dialing/test_modem_dialer.h"
+#include "dialing/trial_modem_dialer.h"
 #include "fakes/program_fixture.h"
 #include "fakes/recording_test_dial.h"
 
@@ -20,8 +20,8 @@ class ModemDialerTest : public JournalFixture {
     queue.Submit([this] { modem.DialModem("00301234"); });
   }
 
-  CallLogger logger{services, state, call, panel};
-  ModemDialer modem{services, state, call, queue, logger, panel};
+  CallLogger logger = NewLogger(clock);
+  ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, call, logger, panel};
 };
 
 TEST_F(ModemDialerTest, DialsWhenTheModemHasAnsweredWithTwoCharacters) {
@@ -129,7 +129,7 @@ TEST_F(ModemDialerTest, WhatHappensBehindAMessageBoxWaitsForIt) {
 
 TEST_F(ModemDialerTest, TheTestDialUsesItsOwnPortAndNoJournal) {
   RecordingTestDial dialog;
-  TestModemDialer test{services, queue, dialog};
+  TrialModemDialer test{{serial, loop, clock, prompts, queue}, dialog};
   test.TestDialModem("0217");
   EXPECT_EQ(serial.CommPort(), 3);
   serial.Feed("OK");

@@ -15,7 +15,7 @@ class TapiDialerTest : public JournalFixture {
   TapiDialerTest() {
     state.settings.tapiLineId = 0;
     call.company = "Muster GmbH";
-    tapi.SetTag("opened");
+    tapi.tag = TapiTag::kOpened;
   }
   void Click() {
     queue.Submit([this] { dialer.DialTAPI("00301234"); });
@@ -31,8 +31,8 @@ class TapiDialerTest : public JournalFixture {
     dialer.OnCallState(handle, 1, kLineCallIdle);
   }
 
-  CallLogger logger{services, state, call, panel};
-  TapiDialer dialer{services, state, call, queue, logger, panel};
+  CallLogger logger = NewLogger(clock);
+  TapiDialer dialer{tapi, clock, locale, prompts, state.settings, call, queue, logger, panel};
 };
 
 TEST_F(TapiDialerTest, ACallFromClickToHangUp) {
@@ -140,7 +140,7 @@ TEST_F(TapiDialerTest, LooksAgainForALineThatWasNotThere) {
 }
 
 TEST_F(TapiDialerTest, ALostLineIsOpenedAgainByTheNextCall) {
-  dialer.OnLineMessage("SUCCESS", "TapiLineClose", 0);
+  tapi.tag = TapiTag::kClosed;
   Click();
   EXPECT_EQ(tapi.log, (Lines{"open 0 4 6 9", "call 0 00301234"}));
 }
@@ -187,18 +187,6 @@ TEST_F(TapiDialerTest, TheOptionsDialogGetsTheEventsWhileItIsOpen) {
                                    "*Verbindung getrennt! - Handle, ID: 7  1", "focus"}));
   }
   EXPECT_TRUE(panel.log.empty() && databases.statements.empty());
-}
-
-TEST_F(TapiDialerTest, LineMessagesKeepTheTag) {
-  for (const auto& [result, function, tag] : {std::tuple{"SUCCESS", "TapiLineInit", "closed"},
-                                              {"SUCCESS", "TapiLineOpen", "opened"},
-                                              {"SUCCESS", "TapiLineClose", "closed"},
-                                              {"SUCCESS", "TapiMakeCall", "x"},
-                                              {"FAILED", "TapiLineOpen", "x"}}) {
-    tapi.SetTag("x");
-    dialer.OnLineMessage(result, function, 0);
-    EXPECT_EQ(tapi.Tag(), tag) << function;
-  }
 }
 
 TEST_F(TapiDialerTest, EventsBehindAMessageBoxKeepTheirOrder) {

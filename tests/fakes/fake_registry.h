@@ -28,11 +28,10 @@ class FakeRegistry : public HostRegistry {
   void SetRootKey(std::uint32_t root) override { root_ = root; }
   void SetKeyPath(std::string_view path) override { path_ = path; }
 
-  std::string Read(std::string_view subKey, std::string_view name,
-                   std::string_view fallback) override {
+  std::optional<std::string> Read(std::string_view subKey, std::string_view name) override {
     if (store_->denyReads) throw RegistryError(5, "Zugriff verweigert");
     const auto found = store_->values.find(Key(subKey, name));
-    return found == store_->values.end() ? std::string(fallback) : found->second;
+    return found == store_->values.end() ? std::nullopt : std::optional(found->second);
   }
 
   void Write(std::string_view subKey, std::string_view name, std::string_view value) override {

@@ -4,6 +4,7 @@
 #include <set>
 #include <string>
 
+#include "platform/serial/port_rules.h"
 #include "platform/serial/serial_errors.h"
 #include "platform/serial_control.h"
 
@@ -12,12 +13,7 @@ namespace orvane {
 // Serial ports in memory. A test plays the far end with Feed, Unplug and `sent`.
 class FakeSerial : public SerialControl {
  public:
-  void SetCommPort(int port) override {
-    if (port == port_) return;
-    if (open_) throw MakeSerialError(kSerialInvalidOpenPort);
-    if (port < 1 || port > kSerialMaxPort) throw MakeSerialError(kSerialInvalidPort);
-    port_ = port;
-  }
+  void SetCommPort(int port) override { port_ = ChangedCommPort(port_, port, open_); }
   int CommPort() const override { return port_; }
 
   void SetPortOpen(bool open) override {

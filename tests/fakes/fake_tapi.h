@@ -12,7 +12,7 @@ namespace orvane {
 class FakeTapi : public TapiControl {
  public:
   void Initialise() override {
-    tag_ = "closed";
+    tag = TapiTag::kClosed;
     log.emplace_back("init");
   }
   int LineCount() override { return static_cast<int>(lineNames.size()); }
@@ -27,30 +27,34 @@ class FakeTapi : public TapiControl {
                   std::to_string(line));
     if (failing) throw TapiError(-2147483575, "Kein Dialog");
   }
-  void OpenLine(std::int32_t& line, std::int32_t privileges, std::int32_t mediaModes,
-                std::int16_t options) override {
+  std::int32_t OpenLine(std::int32_t line, std::int32_t privileges, std::int32_t mediaModes,
+                        std::int16_t options) override {
     log.push_back("open " + std::to_string(line) + " " + std::to_string(privileges) + " " +
                   std::to_string(mediaModes) + " " + std::to_string(options));
     if (line == goneLine) throw TapiError(-2147483615, "Gerät entfernt");
-    tag_ = "opened";
+    tag = TapiTag::kOpened;
+    return line;
   }
   void CloseLine(std::int32_t line) override {
     log.push_back("close " + std::to_string(line));
     if (line == goneLine) throw TapiError(-2147483615, "Gerät entfernt");
   }
-  std::int32_t MakeCall(std::int32_t& line, std::string& dialString,
-                        std::int16_t /*options*/) override {
+  std::int32_t MakeCall(std::int32_t line, const std::string& dialString,
+                        std::int16_t options) override {
     log.push_back("call " + std::to_string(line) + " " + dialString);
+    if (options != 0) log.push_back("options " + std::to_string(options));
     if (failing) throw TapiError(-2147483576, "Leitung gestört");
     return nextCall;
   }
-  void DropCall(std::int32_t& line, std::int32_t& callHandle) override {
+  void DropCall(std::int32_t line, std::int32_t callHandle) override {
     log.push_back("drop " + std::to_string(line) + " " + std::to_string(callHandle));
     if (failing) throw TapiError(-2147483576, "Leitung gestört");
   }
-  void ShutDown() override { log.emplace_back("shutdown"); }
-  std::string Tag() const override { return tag_; }
-  void SetTag(const std::string& tag) override { tag_ = tag; }
+  void ShutDown() override {
+    log.emplace_back("shutdown");
+    tag = TapiTag::kNone;
+  }
+  TapiTag Tag() const override { return tag; }
   void SetEvents(TapiEvents* listener) override { events = listener; }
 
   std::vector<std::string> lineNames;
@@ -65,9 +69,7 @@ class FakeTapi : public TapiControl {
   std::int32_t goneLine = -1;
   // Placing and dropping calls and showing dialogs fails.
   bool failing = false;
-
- private:
-  std::string tag_;
+  TapiTag tag = TapiTag::kNone;
 };
 
 }  // namespace orvane

@@ -4,7 +4,6 @@
 
 #include "app/host_paths.h"
 #include "app/program_state.h"
-#include "app/services.h"
 #include "app/work_queue.h"
 #include "fakes/fake_channel.h"
 #include "fakes/fake_ini.h"
@@ -18,6 +17,7 @@
 #include "fakes/fixed_clock.h"
 #include "fakes/hand_loop.h"
 #include "fakes/temporary_folder.h"
+#include "journal/call_logger.h"
 #include "journal/current_call.h"
 #include "journal_schema.h"
 #include "platform/databases/sqlite/sqlite_services.h"
@@ -35,7 +35,7 @@ class ProgramFixture : public testing::Test {
     state.host.resPath = state.host.hostPath + "res\\";
     state.host.userNumber = 17;
     state.host.userPath = UserFolder(state.host, 17);
-    state.host.registry = services.newRegistry();
+    state.host.registry = newRegistry();
     BindHostRegistry(*state.host.registry);
     state.settings.countryPrefix = "+49";
   }
@@ -48,7 +48,12 @@ class ProgramFixture : public testing::Test {
   void SetRegistry(const std::string& name, const std::string& value) {
     state.host.registry->Write("", name, value);
   }
-  std::string Registry(const std::string& name) { return state.host.registry->Read("", name, ""); }
+  std::string Registry(const std::string& name, const std::string& section = "") {
+    return state.host.registry->Read(section, name).value_or("");
+  }
+  CallLogger NewLogger(const Clock& time) {
+    return {databases, time, locale, prompts, state, call, panel};
+  }
 
   TemporaryFolder folder;
   std::shared_ptr<FakeRegistryStore> registry = std::make_shared<FakeRegistryStore>();
@@ -66,8 +71,6 @@ class ProgramFixture : public testing::Test {
   FakePrompts prompts;
   RegistryFactory newRegistry = FakeRegistryFactory(registry);
   std::vector<std::string> serialPorts{"COM1", "COM3"};
-  Services services{newRegistry, ini,  databases, serial, tapi,    channel,
-                    instance,    loop, clock,     locale, prompts, [this] { return serialPorts; }};
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;

@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "dialing/test_dial_panel.h"
+#include "dialing/trial_dial_panel.h"
 
 namespace orvane {
 
 // The options dialog's test dial without a dialog: writes down what it was told.
-class RecordingTestDial : public TestDialPanel {
+class RecordingTestDial : public TrialDialPanel {
  public:
   void SetTestDialIdle(bool idle) override {
     pressed = !idle;

@@ -45,7 +45,7 @@ class CallLoggerTest : public JournalFixture {
     return all.find(part) != std::string::npos;
   }
 
-  CallLogger logger{services, state, call, panel};
+  CallLogger logger = NewLogger(clock);
 };
 
 TEST_F(CallLoggerTest, LooksTheContactUpUnlessTheHostHandedItIn) {

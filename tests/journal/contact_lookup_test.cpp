@@ -18,7 +18,7 @@ class ContactLookupTest : public ProgramFixture {
     call.addressKey = call.personKey = 5;
     call.lastDialedDigits = dialled;
     call.canonicalNumber = prepared;
-    (intern ? ResolveExtension : ResolveNumber)(services, state, call);
+    (intern ? ResolveExtension : ResolveNumber)(prompts, state, call);
     EXPECT_FALSE(state.databases.host->IsOpen());
     return call.company + "|" + call.place + "|" + call.person + "|" +
            std::to_string(call.addressKey) + "|" + std::to_string(call.personKey);

@@ -15,7 +15,7 @@ class JournalCallsTest : public JournalFixture {
  protected:
   std::string Calls(const std::string& query = kQuery) {
     std::string text;
-    for (const JournalCall& c : ReadJournalCalls(services, state, query)) {
+    for (const JournalCall& c : ReadJournalCalls(prompts, state, query)) {
       text += (c.time ? std::to_string(*c.time) : "-") + (c.external ? "|ext|" : "|int|") +
               c.number + "|" + c.company + "|" + c.place + "|" + c.person + "\n";
     }
@@ -24,7 +24,7 @@ class JournalCallsTest : public JournalFixture {
   }
   std::string Insert() {
     std::string kind = "1", company = "A", place = "B", person = "C";
-    TelList(services, state, kind, "04/03/2024 09:00:00", "0", "", "1", company, place, person, 0,
+    TelList(prompts, state, kind, "04/03/2024 09:00:00", "0", "", "1", company, place, person, 0,
             0);
     return RawSqlite(UserFile("TelList.fdb")).Run("SELECT count(*) FROM o");
   }

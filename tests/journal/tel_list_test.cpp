@@ -19,7 +19,7 @@ class TelListTest : public JournalFixture {
   };
   // Gives the kind as the journal leaves it.
   std::string Insert(Row row) {
-    TelList(services, state, row.kind, row.start, row.connected, row.duration, row.number,
+    TelList(prompts, state, row.kind, row.start, row.connected, row.duration, row.number,
             row.company, row.place, row.person, row.addressKey, row.personKey);
     return row.kind;
   }
@@ -157,13 +157,13 @@ TEST_F(TelListTest, CompactionSwapsTheFilesOrLeavesEverything) {
   Insert({});
   WriteFile(UserFile("tTelList"), "left behind");
   databases.FailCompact(kDbErrorFailed, "voll");
-  CompactTelList(services, state);
+  CompactTelList(databases, state);
   EXPECT_EQ(Rows("ID").size(), 1U);
   EXPECT_FALSE(std::filesystem::exists(UserFile("TelList.OLD")));
 
   databases.Heal();
   WriteFile(UserFile("TelList.OLD"), "older");
-  CompactTelList(services, state);
+  CompactTelList(databases, state);
   EXPECT_EQ(Rows("ID").size(), 1U);
   EXPECT_GT(std::filesystem::file_size(UserFile("TelList.OLD")), 100U);
   EXPECT_FALSE(std::filesystem::exists(UserFile("tTelList")));

@@ -6,6 +6,7 @@
 #include "demo_host/demo_system.h"
 #include "remote/command_channel.h"
 #include "remote/copy_data_text.h"
+#include "remote/senders.h"
 
 namespace orvane {
 namespace {
@@ -50,11 +51,8 @@ bool DialerLink::IsRunning() const {
 }
 
 bool DialerLink::Send(const std::string& message) {
-  const auto windows = channel_.Windows();
-  const auto dialer = std::find_if(windows.begin(), windows.end(), [](const PeerWindow& window) {
-    return !window.hasParent && window.caption.starts_with(kDialWindowCaption);
-  });
-  return dialer != windows.end() && channel_.SendCopyData(*dialer, MakeCopyData(message));
+  const auto dialer = FindDialWindow(channel_);
+  return dialer && channel_.SendCopyData(*dialer, MakeCopyData(message));
 }
 
 bool DialerLink::Close(const std::string& killMessage) {

@@ -5,6 +5,7 @@
 
 #include "platform/databases/database_errors.h"
 #include "platform/errors.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {
@@ -19,22 +20,12 @@ constexpr std::array<ModeName, 4> kModeNames{{{DbMode::kUnknown, "Share Deny Non
                                               {DbMode::kReadWrite, "ReadWrite"}}};
 constexpr std::string_view kBlanks = " \t\r\n";
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-std::string_view Trim(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 [[noreturn]] void RefuseText() {
   throw DatabaseError(kDbErrorFailed, "Die Verbindungszeichenfolge ist ungültig.");
 }
 
 std::string Quoted(std::string_view value) {
-  const bool plain = !value.empty() && value == Trim(value) &&
+  const bool plain = !value.empty() && value == Trimmed(value, kBlanks) &&
                      value.find_first_of(";=\"'") == std::string_view::npos;
   if (plain) return std::string(value);
   std::string result = "\"";
@@ -55,11 +46,11 @@ std::string TakeValue(std::string_view& text) {
       if (text[i] == quote) ++i;
       value += text[i];
     }
-    text = Trim(text.substr(i + 1));
+    text = Trimmed(text.substr(i + 1), kBlanks);
     if (!text.empty() && text.front() != ';') RefuseText();
   } else {
     const std::string_view plain = text.substr(0, text.find(';'));
-    value = Trim(plain);
+    value = Trimmed(plain, kBlanks);
     text.remove_prefix(plain.size());
   }
   if (!text.empty()) text.remove_prefix(1);
@@ -68,20 +59,15 @@ std::string TakeValue(std::string_view& text) {
 
 }  // namespace
 
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
 ConnectionProperties ConnectionProperties::Parse(std::string_view text) {
   ConnectionProperties result;
-  for (text = Trim(text); !text.empty(); text = Trim(text)) {
+  for (text = Trimmed(text, kBlanks); !text.empty(); text = Trimmed(text, kBlanks)) {
     if (text.front() == ';') {
       text.remove_prefix(1);
       continue;
     }
     const std::size_t equals = text.find('=');
-    const std::string_view name = Trim(text.substr(0, equals));
+    const std::string_view name = Trimmed(text.substr(0, equals), kBlanks);
     if (equals == std::string_view::npos || name.empty() ||
         name.find_first_of(";\"'") != std::string_view::npos) {
       RefuseText();
@@ -93,7 +79,7 @@ ConnectionProperties ConnectionProperties::Parse(std::string_view text) {
 }
 
 void ConnectionProperties::Set(std::string_view name, std::string_view value) {
-  name = Trim(name);
+  name = Trimmed(name, kBlanks);
   if (name.empty() || name.find_first_of("=;\"'") != std::string_view::npos) {
     ThrowNoSuchField();
   }

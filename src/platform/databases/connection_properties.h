@@ -37,7 +37,4 @@ class ConnectionProperties {
   std::vector<std::pair<std::string, std::string>> values_;
 };
 
-// ASCII letters of both cases are equal, everything else must be the same.
-bool EqualsIgnoringCase(std::string_view a, std::string_view b);
-
 }  // namespace orvane

@@ -4,6 +4,7 @@
 
 #include "platform/databases/connection_properties.h"
 #include "platform/databases/database_errors.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 

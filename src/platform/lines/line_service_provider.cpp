@@ -1,12 +1,12 @@
 #include "platform/lines/line_service_provider.h"
 
-#include "platform/errors.h"
+#include "platform/lines/line_errors.h"
 
 namespace orvane {
 
 void LineServiceProvider::ShowDialog(int /*line*/, LineDialog /*dialog*/,
                                      std::uintptr_t /*owner*/) {
-  throw TapiError(kLineErrorOperationUnavailable, "Diese Leitung hat keinen solchen Dialog.");
+  throw MakeLineError(kLineErrorOperationUnavailable);
 }
 
 }  // namespace orvane

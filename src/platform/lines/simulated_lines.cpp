@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "platform/errors.h"
+#include "platform/lines/line_errors.h"
 
 namespace orvane {
 
@@ -17,7 +17,7 @@ void SimulatedLines::ShutDown() {
 
 std::string SimulatedLines::LineName(int line) const {
   if (line < 0 || line >= LineCount()) {
-    throw TapiError(kLineErrorBadDevice, "Die Leitung gibt es nicht.");
+    throw MakeLineError(kLineErrorBadDevice);
   }
   return "Simulierte Leitung " + std::to_string(line + 1);
 }
@@ -38,8 +38,8 @@ void SimulatedLines::CloseLine(int line) {
 
 std::int32_t SimulatedLines::MakeCall(int line, const std::string& number) {
   Line& calling = At(line);
-  if (!calling.open) throw TapiError(kLineErrorInvalidLine, "Die Leitung ist nicht geöffnet.");
-  if (calling.call != 0) throw TapiError(kLineErrorCallUnavailable, "Die Leitung ist belegt.");
+  if (!calling.open) throw MakeLineError(kLineErrorInvalidLine);
+  if (calling.call != 0) throw MakeLineError(kLineErrorCallUnavailable);
   calling.call = handles_.Next();
   calling.course = CourseOf(number);
   After(calling, times_.toRing, &SimulatedLines::Dial);
@@ -49,14 +49,14 @@ std::int32_t SimulatedLines::MakeCall(int line, const std::string& number) {
 void SimulatedLines::DropCall(int line, std::int32_t callHandle) {
   Line& dropped = At(line);
   if (dropped.call == 0 || (callHandle != 0 && callHandle != dropped.call)) {
-    throw TapiError(kLineErrorInvalidCall, "Dieses Gespräch gibt es nicht.");
+    throw MakeLineError(kLineErrorInvalidCall);
   }
   After(dropped, times_.hangUp, &SimulatedLines::End);
 }
 
 SimulatedLines::Line& SimulatedLines::At(int line) {
   if (line < 0 || line >= LineCount()) {
-    throw TapiError(kLineErrorBadDevice, "Die Leitung gibt es nicht.");
+    throw MakeLineError(kLineErrorBadDevice);
   }
   return lines_[static_cast<std::size_t>(line)];
 }

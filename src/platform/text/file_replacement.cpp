@@ -10,17 +10,11 @@
 namespace orvane {
 namespace {
 
-constexpr std::int32_t kErrorPathAccess = 75;
-
 // What a link leads to is replaced, not the link.
 std::filesystem::path FileBehind(const std::filesystem::path& path) {
   std::error_code error;
   const std::filesystem::path real = std::filesystem::canonical(path, error);
   return error ? path : real;
-}
-
-[[noreturn]] void ThrowNoAccess(const std::string& path) {
-  throw PlatformError(kErrorPathAccess, "Fehler beim Zugriff auf Pfad/Datei '" + path + "'");
 }
 
 }  // namespace
@@ -31,7 +25,7 @@ FileReplacement::FileReplacement(const std::string& path, std::string_view bytes
   std::error_code error;
   // A file that is protected against writing is not to be replaced either.
   if (std::filesystem::exists(file_, error) && !std::ofstream(file_, std::ios::app)) {
-    ThrowNoAccess(path_);
+    throw PathAccessError(path_);
   }
   try {
     Write(bytes);
@@ -52,7 +46,7 @@ void FileReplacement::Write(std::string_view bytes) const {
   stream.close();
   // After a power cut the file must hold the old content or the new one, so the new one has to be
   // on the disk before it takes the old one's place.
-  if (!stream || !FlushToDisk(written_)) ThrowNoAccess(path_);
+  if (!stream || !FlushToDisk(written_)) throw PathAccessError(path_);
   std::error_code ignored;
   const auto status = std::filesystem::status(file_, ignored);
   if (std::filesystem::exists(status)) {
@@ -63,7 +57,7 @@ void FileReplacement::Write(std::string_view bytes) const {
 void FileReplacement::Commit() {
   std::error_code error;
   std::filesystem::rename(written_, file_, error);
-  if (error) ThrowNoAccess(path_);
+  if (error) throw PathAccessError(path_);
   written_.clear();
 }
 

@@ -8,7 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "platform/errors.h"
+#include "app/host_paths.h"
 #include "ui/dial/widget_placement.h"
 #include "ui/logic/window_geometry.h"
 #include "ui/style/command_button.h"
@@ -20,25 +20,25 @@ namespace orvane {
 namespace {
 
 constexpr int kCornerPixels = 20;
-constexpr std::int32_t kErrorObjectNotSet = 91;
 
 }  // namespace
 
-frmDial::frmDial(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-                 const ChromeFactory& newChrome)
+frmDial::frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
-      services_(services),
+      system_(system),
       state_(state),
       call_(call),
       queue_(queue),
-      logger_(services, state, call, *this),
-      modem_(services, state, call, queue, logger_, *this),
-      tapi_(services, state, call, queue, logger_, *this),
-      dial_(services, state, call, *this, modem_, tapi_),
-      channel_(services, state, call, queue, *this),
+      settings_(system.ini, system.databases, system.tapi, system.prompts, state, *this),
+      logger_(system.databases, system.clock, system.locale, system.prompts, state, call, *this),
+      modem_({system.serial, system.loop, system.clock, system.prompts, queue}, state.settings,
+             call, logger_, *this),
+      tapi_(system.tapi, system.clock, system.locale, system.prompts, state.settings, call, queue,
+            logger_, *this),
+      dial_(system.prompts, state, call, *this, modem_, tapi_),
+      channel_(system.channel, system.loop, system.prompts, state, call, queue, *this),
       c_(BuildDialControls(*this)),
-      newChrome_(newChrome),
-      chrome_(newChrome_(*this)) {
+      chrome_(system.newChrome(*this)) {
   setObjectName(QStringLiteral("frmDial"));
   setWindowTitle(
       QString::fromUtf8(kDialWindowCaption.data(), qsizetype(kDialWindowCaption.size())));
@@ -55,10 +55,7 @@ frmDial::~frmDial() {
 }
 
 HostRegistry& frmDial::Registry() {
-  if (!state_.host.registry) {
-    throw RegistryError(kErrorObjectNotSet, "Objektvariable nicht festgelegt");
-  }
-  return *state_.host.registry;
+  return RegistryOf(state_.host);
 }
 
 // The form sees keys before its controls, and presses on its free areas move it.

@@ -7,8 +7,9 @@
 #include <set>
 #include <string>
 
+#include "app/host_settings.h"
+#include "app/init_settings.h"
 #include "app/program_state.h"
-#include "app/services.h"
 #include "app/settings_panel.h"
 #include "app/work_queue.h"
 #include "dialing/dial_command.h"
@@ -22,6 +23,7 @@
 #include "remote/command_channel.h"
 #include "remote/remote_panel.h"
 #include "ui/dial/dial_controls.h"
+#include "ui/dial/dial_system.h"
 #include "ui/dial/double_click.h"
 #include "ui/logic/call_columns.h"
 #include "ui/logic/call_query.h"
@@ -41,11 +43,8 @@ class frmDial final : public QWidget,
                       public RemotePanel,
                       public OptionsOwner {
  public:
-  using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
-
   // Everything referred to outlives the window. Builds the controls; Load does the rest.
-  frmDial(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-          const ChromeFactory& newChrome);
+  frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue);
   ~frmDial() override;
   frmDial(const frmDial&) = delete;
   frmDial& operator=(const frmDial&) = delete;
@@ -146,7 +145,7 @@ class frmDial final : public QWidget,
   void ShowCallCount();
   void SaveCallColumns();
   void ShowHistoryPanel(bool shown);
-  void OnCallFilter(std::string_view setting, int value);
+  void OnCallFilter(const NumberSetting& setting, int value);
   void OnTextFilter();
   void OnCallTaken(const std::string& number);
 
@@ -167,11 +166,12 @@ class frmDial final : public QWidget,
 
   HostRegistry& Registry();
 
-  Services& services_;
+  DialSystem system_;
   ProgramState& state_;
   CurrentCall& call_;
   WorkQueue& queue_;
 
+  SettingsLoader settings_;
   CallLogger logger_;
   ModemDialer modem_;
   TapiDialer tapi_;
@@ -181,7 +181,6 @@ class frmDial final : public QWidget,
   DialControls c_;
   std::set<const QObject*> dragAreas_;
   DoubleClick titleClicks_;
-  ChromeFactory newChrome_;
   std::unique_ptr<WindowChrome> chrome_;
   // While it is open the window is disabled and hidden. Belongs to the window.
   frmOptionen* options_ = nullptr;

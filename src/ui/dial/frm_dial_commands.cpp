@@ -6,9 +6,10 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
+#include "app/attempt.h"
+#include "app/host_settings.h"
 #include "dialing/number_preparation.h"
 #include "platform/text/text_tools.h"
-#include "ui/dial/attempt.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/logic/speed_dial_selection.h"
 #include "ui/style/command_button.h"
@@ -127,7 +128,7 @@ void frmDial::OnGetClipboard() {
 
 void frmDial::OnRedial() {
   if (!NumberEnabled()) return;
-  Attempt([this] { SetNumberText(Registry().Read("", "Wahlwdh", "")); });
+  Attempt([this] { SetNumberText(Stored(Registry(), setting::kRedial).value_or("")); });
   c_.txtNr->setFocus();
 }
 
@@ -148,8 +149,8 @@ void frmDial::OnSpeedDial(int index) {
 }
 
 void frmDial::RefuseDuringSession(const std::string& text) {
-  services_.prompts.Beep();
-  services_.prompts.ShowMessage(PromptIcon::kExclamation, text, kRefusalTitle);
+  system_.prompts.Beep();
+  system_.prompts.ShowMessage(PromptIcon::kExclamation, text, kRefusalTitle);
 }
 
 }  // namespace orvane

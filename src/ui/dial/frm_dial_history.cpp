@@ -5,9 +5,10 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 
+#include "app/attempt.h"
+#include "app/host_settings.h"
 #include "app/number_text.h"
 #include "journal/journal_calls.h"
-#include "ui/dial/attempt.h"
 #include "ui/dial/call_list_view.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/dial/history_controls.h"
@@ -21,11 +22,6 @@
 
 namespace orvane {
 namespace {
-
-constexpr std::string_view kTabValue = "TelTab";
-constexpr std::string_view kPeriodValue = "cboFilter";
-constexpr std::string_view kKindValue = "cTel";
-constexpr std::string_view kColumnsValue = "TelSpalten";
 
 // The hourglass while it lives.
 class BusyCursor {
@@ -43,18 +39,17 @@ class BusyCursor {
 
 void frmDial::ConnectHistory() {
   connect(c_.cboFilter, &QComboBox::activated, this, [this](int period) {
-    queue_.Submit([this, period] { OnCallFilter(kPeriodValue, period); });
+    queue_.Submit([this, period] { OnCallFilter(setting::kCallPeriod, period); });
   });
   for (std::size_t kind = 0; kind < c_.chkTelList.size(); ++kind) {
     connect(c_.chkTelList[kind], &QCheckBox::clicked, this, [this, kind](bool checked) {
-      queue_.Submit([this, kind, checked] {
-        OnCallFilter(std::string(kKindValue) + std::to_string(kind), checked ? 1 : 0);
-      });
+      queue_.Submit(
+          [this, kind, checked] { OnCallFilter(setting::kCallKinds[kind], checked ? 1 : 0); });
     });
   }
   const auto onTab = [this](int tab) {
     queue_.Submit([this, tab] {
-      OnCallFilter(kTabValue, tab);
+      OnCallFilter(setting::kCallTab, tab);
       c_.repTel->setFocus();
     });
   };
@@ -74,26 +69,24 @@ void frmDial::ConnectHistory() {
 }
 
 void frmDial::LoadHistory() {
-  const auto stored = [this](std::string_view name, int fallback, int end) {
-    int value = fallback;
+  const auto stored = [this](const NumberSetting& setting, int end) {
+    int value = setting.fallback;
     Attempt([&] {
-      const std::string text = Registry().Read(kDialSection, name, "");
+      const std::string text = Stored(Registry(), setting).value_or("");
       if (!text.empty()) value = RoundToInt32(LeadingNumber(text));
     });
-    return value >= 0 && value < end ? value : fallback;
+    return value >= 0 && value < end ? value : setting.fallback;
   };
   {
     const QSignalBlocker loading(c_.tabTab);
-    c_.tabTab->setCurrentIndex(
-        stored(kTabValue, static_cast<int>(CallTab::kOutgoing), c_.tabTab->count()));
+    c_.tabTab->setCurrentIndex(stored(setting::kCallTab, c_.tabTab->count()));
   }
-  c_.cboFilter->setCurrentIndex(stored(kPeriodValue, 0, kCallPeriods));
+  c_.cboFilter->setCurrentIndex(stored(setting::kCallPeriod, kCallPeriods));
   for (std::size_t kind = 0; kind < c_.chkTelList.size(); ++kind) {
-    c_.chkTelList[kind]->setChecked(stored(std::string(kKindValue) + std::to_string(kind), 1, 2) ==
-                                    1);
+    c_.chkTelList[kind]->setChecked(stored(setting::kCallKinds[kind], 2) == 1);
   }
   Attempt([this] {
-    const auto columns = ParseCallColumns(Registry().Read(kDialSection, kColumnsValue, ""));
+    const auto columns = ParseCallColumns(Stored(Registry(), setting::kCallColumns).value_or(""));
     if (columns) c_.repTel->SetColumns(*columns);
   });
   savedColumns_ = c_.repTel->Columns();
@@ -102,7 +95,7 @@ void frmDial::LoadHistory() {
 void frmDial::SaveCallColumns() {
   const CallColumns columns = c_.repTel->Columns();
   if (SameArrangement(columns, savedColumns_)) return;
-  Attempt([&] { Registry().Write(kDialSection, kColumnsValue, CallColumnsText(columns)); });
+  Attempt([&] { Store(Registry(), setting::kCallColumns, CallColumnsText(columns)); });
   savedColumns_ = columns;
 }
 
@@ -116,15 +109,16 @@ CallFilter frmDial::ChosenCalls() const {
 }
 
 void frmDial::RefreshTelList() {
-  const BusyCursor busy(services_.prompts);
-  const CallDays days = CallDaysOf(services_.clock.Now());
+  const BusyCursor busy(system_.prompts);
+  const CallDays days = CallDaysOf(system_.clock.Now());
   shownJournal_ = state_.host.userPath;
   // Neither a message about the journal nor the wait for it must stand beside the calls of another
   // choice.
   c_.repTel->Clear();
   c_.lblInf[1]->clear();
-  c_.repTel->SetGroups(GroupCalls(
-      ReadJournalCalls(services_, state_, CallQuery(ChosenCalls(), days)), days, services_.locale));
+  c_.repTel->SetGroups(
+      GroupCalls(ReadJournalCalls(system_.prompts, state_, CallQuery(ChosenCalls(), days)), days,
+                 system_.locale));
   ShowCallCount();
 }
 
@@ -139,8 +133,8 @@ void frmDial::ShowCallCount() {
   }
 }
 
-void frmDial::OnCallFilter(std::string_view setting, int value) {
-  Attempt([&] { Registry().Write(kDialSection, setting, std::to_string(value)); });
+void frmDial::OnCallFilter(const NumberSetting& setting, int value) {
+  Attempt([&] { Store(Registry(), setting, std::to_string(value)); });
   RefreshTelList();
 }
 

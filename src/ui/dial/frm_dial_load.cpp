@@ -5,10 +5,11 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "app/init_settings.h"
+#include "app/attempt.h"
+#include "app/host_paths.h"
+#include "app/host_settings.h"
 #include "app/number_text.h"
 #include "app/version.h"
-#include "ui/dial/attempt.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/dial/widget_placement.h"
 #include "ui/logic/clipboard_offer.h"
@@ -18,8 +19,6 @@ namespace orvane {
 namespace {
 
 constexpr std::string_view kMakerKey = "SOFTWARE\\Nordel";
-constexpr std::string_view kDeveloperValue = "BriskoDev";
-constexpr int kTopmost = -1;
 
 }  // namespace
 
@@ -32,18 +31,18 @@ void frmDial::Load() {
   Attempt([this] { ReadDeveloperFlag(); });
   Attempt([this] { PlaceWindow(); });
   SetNumberText("");
-  InitSettings(services_, state_, *this);
+  settings_.InitSettings();
   Attempt([this] { PrepareAreaCodes(); });
   Attempt([this] { SetUpChrome(); });
   Attempt([this] { OfferClipboard(); });
 }
 
 void frmDial::ReadDeveloperFlag() {
-  const auto registry = services_.newRegistry();
+  const auto registry = system_.newRegistry();
   registry->SetApplicationName("Nordel");
   registry->SetRootKey(kRootCurrentUser);
   registry->SetKeyPath(kMakerKey);
-  const std::string flag = registry->Read("", kDeveloperValue, "");
+  const std::string flag = Stored(*registry, setting::kDeveloper).value_or("");
   const bool developer = flag == "True" || LeadingNumber(flag) != 0;
   c_.chkDevDial->setChecked(developer);
   c_.chkDevDial->setVisible(developer);
@@ -52,18 +51,18 @@ void frmDial::ReadDeveloperFlag() {
 void frmDial::PlaceWindow() {
   WidgetPlacement window(*this);
   bool restored = false;
-  Attempt([&] { restored = RestoreWindowPos(window, Registry(), kDialSection); });
+  Attempt([&] { restored = RestoreWindowPos(window, Registry()); });
   if (!restored) window.MoveTo(FallbackPosition(window.Size(), window.Screens().front()));
 }
 
 // Opened where it is used.
 void frmDial::PrepareAreaCodes() {
-  areaCodes_ = services_.databases.NewConnection();
+  areaCodes_ = system_.databases.NewConnection();
   areaCodes_->SetProvider("Microsoft.Jet.OLEDB.4.0");
   areaCodes_->SetMode(DbMode::kRead);
   areaCodes_->SetCursorLocation(DbCursorLocation::kClient);
   areaCodes_->SetProperty("Data Source", state_.host.resPath + "VPB.rgt");
-  areaCodes_->SetProperty("Jet OLEDB:Database Password", "4rdxtz8w");
+  areaCodes_->SetProperty("Jet OLEDB:Database Password", kHostFilePassword);
   areaCodes_->SetProperty("Persist Security Info", "False");
 }
 
@@ -94,17 +93,17 @@ void frmDial::Unload() {
   AbandonOptions();
   state_.host.dialWindowRunning = false;
   SaveCallColumns();
-  Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry(), kDialSection); });
+  Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry()); });
   Attempt([this] { channel_.UnhookWindow(); });
   modem_.Abandon();
-  Attempt([this] { services_.serial.SetPortOpen(false); });
+  Attempt([this] { system_.serial.SetPortOpen(false); });
   ReleaseDatabases();
   ShutDownTapi();
   tapi_.Abandon();
   state_.host.userNumber = 0;
   queue_.Clear();
   hide();
-  services_.loop.Quit();
+  system_.loop.Quit();
 }
 
 void frmDial::ReleaseDatabases() {
@@ -119,9 +118,9 @@ void frmDial::ReleaseDatabases() {
 }
 
 void frmDial::ShutDownTapi() {
-  TapiControl& tapi = services_.tapi;
-  if (tapi.Tag().empty()) return;
-  std::int32_t& line = state_.settings.tapiLineId;
+  TapiControl& tapi = system_.tapi;
+  if (tapi.Tag() == TapiTag::kNone) return;
+  const std::int32_t line = state_.settings.tapiLineId;
   Attempt([&] {
     if (call_.tapiCallHandle >= 0) tapi.DropCall(line, call_.tapiCallHandle);
   });

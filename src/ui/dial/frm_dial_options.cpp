@@ -1,18 +1,11 @@
 // The way to the options dialog and back.
 #include <utility>
 
-#include "app/init_settings.h"
-#include "ui/dial/attempt.h"
+#include "app/attempt.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/options/frm_optionen.h"
 
 namespace orvane {
-namespace {
-
-constexpr int kTopmost = -1;
-constexpr int kNotTopmost = 0;
-
-}  // namespace
 
 void frmDial::OnOptions() {
   if (SessionOn()) {
@@ -24,9 +17,9 @@ void frmDial::OnOptions() {
 
 void frmDial::OpenOptions() {
   setEnabled(false);
-  Attempt([this] { services_.serial.SetPortOpen(false); });
+  Attempt([this] { system_.serial.SetPortOpen(false); });
   chrome_->SetTopmost(kNotTopmost, true);
-  options_ = new frmOptionen(services_, state_, call_, queue_, *this, newChrome_, *this);
+  options_ = new frmOptionen(system_, state_, call_, queue_, *this, *this);
   tapi_.SetTestDial(options_);
   options_->Load();
   options_->Show();
@@ -41,7 +34,7 @@ void frmDial::OptionsEnded() {
       std::exchange(linesChangedMeanwhile_, false) && state_.settings.tapiLineId == kNoTapiLine;
   if (reloadAfterOptions_ || lineMayBeBack) ReloadSettings();
   show();
-  Attempt([this] { services_.serial.SetPortOpen(false); });
+  Attempt([this] { system_.serial.SetPortOpen(false); });
   chrome_->SetTopmost(kTopmost, true);
   setEnabled(true);
   activateWindow();
@@ -67,14 +60,14 @@ void frmDial::LinesChanged() {
 }
 
 void frmDial::ReloadAppliedSettings() {
-  InitSettings(services_, state_, *this);
+  settings_.InitSettings();
   ShowDestination();
   // Another user has other calls.
   if (HistoryShown() && shownJournal_ != state_.host.userPath) RefreshTelList();
 }
 
 void frmDial::ReopenConfiguredLine() {
-  orvane::ReopenConfiguredLine(services_, state_, *this);
+  settings_.ReopenConfiguredLine();
 }
 
 }  // namespace orvane

@@ -15,12 +15,6 @@
 #include "ui/style/glyph_icon.h"
 
 namespace orvane {
-namespace {
-
-constexpr int kTopmost = -1;
-constexpr int kNotTopmost = 0;
-
-}  // namespace
 
 // What the switch does to the dial window.
 class frmDial::Views : public TwoViews {
@@ -61,7 +55,7 @@ bool frmDial::FullViewShown() const {
 void frmDial::SwitchTo(DialView view) {
   WidgetPlacement placement(*this);
   Views views(*this);
-  SwitchView(placement, views, view, fullView_);
+  fullView_ = SwitchView(placement, views, view, fullView_);
   // The number takes the room that the hidden commands left.
   c_.numberStrip->layout()->activate();
   FitNumber();

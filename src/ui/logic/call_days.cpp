@@ -10,8 +10,6 @@ namespace {
 
 namespace chrono = std::chrono;
 
-constexpr chrono::sys_days kDayZero{chrono::year(1899) / chrono::December / 30};
-
 int DayNumber(const chrono::sys_days& day) {
   return static_cast<int>((day - kDayZero).count());
 }

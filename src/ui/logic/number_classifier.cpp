@@ -1,9 +1,9 @@
 #include "ui/logic/number_classifier.h"
 
-#include <exception>
 #include <memory>
 #include <optional>
 
+#include "app/attempt.h"
 #include "journal/field_access.h"
 #include "ui/logic/number_classification.h"
 
@@ -14,16 +14,6 @@ namespace {
 // after a number in Luxemburg (00352), all of 0035 leads there until another place is found.
 constexpr std::size_t kNationalPrefix = 6;
 constexpr std::size_t kInternationalPrefix = 4;
-
-// Runs one step of a lookup; the next one runs whether it fails or not.
-template <typename Step>
-void Try(const Step& step) {
-  try {
-    step();
-  } catch (const std::exception&) {
-    // Without the table the number is one without a known place.
-  }
-}
 
 std::string LookupText(const std::vector<std::string>& candidates) {
   std::string list;
@@ -38,12 +28,12 @@ std::string LookupText(const std::vector<std::string>& candidates) {
 std::optional<std::string> LookUp(DatabaseConnection& table,
                                   const std::vector<std::string>& candidates) {
   std::optional<std::string> place;
-  Try([&] { table.Open(); });
-  Try([&] {
+  Attempt([&] { table.Open(); });
+  Attempt([&] {
     const auto rows = table.Execute(LookupText(candidates));
     if (!rows->AtEnd()) place = TextField(*rows, "Ort");
   });
-  Try([&] { table.Close(); });
+  Attempt([&] { table.Close(); });
   return place;
 }
 

@@ -6,8 +6,9 @@
 #include <string>
 
 #include "app/program_state.h"
-#include "app/services.h"
-#include "ui/logic/speed_dial_file.h"
+#include "app/speed_dial_file.h"
+#include "platform/host_channel.h"
+#include "platform/prompts.h"
 
 namespace orvane {
 
@@ -32,10 +33,6 @@ struct OptionChoices {
 // one that the program takes it for.
 OptionChoices CurrentChoices(const ProgramState& state, Prompts& prompts);
 
-// The text of the user's speed-dial file; `userPath` as HostEnvironment has it. Throws
-// PlatformError when the file is there but cannot be read.
-SpeedDialMemory ReadSpeedDialMemory(const std::string& userPath);
-
 // Stores the test number and its target. Throws RegistryError.
 void SaveTestNumber(HostEnvironment& host, const std::string& number, int target);
 
@@ -54,7 +51,7 @@ struct ApplyContext {
 // notifies the host. Throws PlatformError when something cannot be written: then the registry has
 // its former values again as far as it takes them and the file is as it was; only the call monitor,
 // written after the reload, can fail alone, and the error says so.
-void ApplyOptions(Services& services, ProgramState& state, const OptionChoices& choices,
+void ApplyOptions(HostChannel& channel, ProgramState& state, const OptionChoices& choices,
                   const ApplyContext& context);
 
 }  // namespace orvane

@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "app/field_splitter.h"
+
 namespace orvane {
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/init_settings.h"
+#include "app/speed_dial_markup.h"
 
 namespace orvane {
 

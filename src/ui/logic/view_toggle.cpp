@@ -18,7 +18,7 @@ int TopOutOfSight(const PlacedWindow& window) {
 
 }  // namespace
 
-void SwitchView(PlacedWindow& window, TwoViews& views, DialView view, TwipPoint& fullView) {
+TwipPoint SwitchView(PlacedWindow& window, TwoViews& views, DialView view, TwipPoint fullView) {
   const bool full = view == DialView::kFull;
   const TwipPoint before = window.Position();
   TwipScreen screen = ScreenOf(window);
@@ -40,6 +40,7 @@ void SwitchView(PlacedWindow& window, TwoViews& views, DialView view, TwipPoint&
   views.ShowCommandButtons(full);
   views.SetTopmost(!full);
   window.MoveTo(KeepOnScreen(window.Position(), window.Size(), screen));
+  return fullView;
 }
 
 }  // namespace orvane

@@ -30,8 +30,10 @@ constexpr int CompactPanelHeight(int buttonTop, int buttonHeight) {
   return buttonTop + buttonHeight + kTwipsPerPixel;
 }
 
-// Switches between the views. `fullView` is where the full view was; the compact one always opens
-// centred at the top edge of the screen that the window is on.
-void SwitchView(PlacedWindow& window, TwoViews& views, DialView view, TwipPoint& fullView);
+// Switches between the views. `fullView` is where the full view was, and the result where it is or
+// was from now on; the compact one always opens centred at the top edge of the screen that the
+// window is on.
+[[nodiscard]] TwipPoint SwitchView(PlacedWindow& window, TwoViews& views, DialView view,
+                                   TwipPoint fullView);
 
 }  // namespace orvane

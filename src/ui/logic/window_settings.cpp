@@ -4,22 +4,15 @@
 #include <optional>
 #include <string>
 
+#include "app/host_settings.h"
 #include "platform/errors.h"
 
 namespace orvane {
 namespace {
 
-constexpr std::string_view kLeftValue = "L";
-constexpr std::string_view kTopValue = "T";
-constexpr std::string_view kWidthValue = "W";
-constexpr std::string_view kHeightValue = "H";
-constexpr std::string_view kStateValue = "WS";
-constexpr int kNothingSaved = -123;
-
-std::optional<int> ReadNumber(HostRegistry& registry, std::string_view section,
-                              std::string_view name) {
+std::optional<int> ReadNumber(HostRegistry& registry, const NumberSetting& setting) {
   try {
-    const std::string text = registry.Read(section, name, "");
+    const std::string text = Stored(registry, setting).value_or("");
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
@@ -29,8 +22,8 @@ std::optional<int> ReadNumber(HostRegistry& registry, std::string_view section,
   }
 }
 
-std::optional<WindowState> ReadState(HostRegistry& registry, std::string_view section) {
-  const std::optional<int> number = ReadNumber(registry, section, kStateValue);
+std::optional<WindowState> ReadState(HostRegistry& registry) {
+  const std::optional<int> number = ReadNumber(registry, setting::kWindowState);
   if (!number || *number < static_cast<int>(WindowState::kNormal) ||
       *number > static_cast<int>(WindowState::kMaximised)) {
     return std::nullopt;
@@ -46,22 +39,22 @@ TwipScreen ScreenOf(const PlacedWindow& window) {
   return shown != nullptr ? *shown : screens.front();
 }
 
-void SaveWindowPos(const PlacedWindow& window, HostRegistry& registry, std::string_view section) {
+void SaveWindowPos(const PlacedWindow& window, HostRegistry& registry) {
   if (window.State() != WindowState::kNormal) return;
   const auto [left, top] = window.Position();
   const auto [width, height] = window.Size();
-  registry.Write(section, kLeftValue, std::to_string(left));
-  registry.Write(section, kTopValue, std::to_string(top));
-  registry.Write(section, kWidthValue, std::to_string(width));
-  registry.Write(section, kHeightValue, std::to_string(height));
+  Store(registry, setting::kLeft, std::to_string(left));
+  Store(registry, setting::kTop, std::to_string(top));
+  Store(registry, setting::kWidth, std::to_string(width));
+  Store(registry, setting::kHeight, std::to_string(height));
 }
 
-bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry, std::string_view section) {
-  if (const auto state = ReadState(registry, section)) window.SetState(*state);
+bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry) {
+  if (const auto state = ReadState(registry)) window.SetState(*state);
   if (window.State() != WindowState::kNormal) return true;
-  const int left = ReadNumber(registry, section, kLeftValue).value_or(kNothingSaved);
-  if (left == kNothingSaved) return false;
-  const int top = ReadNumber(registry, section, kTopValue).value_or(window.Position().top);
+  const int left = ReadNumber(registry, setting::kLeft).value_or(setting::kLeft.fallback);
+  if (left == setting::kLeft.fallback) return false;
+  const int top = ReadNumber(registry, setting::kTop).value_or(window.Position().top);
   const TwipPoint saved = {left, top};
   window.MoveTo(saved);
   const std::vector<TwipScreen> screens = window.Screens();

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include "platform/host_registry.h"
 #include "ui/logic/window_geometry.h"
 
 namespace orvane {
-
-// The registry section of the dial window.
-inline constexpr std::string_view kDialSection = "Dial";
 
 // Window states by the numbers they are stored as.
 enum class WindowState : int { kNormal = 0, kMinimised = 1, kMaximised = 2 };
@@ -30,13 +26,13 @@ class PlacedWindow {
 // The screen the window is on; the main one when it is on none.
 TwipScreen ScreenOf(const PlacedWindow& window);
 
-// Writes position and size of a window in the normal state into the section; a window that is
-// minimised or maximised leaves what is stored. Throws RegistryError.
-void SaveWindowPos(const PlacedWindow& window, HostRegistry& registry, std::string_view section);
+// Writes position and size of the dial window in the normal state; a window that is minimised or
+// maximised leaves what is stored. Throws RegistryError.
+void SaveWindowPos(const PlacedWindow& window, HostRegistry& registry);
 
 // Applies the stored window state or position; the size stays as designed. False when nothing
 // usable is stored, and the caller has to place the window. Values that are no numbers count as not
 // stored; without a stored top the window stays at its height.
-bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry, std::string_view section);
+bool RestoreWindowPos(PlacedWindow& window, HostRegistry& registry);
 
 }  // namespace orvane

@@ -37,19 +37,18 @@ bool MovesInList(int key) {
 
 }  // namespace
 
-frmOptionen::frmOptionen(Services& services, ProgramState& state, CurrentCall& call,
-                         WorkQueue& queue, OptionsOwner& owner, const ChromeFactory& newChrome,
-                         QWidget& parent)
+frmOptionen::frmOptionen(const OptionsSystem& system, ProgramState& state, CurrentCall& call,
+                         WorkQueue& queue, OptionsOwner& owner, QWidget& parent)
     : QDialog(&parent, Qt::Dialog | Qt::FramelessWindowHint),
-      services_(services),
+      system_(system),
       state_(state),
       call_(call),
       queue_(queue),
       owner_(owner),
-      modem_(services, queue, *this),
-      tapi_(services, state, call, *this),
+      modem_({system.serial, system.loop, system.clock, system.prompts, queue}, *this),
+      tapi_(system.tapi, system.prompts, state.settings, call, *this),
       c_(BuildOptionsControls(*this)),
-      chrome_(newChrome(*this)) {
+      chrome_(system.newChrome(*this)) {
   setObjectName(QStringLiteral("frmOptionen"));
   setWindowTitle(c_.lblHead->text());
   setWindowModality(Qt::ApplicationModal);
@@ -182,14 +181,13 @@ void frmOptionen::Abandon() {
 
 void frmOptionen::OnAction(std::size_t button) {
   if (button == kApply && !SpeedDialStorable()) return;
-  services_.prompts.SetBusyCursor(true);
+  system_.prompts.SetBusyCursor(true);
   hide();
   const std::int32_t line = state_.settings.tapiLineId;
   CloseCurrentLine();
   if (button == kApply) {
-    ErrorState failure;
-    if (!Apply(failure)) {
-      ComeBack(line, failure);
+    if (const auto failure = Apply()) {
+      ComeBack(line, *failure);
       return;
     }
   } else {
@@ -198,7 +196,7 @@ void frmOptionen::OnAction(std::size_t button) {
   ended_ = true;
   modem_.Abandon();
   owner_.OptionsEnded();
-  services_.prompts.SetBusyCursor(false);
+  system_.prompts.SetBusyCursor(false);
 }
 
 }  // namespace orvane

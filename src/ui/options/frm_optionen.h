@@ -4,34 +4,33 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/error_report.h"
 #include "app/program_state.h"
-#include "app/services.h"
 #include "app/work_queue.h"
-#include "dialing/test_dial_panel.h"
-#include "dialing/test_modem_dialer.h"
-#include "dialing/test_tapi_dialer.h"
+#include "dialing/trial_dial_panel.h"
+#include "dialing/trial_modem_dialer.h"
+#include "dialing/trial_tapi_dialer.h"
 #include "journal/current_call.h"
 #include "platform/line_info.h"
 #include "platform/window_chrome.h"
 #include "ui/logic/option_choices.h"
 #include "ui/options/options_controls.h"
 #include "ui/options/options_owner.h"
+#include "ui/options/options_system.h"
 
 namespace orvane {
 
 // The options dialog: how calls are placed, and the speed-dial memory. It blocks the dial window
 // without an event loop of its own, so line events and host commands go on.
-class frmOptionen final : public QDialog, public TestDialPanel {
+class frmOptionen final : public QDialog, public TrialDialPanel {
  public:
-  using ChromeFactory = std::function<std::unique_ptr<WindowChrome>(QWidget&)>;
-
   // Everything referred to outlives the dialog.
-  frmOptionen(Services& services, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-              OptionsOwner& owner, const ChromeFactory& newChrome, QWidget& parent);
+  frmOptionen(const OptionsSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+              OptionsOwner& owner, QWidget& parent);
 
   // Fills the controls from the settings and the speed-dial file.
   void Load();
@@ -40,7 +39,7 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   // Ends a test call without applying or restoring anything; for the end of the program.
   void Abandon();
 
-  // TestDialPanel
+  // TrialDialPanel
   void SetTestDialIdle(bool idle) override;
   bool TestDialPressed() const override;
   bool TestsByModem() const override { return testByModem_; }
@@ -90,19 +89,20 @@ class frmOptionen final : public QDialog, public TestDialPanel {
   void OnAction(std::size_t button);
   // False, after a message, when the speed-dial file cannot keep a character of its fields.
   bool SpeedDialStorable();
-  bool Apply(ErrorState& failure);
+  // What stood in the way; nothing when all was applied.
+  std::optional<ErrorState> Apply();
   void ComeBack(std::int32_t line, const ErrorState& failure);
   void RestoreLine();
   void CloseCurrentLine();
   OptionChoices Choices() const;
 
-  Services& services_;
+  OptionsSystem system_;
   ProgramState& state_;
   CurrentCall& call_;
   WorkQueue& queue_;
   OptionsOwner& owner_;
-  TestModemDialer modem_;
-  TestTapiDialer tapi_;
+  TrialModemDialer modem_;
+  TrialTapiDialer tapi_;
 
   OptionsControls c_;
   std::unique_ptr<WindowChrome> chrome_;

@@ -14,7 +14,7 @@
 #include <utility>
 
 #include "app/error_report.h"
-#include "app/init_settings.h"
+#include "app/line_opening.h"
 #include "dialing/number_preparation.h"
 #include "platform/errors.h"
 #include "platform/tapi_control.h"
@@ -115,7 +115,7 @@ void frmOptionen::OnLineSelected() {
   line = selected;
   if (line < 0) return;
   try {
-    OpenTapiLine(services_.tapi, line);
+    line = OpenTapiLine(system_.tapi, line);
   } catch (const TapiError& error) {
     AppendProgress(error.Description());
   }
@@ -126,8 +126,8 @@ void frmOptionen::OnConfigDialog(std::size_t button) {
   const std::string caption =
       c_.cmdConfigDlg[button]->text().remove(QLatin1Char('&')).toStdString();
   if (button != kRefresh && state_.settings.tapiLineId < 0) {
-    services_.prompts.ShowMessage(PromptIcon::kExclamation,
-                                  "Bitte wählen Sie zuerst ein TAPI-Gerät aus.", caption);
+    system_.prompts.ShowMessage(PromptIcon::kExclamation,
+                                "Bitte wählen Sie zuerst ein TAPI-Gerät aus.", caption);
     return;
   }
   try {
@@ -145,17 +145,17 @@ void frmOptionen::OnConfigDialog(std::size_t button) {
         RefreshLines();
     }
   } catch (const std::exception& error) {
-    ShowError(services_.prompts, ErrorStateOf(error), caption);
+    ShowError(system_.prompts, ErrorStateOf(error), caption);
   }
 }
 
 void frmOptionen::ShowLineDialog(LineDialog dialog) {
   try {
-    services_.tapi.ShowDialog(state_.settings.tapiLineId, dialog, winId());
+    system_.tapi.ShowDialog(state_.settings.tapiLineId, dialog, winId());
   } catch (const TapiError& error) {
     if (error.Number() != kLineErrorOperationUnavailable) throw;
     const bool dialling = dialog == LineDialog::kDialling;
-    services_.prompts.ShowMessage(
+    system_.prompts.ShowMessage(
         PromptIcon::kNone,
         dialling ? "Für dieses TAPI-Gerät gibt es keine Wählparameter einzustellen."
                  : "Der Treiber dieses TAPI-Geräts hat keine Einstellungen.",
@@ -166,15 +166,14 @@ void frmOptionen::ShowLineDialog(LineDialog dialog) {
 // The second block takes the place of the first: only the driver remains to be seen.
 void frmOptionen::ShowDriverInformation() {
   const std::int32_t line = state_.settings.tapiLineId;
-  const std::string name = services_.tapi.LineName(line);
-  const LineInfo info = services_.tapi.Info(line);
+  const std::string name = system_.tapi.LineName(line);
+  const LineInfo info = system_.tapi.Info(line);
   SetTapiInfo(CapabilityLines(name, info));
   SetTapiInfo(DriverLines(name, info));
 }
 
 void frmOptionen::RefreshLines() {
-  services_.tapi.ShutDown();
-  services_.tapi.SetTag("");
+  system_.tapi.ShutDown();
   // Calls are over without another word.
   call_.ForgetLineCall();
   if (TestDialPressed() && !testByModem_) SetTestDialIdle(true);
@@ -191,7 +190,7 @@ void frmOptionen::OnDial() {
   const std::string number = c_.txtTestNr->text().toStdString();
   const bool noNumber = Trim(number).empty();
   if (noNumber && !TestDialPressed()) {
-    services_.prompts.Beep();
+    system_.prompts.Beep();
     AppendProgress("<<<<<<< ungültige Testrufnummer! >>>>>>>");
     AppendProgress("Bitte geben Sie eine gültige Telefonnummer zum testen an.");
     AppendProgress("Eine Nebenstelle in Ihrem Haus wäre hierzu gut geeignet.");
@@ -206,7 +205,7 @@ void frmOptionen::OnDial() {
   }
   const QLineEdit* prefix = internal ? c_.txtAmtIntern : c_.txtAmtExtern;
   const std::string dialString = Trim(prefix->text().toStdString()) + number;
-  const auto now = [this] { return services_.locale.Time(services_.clock.Now()); };
+  const auto now = [this] { return system_.locale.Time(system_.clock.Now()); };
   AppendProgress("<" + now() + ", Beginn der Befehlskette>");
   // A test call ends the way it was placed, whatever is selected by then.
   if (!TestDialPressed()) testByModem_ = DialMethod() == kDialMethodModem;

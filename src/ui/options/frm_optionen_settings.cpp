@@ -9,8 +9,9 @@
 #include <exception>
 #include <optional>
 
+#include "app/attempt.h"
 #include "app/error_report.h"
-#include "app/init_settings.h"
+#include "app/line_opening.h"
 #include "platform/errors.h"
 #include "ui/options/frm_optionen.h"
 
@@ -60,11 +61,11 @@ void frmOptionen::Load() {
   LoadTapiList();
   CheckComPorts();
   c_.txtCallProgress->setPlainText(QStringLiteral("<Bereit>"));
-  if (failure) ShowError(services_.prompts, *failure, "Optionen - Initialisierung #");
+  if (failure) ShowError(system_.prompts, *failure, "Optionen - Initialisierung #");
 }
 
 void frmOptionen::ShowChoices() {
-  const OptionChoices choices = CurrentChoices(state_, services_.prompts);
+  const OptionChoices choices = CurrentChoices(state_, system_.prompts);
   callMonitorBefore_ = choices.callMonitor;
   c_.chkAnrufmonitor->setChecked(choices.callMonitor);
   c_.txtTestNr->setText(QString::fromStdString(choices.testNumber));
@@ -78,7 +79,7 @@ void frmOptionen::ShowChoices() {
 
 void frmOptionen::ShowSpeedDial() {
   c_.speedDialPage->setEnabled(false);
-  const SpeedDialMemory memory = ReadSpeedDialMemory(userPath_);
+  const SpeedDialMemory memory = ReadSpeedDialFile(userPath_);
   ShowRows(memory.internalRows, c_.internalRows);
   ShowRows(memory.externalRows, c_.externalRows);
   c_.speedDialPage->setEnabled(true);
@@ -87,10 +88,10 @@ void frmOptionen::ShowSpeedDial() {
 
 void frmOptionen::LoadTapiList() {
   try {
-    TapiControl& tapi = services_.tapi;
+    TapiControl& tapi = system_.tapi;
     const auto* const known = c_.lstLineSel->item(state_.settings.tapiLineId);
     const QString nameBefore = known == nullptr ? QString() : known->text();
-    if (!TapiInitialised(tapi)) tapi.Initialise();
+    if (tapi.NeedsInitialise()) tapi.Initialise();
     const QSignalBlocker selectedByProgram(c_.lstLineSel);
     c_.lstLineSel->clear();
     const int count = tapi.LineCount();
@@ -109,11 +110,11 @@ void frmOptionen::LoadTapiList() {
       return;
     }
     c_.lstLineSel->clearSelection();
-    services_.prompts.ShowMessage(PromptIcon::kExclamation,
-                                  "Der TAPI-Treiber wurde entfernt oder umbenannt.",
-                                  "TAPI-Treiber nicht mehr gültig!");
+    system_.prompts.ShowMessage(PromptIcon::kExclamation,
+                                "Der TAPI-Treiber wurde entfernt oder umbenannt.",
+                                "TAPI-Treiber nicht mehr gültig!");
   } catch (const std::exception& error) {
-    ShowError(services_.prompts, ErrorStateOf(error), "Laden der TAPI-Liste");
+    ShowError(system_.prompts, ErrorStateOf(error), "Laden der TAPI-Liste");
   }
 }
 
@@ -129,11 +130,11 @@ void frmOptionen::FollowCurrentLine(const QString& name) {
 
 void frmOptionen::CheckComPorts() {
   try {
-    for (const int port : ChoosableComPorts(services_.serialPorts())) {
+    for (const int port : ChoosableComPorts(system_.serialPorts())) {
       c_.optComPort[static_cast<std::size_t>(port - 1)]->setEnabled(true);
     }
   } catch (const std::exception& error) {
-    ShowError(services_.prompts, ErrorStateOf(error), "Port-Überprüfung #");
+    ShowError(system_.prompts, ErrorStateOf(error), "Port-Überprüfung #");
   }
 }
 
@@ -161,7 +162,7 @@ bool frmOptionen::SpeedDialStorable() {
         if (character.empty()) continue;
         c_.tabTab->setCurrentWidget(c_.speedDialPage);
         field->setFocus();
-        services_.prompts.ShowMessage(
+        system_.prompts.ShowMessage(
             PromptIcon::kExclamation,
             field->accessibleName().toStdString() + ": Das Zeichen „" + character +
                 "“ kann nicht gespeichert werden.\r\rBitte schreiben Sie den Eintrag ohne dieses "
@@ -174,7 +175,7 @@ bool frmOptionen::SpeedDialStorable() {
   return true;
 }
 
-bool frmOptionen::Apply(ErrorState& failure) {
+std::optional<ErrorState> frmOptionen::Apply() {
   ApplyContext context;
   context.userPath = userPath_;
   if (speedDialKnown_) context.speedDial = {RowsOf(c_.internalRows), RowsOf(c_.externalRows)};
@@ -184,26 +185,20 @@ bool frmOptionen::Apply(ErrorState& failure) {
     // Even if the last step fails, cancelling leads back to here and not to before.
     lineBefore_ = state_.settings.tapiLineId;
   };
-  try {
-    ApplyOptions(services_, state_, Choices(), context);
-    return true;
-  } catch (const std::exception& error) {
-    failure = ErrorStateOf(error);
-    return false;
-  }
+  return Attempt([&] { ApplyOptions(system_.channel, state_, Choices(), context); });
 }
 
 // The dialog goes on as it was, for another try.
 void frmOptionen::ComeBack(std::int32_t line, const ErrorState& failure) {
   if (line >= 0 && line == state_.settings.tapiLineId) {
     try {
-      OpenTapiLine(services_.tapi, state_.settings.tapiLineId);
+      state_.settings.tapiLineId = OpenTapiLine(system_.tapi, line);
     } catch (const TapiError& error) {
       AppendProgress(error.Description());
     }
   }
   show();
-  ShowError(services_.prompts, failure, "Optionen übernehmen");
+  ShowError(system_.prompts, failure, "Optionen übernehmen");
 }
 
 // The lines may have been counted anew since the dialog opened, so the configured one is looked for
@@ -217,11 +212,8 @@ void frmOptionen::RestoreLine() {
 void frmOptionen::CloseCurrentLine() {
   call_.ForgetLineCall();
   if (state_.settings.tapiLineId < 0) return;
-  try {
-    services_.tapi.CloseLine(state_.settings.tapiLineId);
-  } catch (const TapiError&) {
-    // A line that is gone is as good as closed.
-  }
+  // A line that is gone is as good as closed.
+  Attempt([this] { system_.tapi.CloseLine(state_.settings.tapiLineId); });
 }
 
 }  // namespace orvane

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "app/speed_dial_file.h"
 #include "ui/logic/com_port_choice.h"
-#include "ui/logic/speed_dial_file.h"
 
 class QButtonGroup;
 class QCheckBox;

@@ -21,7 +21,7 @@ class ContactContract : public ProgramFixture,
     call.addressKey = call.personKey = 5;
     call.lastDialedDigits = dialled;
     call.canonicalNumber = prepared;
-    (intern ? ResolveExtension : ResolveNumber)(services, state, call);
+    (intern ? ResolveExtension : ResolveNumber)(prompts, state, call);
     return call.company + "|" + call.place + "|" + call.person + "|" +
            std::to_string(call.addressKey) + "|" + std::to_string(call.personKey);
   }

@@ -63,7 +63,7 @@ TEST_P(ErrorContract, OpeningFailsWithTheNumberAndTheWordsThatTheUserIsShown) {
     if (!engine_->Cause(failure, state.host)) continue;
     ++caused;
     call.company = "vorher";
-    ResolveNumber(services, state, call);
+    ResolveNumber(prompts, state, call);
     EXPECT_EQ(call.company, "vorher");
     ASSERT_EQ(prompts.boxes.size(), static_cast<std::size_t>(caused));
     EXPECT_NE(prompts.boxes.back().text.find(words), std::string::npos)
@@ -72,11 +72,11 @@ TEST_P(ErrorContract, OpeningFailsWithTheNumberAndTheWordsThatTheUserIsShown) {
     engine_->Select(state.host);
   }
   EXPECT_GE(caused, 2);
-  EXPECT_TRUE(ReopenDB(services, state));
+  EXPECT_TRUE(ReopenDB(prompts, state));
 }
 
 TEST_P(ErrorContract, AStatementFailsWithTheNumberOfItsFailureAndChangesNothing) {
-  ASSERT_TRUE(ReopenDB(services, state));
+  ASSERT_TRUE(ReopenDB(prompts, state));
   DatabaseConnection& contacts = *state.databases.host;
   for (const auto& [sql, number, native, words, writes] : kStatements) {
     SCOPED_TRACE(sql);

@@ -71,20 +71,8 @@ class SipCallsTest : public ProgramFixture {
         qtLoop, handles, BaresipControl::Settings{"127.0.0.1", demo.ControlPort()}));
     return providers;
   }()};
-  Services real{services.newRegistry,
-                ini,
-                databases,
-                serial,
-                lines,
-                channel,
-                instance,
-                qtLoop,
-                clock,
-                locale,
-                prompts,
-                [] { return std::vector<std::string>(); }};
-  CallLogger logger{real, state, call, panel};
-  TapiDialer dialer{real, state, call, queue, logger, panel};
+  CallLogger logger = NewLogger(clock);
+  TapiDialer dialer{lines, clock, locale, prompts, state.settings, call, queue, logger, panel};
 };
 
 TEST_F(SipCallsTest, FromTheClickToTheHangUp) {

@@ -51,11 +51,17 @@ class DialWindowFixture : public ProgramFixture {
   // A new window in place of the old one, for instance after a change of the desktop's look.
   void MakeWindow() {
     window.reset();
-    window = std::make_unique<frmDial>(services, state, call, queue, [this](QWidget& widget) {
+    const auto newChrome = [this](QWidget& widget) {
       auto made = std::make_unique<FakeChrome>();
       (widget.parentWidget() == nullptr ? chrome : dialogChrome) = made.get();
       return made;
-    });
+    };
+    const DialSystem system{{tapi, serial, [this] { return serialPorts; }, channel, loop, clock,
+                             locale, prompts, newChrome},
+                            newRegistry,
+                            ini,
+                            databases};
+    window = std::make_unique<frmDial>(system, state, call, queue);
   }
 
   void ShowWindow() {

@@ -41,7 +41,9 @@ class DialWindowHistory : public DialWindowFixture {
     }
     return text;
   }
-  std::string Setting(const char* name) { return state.host.registry->Read("Dial", name, ""); }
+  std::string Setting(const char* name) {
+    return state.host.registry->Read("Dial", name).value_or("");
+  }
   QModelIndex Row(int group, int row) const {
     return list->model()->index(row, 2, list->model()->index(group, 0));
   }

@@ -119,7 +119,7 @@ TEST_F(DialWindowLoad, ClosesInEveryWayForGood) {
        }}};
   for (const auto& [name, close] : kWays) {
     SCOPED_TRACE(name);
-    state.host.registry = services.newRegistry();
+    state.host.registry = newRegistry();
     BindHostRegistry(*state.host.registry);
     state.host.userNumber = 17;
     loop.quit = false;
@@ -137,10 +137,10 @@ TEST_F(DialWindowLoad, ClosesInEveryWayForGood) {
     EXPECT_EQ(state.databases.journal, nullptr);
     EXPECT_FALSE(serial.PortOpen());
     EXPECT_TRUE(channel.Windows().empty());
-    const auto saved = services.newRegistry();
+    const auto saved = newRegistry();
     BindHostRegistry(*saved);
     for (const auto& [key, value] : {std::pair{"L", "600"}, {"T", "750"}, {"W", "4770"}}) {
-      EXPECT_EQ(saved->Read("Dial", key, ""), value);
+      EXPECT_EQ(saved->Read("Dial", key).value_or(""), value);
     }
     loop.quit = false;
     window->Unload();
@@ -151,7 +151,7 @@ TEST_F(DialWindowLoad, ClosesInEveryWayForGood) {
 
 TEST_F(DialWindowLoad, EndsAModemCallAndTheTelephoneSession) {
   window->Load();
-  tapi.SetTag("opened");
+  tapi.tag = TapiTag::kOpened;
   state.settings.tapiLineId = 2;
   window->SetNumberText("0301234");
   Click("cmdDial_0");

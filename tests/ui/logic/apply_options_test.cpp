@@ -30,7 +30,7 @@ class ApplyOptionsTest : public ProgramFixture {
         },
         [] {});
   }
-  void Apply() { ApplyOptions(services, state, choices, context); }
+  void Apply() { ApplyOptions(channel, state, choices, context); }
   std::string SpeedDialBytes() { return ReadWholeFile(state.host.userPath + "res\\Kurzwahl.dat"); }
 
   OptionChoices choices;

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "app/speed_dial_file.h"
 #include "platform/text/ansi.h"
 #include "ui/logic/com_port_choice.h"
 #include "ui/logic/driver_info.h"
-#include "ui/logic/speed_dial_file.h"
 
 namespace orvane {
 namespace {

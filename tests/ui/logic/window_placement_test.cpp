@@ -88,12 +88,12 @@ TEST(ViewToggle, DocksTheCompactViewAndBringsTheFullOneBack) {
     window.screens = c.screens;
     window.position = c.full;
     TwipPoint remembered;
-    SwitchView(window, window, DialView::kCompact, remembered);
+    remembered = SwitchView(window, window, DialView::kCompact, remembered);
     EXPECT_EQ(window.position, c.docked);
     EXPECT_EQ(window.steps, "(list-) (panel-) (shape+) (commands-) (topmost+) ");
     window.position = {500, 500};
     window.steps.clear();
-    SwitchView(window, window, DialView::kFull, remembered);
+    remembered = SwitchView(window, window, DialView::kFull, remembered);
     EXPECT_EQ(window.position, c.back);
     EXPECT_EQ(window.steps, "(list+) (panel+) shape+ commands+ topmost- ");
   }
@@ -135,42 +135,42 @@ TEST(SavedWindowPosition, ComesBackWhereItIsUsable) {
     SCOPED_TRACE(std::string(state) + " " + left + " " + top);
     FakeRegistry registry(std::make_shared<FakeRegistryStore>());
     for (const auto& [name, value] : {std::pair{"WS", state}, {"L", left}, {"T", top}}) {
-      if (*value != '\0') registry.Write(kDialSection, name, value);
+      if (*value != '\0') registry.Write("Dial", name, value);
     }
     FakeWindow window;
-    EXPECT_EQ(RestoreWindowPos(window, registry, kDialSection), applied);
+    EXPECT_EQ(RestoreWindowPos(window, registry), applied);
     EXPECT_EQ(window.position, position);
   }
   const auto denied = std::make_shared<FakeRegistryStore>();
   denied->denyReads = true;
   FakeRegistry registry(denied);
   FakeWindow window;
-  EXPECT_FALSE(RestoreWindowPos(window, registry, kDialSection));
+  EXPECT_FALSE(RestoreWindowPos(window, registry));
 }
 
 TEST(SavedWindowPosition, OfAScreenThatIsGoneIsNotUsed) {
   FakeRegistry registry(std::make_shared<FakeRegistryStore>());
-  registry.Write(kDialSection, "L", "22000");
-  registry.Write(kDialSection, "T", "4000");
+  registry.Write("Dial", "L", "22000");
+  registry.Write("Dial", "T", "4000");
   FakeWindow window;
   window.screens = {kScreen, kSecondScreen};
-  EXPECT_TRUE(RestoreWindowPos(window, registry, kDialSection));
+  EXPECT_TRUE(RestoreWindowPos(window, registry));
   window.screens = {kScreen};
-  EXPECT_FALSE(RestoreWindowPos(window, registry, kDialSection));
+  EXPECT_FALSE(RestoreWindowPos(window, registry));
 }
 
 TEST(SavedWindowPosition, IsWrittenInTheNormalStateOnly) {
   for (const auto state :
        {WindowState::kNormal, WindowState::kMinimised, WindowState::kMaximised}) {
     FakeRegistry registry(std::make_shared<FakeRegistryStore>());
-    registry.Write(kDialSection, "L", "77");
+    registry.Write("Dial", "L", "77");
     FakeWindow window;
     window.state = state;
     window.position = {300, -15};
-    SaveWindowPos(window, registry, kDialSection);
+    SaveWindowPos(window, registry);
     std::string stored;
     for (const char* name : {"L", "T", "W", "H"}) {
-      stored += registry.Read(kDialSection, name, "") + " ";
+      stored += registry.Read("Dial", name).value_or("") + " ";
     }
     EXPECT_EQ(stored, state == WindowState::kNormal ? "300 -15 4770 8115 " : "77    ");
   }

@@ -310,7 +310,7 @@ TEST_F(OptionsEndingTest, TheProgramCanEndInATestCall) {
       EXPECT_EQ(loop.PendingTimers(), 0);
       EXPECT_EQ(serial.sent, *method == '1' ? "AT\rATDT 301\r" : "");
       // The program let go of its registry when it ended.
-      state.host.registry = services.newRegistry();
+      state.host.registry = newRegistry();
       BindHostRegistry(*state.host.registry);
       EXPECT_EQ(Registry("CTI"), method);
       state.host.userNumber = 17;

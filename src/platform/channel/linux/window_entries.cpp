@@ -1,4 +1,5 @@
 #include "platform/channel/linux/window_entries.h"
+#include "platform/text/text_tools.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -63,21 +64,11 @@ FileDescriptor NewSocket() {
   return FileDescriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
 }
 
-// At most 255 characters of the text, none cut in two.
-std::string FirstCharacters(std::string_view utf8) {
-  std::size_t characters = 0;
-  std::size_t end = 0;
-  for (; end < utf8.size(); ++end) {
-    const bool first = (static_cast<unsigned char>(utf8[end]) & 0xC0U) != 0x80U;
-    if (first && ++characters > kLongestCaption) break;
-  }
-  return std::string(utf8.substr(0, end));
-}
-
 std::string ReadCaption(int file) {
   std::array<char, (kLongestCaption + 1) * kLongestCharacterBytes> buffer{};
   const ssize_t count = read(file, buffer.data(), buffer.size());
-  return FirstCharacters({buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))});
+  const std::string_view text(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  return FirstCharacters(text, kLongestCaption);
 }
 
 // The caption of a living window of this user; removes the entry of a dead one.
@@ -121,7 +112,7 @@ bool WindowEntry::WriteCaption(const std::string& caption) {
     caption_ = FileDescriptor(openat(directory_.Fd(), EntryName(id_, kUnfinishedSuffix).c_str(),
                                      O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
   } while (!caption_.Valid() && errno == EEXIST);
-  const std::string shown = FirstCharacters(caption);
+  const std::string shown = FirstCharacters(caption, kLongestCaption);
   return caption_.Valid() && flock(caption_.Get(), LOCK_EX | LOCK_NB) == 0 &&
          write(caption_.Get(), shown.data(), shown.size()) == static_cast<ssize_t>(shown.size());
 }

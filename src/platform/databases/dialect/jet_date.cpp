@@ -1,4 +1,5 @@
 #include "platform/databases/dialect/jet_date.h"
+#include "platform/text/day_numbers.h"
 
 #include <chrono>
 
@@ -49,11 +50,9 @@ std::optional<double> DateNumber(const DateAndTime& date) {
       date.minute > 59 || date.second >= 60) {
     return std::nullopt;
   }
-  using std::chrono::December;
-  const std::chrono::sys_days epoch = std::chrono::year(1899) / December / 30;
-  const auto days = static_cast<double>((std::chrono::sys_days(ymd) - epoch).count());
-  constexpr double kSecondsPerDay = 86400;
-  const double fraction = (date.hour * 3600 + date.minute * 60 + date.second) / kSecondsPerDay;
+  const auto days = static_cast<double>((std::chrono::sys_days(ymd) - kDayZero).count());
+  const double fraction =
+      (date.hour * 3600 + date.minute * 60 + date.second) / static_cast<double>(kSecondsPerDay);
   return days < 0 ? days - fraction : days + fraction;
 }
 

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "platform/databases/connection_properties.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

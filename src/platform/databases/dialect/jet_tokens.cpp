@@ -8,6 +8,7 @@
 #include "platform/databases/connection_properties.h"
 #include "platform/databases/dialect/jet_date.h"
 #include "platform/errors.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

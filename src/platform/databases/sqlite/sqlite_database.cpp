@@ -3,6 +3,7 @@
 #include "platform/databases/database_errors.h"
 #include "platform/databases/dialect/jet_sql.h"
 #include "platform/databases/provider_connection.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 

@@ -9,6 +9,7 @@
 #include "platform/databases/sqlite/sqlite_database.h"
 #include "platform/errors.h"
 #include "platform/text/native_path.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

@@ -9,12 +9,6 @@
 #include <utility>
 
 namespace orvane {
-namespace {
-
-constexpr int kTopmost = -1;
-constexpr int kNotTopmost = 0;
-
-}  // namespace
 
 QtWindowChrome::QtWindowChrome(QWidget& window, std::function<bool()> composes)
     : window_(window), composes_(std::move(composes)) {

@@ -9,9 +9,6 @@
 namespace orvane {
 namespace {
 
-constexpr int kTopmost = -1;
-constexpr int kNotTopmost = 0;
-
 struct RegionDeleter {
   void operator()(HRGN region) const { DeleteObject(region); }
 };

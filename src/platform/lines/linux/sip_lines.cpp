@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/errors.h"
+#include "platform/lines/line_errors.h"
 
 namespace orvane {
 namespace {
@@ -13,7 +14,6 @@ namespace {
 constexpr std::chrono::milliseconds kLongestStart{1000};
 constexpr std::chrono::milliseconds kLongestHangUp{500};
 
-constexpr auto kLineErrorInvalidAddress = static_cast<std::int32_t>(0x80000010U);
 constexpr std::int32_t kLineDeviceInService = 0x40;
 constexpr std::int32_t kLineDeviceOutOfService = 0x80;
 
@@ -95,12 +95,12 @@ void SipLines::CloseLine(int line) {
 
 std::int32_t SipLines::MakeCall(int line, const std::string& number) {
   Line& calling = lines_[IndexOf(line)];
-  if (!calling.open) throw TapiError(kLineErrorInvalidLine, "Die Leitung ist nicht geöffnet.");
+  if (!calling.open) throw MakeLineError(kLineErrorInvalidLine);
   if (!calling.calls.empty()) {
-    throw TapiError(kLineErrorCallUnavailable, "Die Leitung ist belegt.");
+    throw MakeLineError(kLineErrorCallUnavailable);
   }
   if (!IsDiallable(number)) {
-    throw TapiError(kLineErrorInvalidAddress, "Die Nummer kann nicht gewählt werden.");
+    throw MakeLineError(kLineErrorInvalidAddress);
   }
   if (!control_.Up()) {
     throw TapiError(kLineErrorOperationFailed, "Das Telefon (baresip) ist nicht erreichbar.");
@@ -124,12 +124,12 @@ void SipLines::DropCall(int line, std::int32_t callHandle) {
     HangUp(dropped, call);
     return;
   }
-  throw TapiError(kLineErrorInvalidCall, "Dieses Gespräch gibt es nicht.");
+  throw MakeLineError(kLineErrorInvalidCall);
 }
 
 std::size_t SipLines::IndexOf(int line) const {
   if (line < 0 || line >= LineCount()) {
-    throw TapiError(kLineErrorBadDevice, "Die Leitung gibt es nicht.");
+    throw MakeLineError(kLineErrorBadDevice);
   }
   return static_cast<std::size_t>(line);
 }

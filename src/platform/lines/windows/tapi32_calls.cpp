@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/lines/line_errors.h"
 #include "platform/lines/windows/tapi32_errors.h"
 #include "platform/system/windows/wide_text.h"
 
@@ -19,12 +20,12 @@ std::int32_t Number(DWORD_PTR parameter) {
 }  // namespace
 
 std::int32_t Tapi32Calls::Dial(int line, HLINE device, const std::string& number) {
-  if (HasDialled(line)) throw TapiError(kLineErrorCallUnavailable, "Die Leitung ist belegt.");
+  if (HasDialled(line)) throw MakeLineError(kLineErrorCallUnavailable);
   Call& call = calls_.emplace_back();
   const std::int32_t result = api_.makeCall(device, &call.call, ToWide(number).c_str(), 0, nullptr);
   if (result < 0) {
     calls_.pop_back();
-    throw LineFailure(result);
+    throw MakeLineError(result);
   }
   call.line = line;
   call.handle = handles_.Next();
@@ -38,12 +39,12 @@ void Tapi32Calls::Drop(int line, std::int32_t handle) {
     return call.line == line && !call.ended && (handle == 0 ? call.dialled : call.handle == handle);
   });
   if (found == calls_.end()) {
-    throw TapiError(kLineErrorInvalidCall, "Dieses Gespräch gibt es nicht.");
+    throw MakeLineError(kLineErrorInvalidCall);
   }
   const std::int32_t result = RequestDrop(*found);
   // It has ended by itself, and the message that says so is on its way.
   if (result == kInvalidCallState) {
-    throw TapiError(kLineErrorInvalidCall, "Dieses Gespräch gibt es nicht mehr.");
+    throw MakeLineError(kLineErrorInvalidCall);
   }
   Checked(result);
 }

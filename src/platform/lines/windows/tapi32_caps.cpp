@@ -4,6 +4,7 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/lines/line_errors.h"
 #include "platform/lines/windows/tapi32_errors.h"
 #include "platform/system/windows/wide_text.h"
 
@@ -25,7 +26,7 @@ class VariableRecord {
     std::size_t needed = sizeof(Record) + kRoomForTextsBytes;
     std::int32_t result = 0;
     do {
-      if (needed > kMostBytes) throw LineFailure(static_cast<std::int32_t>(LINEERR_NOMEM));
+      if (needed > kMostBytes) throw MakeLineError(static_cast<std::int32_t>(LINEERR_NOMEM));
       memory_.assign(needed, std::byte{});
       Raw().dwTotalSize = static_cast<DWORD>(memory_.size());
       result = read(&Raw());

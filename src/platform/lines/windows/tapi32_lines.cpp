@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/lines/line_errors.h"
 #include "platform/lines/windows/tapi32_errors.h"
 
 namespace orvane {
@@ -83,7 +84,7 @@ void Tapi32Lines::OpenLine(int line) {
   if (app_ == 0 && stale_) Start();
   // By value: messages that come while the line is opened may add lines.
   const Line known = lines_[IndexOf(line)];
-  if (known.removed) throw LineFailure(static_cast<std::int32_t>(LINEERR_NODEVICE));
+  if (known.removed) throw MakeLineError(static_cast<std::int32_t>(LINEERR_NODEVICE));
   HLINE handle = 0;
   Checked(api_.open(app_, known.device.id, &handle, known.device.version, 0,
                     static_cast<DWORD_PTR>(line), LINECALLPRIVILEGE_MONITOR,
@@ -101,7 +102,7 @@ void Tapi32Lines::CloseLine(int line) {
 
 std::int32_t Tapi32Lines::MakeCall(int line, const std::string& number) {
   const Line& calling = lines_[IndexOf(line)];
-  if (calling.open == 0) throw TapiError(kLineErrorInvalidLine, "Die Leitung ist nicht geöffnet.");
+  if (calling.open == 0) throw MakeLineError(kLineErrorInvalidLine);
   return calls_.Dial(line, calling.open, number);
 }
 
@@ -221,7 +222,7 @@ bool Tapi32Lines::AddLine(DWORD id) {
 
 std::size_t Tapi32Lines::IndexOf(int line) const {
   if (line < 0 || line >= LineCount()) {
-    throw TapiError(kLineErrorBadDevice, "Die Leitung gibt es nicht.");
+    throw MakeLineError(kLineErrorBadDevice);
   }
   return static_cast<std::size_t>(line);
 }

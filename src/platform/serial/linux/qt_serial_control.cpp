@@ -14,6 +14,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/serial/port_rules.h"
 #include "platform/serial/serial_errors.h"
 
 namespace orvane {
@@ -45,10 +46,7 @@ QtSerialControl::~QtSerialControl() {
 }
 
 void QtSerialControl::SetCommPort(int port) {
-  if (port == port_) return;
-  if (open_) throw MakeSerialError(kSerialInvalidOpenPort);
-  if (port < 1 || port > kSerialMaxPort) throw MakeSerialError(kSerialInvalidPort);
-  port_ = port;
+  port_ = ChangedCommPort(port_, port, open_);
 }
 
 void QtSerialControl::SetPortOpen(bool open) {

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/serial/port_rules.h"
 #include "platform/serial/serial_errors.h"
 #include "platform/serial/windows/comm_device.h"
 
@@ -28,10 +29,7 @@ CommSerialControl::~CommSerialControl() {
 }
 
 void CommSerialControl::SetCommPort(int port) {
-  if (port == port_) return;
-  if (open_) throw MakeSerialError(kSerialInvalidOpenPort);
-  if (port < 1 || port > kSerialMaxPort) throw MakeSerialError(kSerialInvalidPort);
-  port_ = port;
+  port_ = ChangedCommPort(port_, port, open_);
 }
 
 void CommSerialControl::SetPortOpen(bool open) {

@@ -9,6 +9,7 @@
 #include "platform/system/linux/file_descriptor.h"
 #include "platform/text/ansi.h"
 #include "platform/text/native_path.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {
@@ -35,32 +36,19 @@ std::optional<std::string> ReadFile(const std::filesystem::path& path) {
 }
 
 // The end-of-file mark of old editors counts as a blank.
-bool IsBlank(char c) {
-  return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+constexpr std::string_view kBlanks = " \t\v\f\x1A";
+
+std::string_view WithoutBlanks(std::string_view text) {
+  return Trimmed(text, kBlanks);
 }
 
 std::string_view TrimmedEnd(std::string_view text) {
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-  return text;
+  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
-std::string_view Trimmed(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  return TrimmedEnd(text);
-}
-
-// Lower case in the ANSI code page.
-unsigned char Lower(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  const bool latin = byte >= 0xC0 && byte <= 0xDE && byte != 0xD7;
-  if ((byte >= 'A' && byte <= 'Z') || latin) return byte + 0x20U;
-  if (byte == 0x8A || byte == 0x8C || byte == 0x8E) return byte + 0x10U;
-  return byte == 0x9F ? 0xFF : byte;
-}
-
+// In the ANSI code page, where letters of both cases have one byte.
 bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Lower(x) == Lower(y); });
+  return a.size() == b.size() && LowerLatin(DecodeAnsi(a)) == LowerLatin(DecodeAnsi(b));
 }
 
 // Takes the next line off the text: without its end, without blanks around it.
@@ -68,7 +56,7 @@ std::string_view NextLine(std::string_view& text) {
   const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
   const std::string_view line = text.substr(0, end);
   text.remove_prefix(std::min(end + 1, text.size()));
-  return Trimmed(line);
+  return WithoutBlanks(line);
 }
 
 std::string_view Unquoted(std::string_view value) {
@@ -86,12 +74,13 @@ std::optional<std::string_view> FindValue(std::string_view text, std::string_vie
     const std::size_t bracket = line.front() == '[' ? line.rfind(']') : std::string_view::npos;
     if (bracket != std::string_view::npos) {
       if (inside) return std::nullopt;
-      inside = SameName(Trimmed(line.substr(1, bracket - 1)), section);
+      inside = SameName(WithoutBlanks(line.substr(1, bracket - 1)), section);
       continue;
     }
     const std::size_t equals = line.find('=');
     if (!inside || equals == std::string_view::npos) continue;
-    if (SameName(TrimmedEnd(line.substr(0, equals)), key)) return Trimmed(line.substr(equals + 1));
+    if (SameName(TrimmedEnd(line.substr(0, equals)), key))
+      return WithoutBlanks(line.substr(equals + 1));
   }
   return std::nullopt;
 }
@@ -109,7 +98,8 @@ std::string ProfileIniFile::Read(std::string_view section, std::string_view key,
   const auto text = ReadFile(NativePath(file));
   const std::string ansiSection = EncodeAnsi(section);
   const std::string ansiKey = EncodeAnsi(key);
-  const auto value = text ? FindValue(*text, Trimmed(ansiSection), Trimmed(ansiKey)) : std::nullopt;
+  const auto value =
+      text ? FindValue(*text, WithoutBlanks(ansiSection), WithoutBlanks(ansiKey)) : std::nullopt;
   if (value) return FromBuffer(Unquoted(*value));
   const std::string ansiFallback = EncodeAnsi(fallback);
   return FromBuffer(TrimmedEnd(ansiFallback));

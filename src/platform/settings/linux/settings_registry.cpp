@@ -96,10 +96,9 @@ void SettingsRegistry::Store(const RegistryText& text) const {
   if (!file.commit()) throw AccessDenied();
 }
 
-std::string SettingsRegistry::Read(std::string_view subKey, std::string_view name,
-                                   std::string_view fallback) {
+std::optional<std::string> SettingsRegistry::Read(std::string_view subKey, std::string_view name) {
   const auto value = Load().Value(FullKey(subKey, name));
-  return value ? value->toStdString() : std::string(fallback);
+  return value ? std::optional(value->toStdString()) : std::nullopt;
 }
 
 void SettingsRegistry::Change(const std::function<void(RegistryText&)>& change) const {

@@ -24,8 +24,7 @@ class SettingsRegistry : public HostRegistry {
   void SetRootKey(std::uint32_t root) override;
   void SetKeyPath(std::string_view path) override;
 
-  std::string Read(std::string_view subKey, std::string_view name,
-                   std::string_view fallback) override;
+  std::optional<std::string> Read(std::string_view subKey, std::string_view name) override;
   void Write(std::string_view subKey, std::string_view name, std::string_view value) override;
   void Remove(std::string_view subKey, std::string_view name) override;
 

@@ -78,10 +78,9 @@ std::wstring SystemRegistry::FullKey(std::string_view subKey) const {
   return ToWide(key);
 }
 
-std::string SystemRegistry::Read(std::string_view subKey, std::string_view name,
-                                 std::string_view fallback) {
+std::optional<std::string> SystemRegistry::Read(std::string_view subKey, std::string_view name) {
   const auto value = Query(RootKey(root_), FullKey(subKey), ToWide(name));
-  return value ? TextOf(*value) : std::string(fallback);
+  return value ? std::optional(TextOf(*value)) : std::nullopt;
 }
 
 void SystemRegistry::Write(std::string_view subKey, std::string_view name, std::string_view value) {

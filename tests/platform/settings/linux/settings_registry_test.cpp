@@ -27,7 +27,7 @@ class SettingsRegistryTest : public testing::Test {
   TemporaryFolder folder_;
   std::filesystem::path file_ = folder_ / "registry.ini";
   SettingsRegistry registry_{QString::fromStdString(file_.string())};
-  std::function<void()> read_ = [this] { registry_.Read("", "CTI", "0"); };
+  std::function<void()> read_ = [this] { registry_.Read("", "CTI").value_or("0"); };
   std::function<void()> write_ = [this] { registry_.Write("", "CTI", "2"); };
 };
 
@@ -50,7 +50,7 @@ TEST_F(SettingsRegistryTest, ReadsHandWrittenValues) {
       {"V=", ""}};
   for (const auto& [line, value] : kCases) {
     Put("[hkey_current_user]\nSOFTWARE\\NORDEL\\Talmix18\\" + std::string(line));
-    EXPECT_EQ(registry_.Read("", "V", "fallback"), value) << line;
+    EXPECT_EQ(registry_.Read("", "V").value_or("fallback"), value) << line;
   }
 }
 
@@ -64,7 +64,7 @@ TEST_F(SettingsRegistryTest, WritingKeepsWhatOthersWrote) {
   for (const std::string value : {"4", "5", "6"}) {
     ChildProcess host([&](const auto&) { return registry_.Write("", "CTI", value), 0; });
     host.Wait();
-    EXPECT_EQ(registry_.Read("", "CTI", ""), value);
+    EXPECT_EQ(registry_.Read("", "CTI").value_or(""), value);
   }
 }
 
@@ -99,7 +99,7 @@ TEST_F(SettingsRegistryTest, MissingRightsAreAccessErrors) {
   chmod(file_.c_str(), 0666);
   EXPECT_EQ(asNobody(read_), 0);
   EXPECT_EQ(asNobody(write_), 5) << "the folder is read-only";
-  EXPECT_EQ(registry_.Read("", "CTI", ""), "1");
+  EXPECT_EQ(registry_.Read("", "CTI").value_or(""), "1");
 }
 
 }  // namespace

@@ -42,9 +42,9 @@ TEST(SystemRegistry, ReadsWhatTheHostWroteWhateverItsType) {
                                     {"long", umlauts},
                                     {"", "default"},
                                     {"missing", "fallback"}}) {
-    EXPECT_EQ(registry.Read("", name, "fallback"), value) << name;
+    EXPECT_EQ(registry.Read("", name).value_or("fallback"), value) << name;
   }
-  EXPECT_EQ(registry.Read("no\\key", "x", "fallback"), "fallback");
+  EXPECT_EQ(registry.Read("no\\key", "x").value_or("fallback"), "fallback");
 }
 
 TEST(SystemRegistry, ReportsTheSystemsErrors) {
@@ -52,7 +52,7 @@ TEST(SystemRegistry, ReportsTheSystemsErrors) {
   registry.SetRootKey(0x80000099U);
   registry.SetKeyPath("SOFTWARE");
   for (const std::function<void()>& access :
-       {std::function<void()>([&] { registry.Read("", "x", ""); }),
+       {std::function<void()>([&] { registry.Read("", "x").value_or(""); }),
         std::function<void()>([&] { registry.Write("", "x", ""); })}) {
     try {
       access();

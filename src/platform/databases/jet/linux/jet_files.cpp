@@ -13,6 +13,7 @@
 #include "platform/databases/sqlite/sqlite_database.h"
 #include "platform/system/linux/file_descriptor.h"
 #include "platform/text/native_path.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

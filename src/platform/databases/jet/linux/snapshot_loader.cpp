@@ -8,6 +8,7 @@
 
 #include "platform/databases/connection_properties.h"
 #include "platform/databases/jet/linux/jet_stream.h"
+#include "platform/text/text_tools.h"
 
 namespace orvane {
 namespace {

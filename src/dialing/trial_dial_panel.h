@@ -5,9 +5,9 @@
 namespace orvane {
 
 // The test dial of the options dialog, which gets the line events while it is open.
-class TestDialPanel {
+class TrialDialPanel {
  public:
-  virtual ~TestDialPanel() = default;
+  virtual ~TrialDialPanel() = default;
 
   // The dialog's dial button: pressed, hang-up picture and "&Auflegen"; or released, dial picture
   // and "&Wählen...".

@@ -1,20 +1,15 @@
-#include "dialing/test_tapi_dialer.h"
+#include "dialing/trial_tapi_dialer.h"
 
 #include <exception>
 
 #include "app/error_report.h"
-#include "app/init_settings.h"
+#include "app/line_opening.h"
 #include "platform/errors.h"
 #include "platform/tapi_control.h"
 
 namespace orvane {
-namespace {
 
-constexpr std::int16_t kCallOptions = 0;
-
-}  // namespace
-
-void TestTapiDialer::TestDialTapi(const std::string& number) {
+void TrialTapiDialer::TestDialTapi(const std::string& number) {
   panel_.SetTestDialEnabled(false);
   try {
     if (panel_.TestDialPressed()) {
@@ -24,29 +19,27 @@ void TestTapiDialer::TestDialTapi(const std::string& number) {
     }
   } catch (const std::exception& error) {
     panel_.SetTestDialIdle(true);
-    ShowError(services_.prompts, ErrorStateOf(error), "TAPI-Testwahl");
+    ShowError(prompts_, ErrorStateOf(error), "TAPI-Testwahl");
   }
   panel_.SetTestDialEnabled(true);
 }
 
-void TestTapiDialer::Place(const std::string& number) {
-  TapiControl& tapi = services_.tapi;
-  std::int32_t& line = state_.settings.tapiLineId;
+void TrialTapiDialer::Place(const std::string& number) {
+  std::int32_t& line = settings_.tapiLineId;
   panel_.SetTestDialIdle(false);
   panel_.AppendProgress("Öffne TAPI-Line: #" + std::to_string(line));
-  panel_.AppendProgress("TAPI-Gerät: " + tapi.LineName(line));
+  panel_.AppendProgress("TAPI-Gerät: " + tapi_.LineName(line));
   panel_.AppendProgress("Gegenstelle wird angewählt: " + number);
   call_.ForgetLineCall();
   // A line that was lost, or left closed by a new list of lines, is opened again.
-  if (!TapiInitialised(tapi)) OpenTapiLine(tapi, line);
-  std::string dialString = number;
-  call_.placedCallHandle = tapi.MakeCall(line, dialString, kCallOptions);
+  if (tapi_.NeedsInitialise()) line = OpenTapiLine(tapi_, line);
+  call_.placedCallHandle = tapi_.MakeCall(line, number, kCallOptions);
 }
 
-void TestTapiDialer::Drop() {
+void TrialTapiDialer::Drop() {
   panel_.AppendProgress("Verbindung wird getrennt...");
   try {
-    services_.tapi.DropCall(state_.settings.tapiLineId, call_.tapiCallHandle);
+    tapi_.DropCall(settings_.tapiLineId, call_.tapiCallHandle);
   } catch (const TapiError& error) {
     // The call has ended by itself at the same moment.
     if (error.Number() != kLineErrorInvalidCall) throw;

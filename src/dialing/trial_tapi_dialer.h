@@ -3,17 +3,19 @@
 #include <string>
 
 #include "app/program_state.h"
-#include "app/services.h"
-#include "dialing/test_dial_panel.h"
+#include "dialing/trial_dial_panel.h"
 #include "journal/current_call.h"
+#include "platform/prompts.h"
+#include "platform/tapi_control.h"
 
 namespace orvane {
 
 // The options dialog's test dial through the current telephone line; no journal.
-class TestTapiDialer {
+class TrialTapiDialer {
  public:
-  TestTapiDialer(Services& services, ProgramState& state, CurrentCall& call, TestDialPanel& panel)
-      : services_(services), state_(state), call_(call), panel_(panel) {}
+  TrialTapiDialer(TapiControl& tapi, Prompts& prompts, DialSettings& settings, CurrentCall& call,
+                  TrialDialPanel& panel)
+      : tapi_(tapi), prompts_(prompts), settings_(settings), call_(call), panel_(panel) {}
 
   // Calls `number` when the dialog's dial button is not pressed, otherwise drops the call. A
   // failure is reported and leaves the button idle.
@@ -23,10 +25,11 @@ class TestTapiDialer {
   void Place(const std::string& number);
   void Drop();
 
-  Services& services_;
-  ProgramState& state_;
+  TapiControl& tapi_;
+  Prompts& prompts_;
+  DialSettings& settings_;
   CurrentCall& call_;
-  TestDialPanel& panel_;
+  TrialDialPanel& panel_;
 };
 
 }  // namespace orvane

@@ -2,18 +2,16 @@
 
 #include <string>
 
-#include "app/services.h"
-#include "app/work_queue.h"
 #include "dialing/modem_call.h"
-#include "dialing/test_dial_panel.h"
+#include "dialing/trial_dial_panel.h"
 
 namespace orvane {
 
 // The options dialog's test dial through the modem: the dial window's port, a choice of its own, no
 // journal.
-class TestModemDialer {
+class TrialModemDialer {
  public:
-  TestModemDialer(Services& services, WorkQueue& queue, TestDialPanel& panel);
+  TrialModemDialer(const ModemPort& port, TrialDialPanel& panel);
 
   // Calls `number` on the port that is selected in the dialog when its dial button is not pressed,
   // otherwise hangs up.
@@ -23,7 +21,7 @@ class TestModemDialer {
   void Abandon() { modem_.Abandon(); }
 
  private:
-  TestDialPanel& panel_;
+  TrialDialPanel& panel_;
   ModemCall modem_;
 };
 

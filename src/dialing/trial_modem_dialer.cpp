@@ -1,12 +1,12 @@
-#include "dialing/test_modem_dialer.h"
+#include "dialing/trial_modem_dialer.h"
 
 namespace orvane {
 
-TestModemDialer::TestModemDialer(Services& services, WorkQueue& queue, TestDialPanel& panel)
+TrialModemDialer::TrialModemDialer(const ModemPort& port, TrialDialPanel& panel)
     : panel_(panel),
-      modem_(services, queue, [&panel](const std::string& line) { panel.AppendProgress(line); }) {}
+      modem_(port, [&panel](const std::string& line) { panel.AppendProgress(line); }) {}
 
-void TestModemDialer::TestDialModem(const std::string& number) {
+void TrialModemDialer::TestDialModem(const std::string& number) {
   if (panel_.TestDialPressed()) {
     if (modem_.HangUp()) {
       panel_.AppendProgress(">>> Auflegesignal wurde gesendet.");

@@ -1,4 +1,4 @@
-#include "dialing/test_tapi_dialer.h"
+#include "dialing/trial_tapi_dialer.h"
 
 #include <gtest/gtest.h>
 
@@ -14,15 +14,15 @@ class TestTapiDialerTest : public ProgramFixture {
  protected:
   TestTapiDialerTest() {
     tapi.lineNames = {"Büro", "Lager"};
-    tapi.SetTag("opened");
+    tapi.tag = TapiTag::kOpened;
     state.settings.tapiLineId = 1;
   }
   RecordingTestDial dialog;
-  TestTapiDialer test{services, state, call, dialog};
+  TrialTapiDialer test{tapi, prompts, state.settings, call, dialog};
 };
 
 TEST_F(TestTapiDialerTest, OpensALineThatWasLost) {
-  tapi.SetTag("closed");
+  tapi.tag = TapiTag::kClosed;
   call.tapiCallHandle = 99;
   test.TestDialTapi("1");
   EXPECT_EQ(tapi.log, (Lines{"open 1 4 6 9", "call 1 1"}));

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/database.h"
+#include "platform/host_registry.h"
+#include "platform/ini_file.h"
+#include "ui/options/options_system.h"
+
+namespace orvane {
+
+// What the dial window and what it opens use of the system; everything outlives the window.
+struct DialSystem : OptionsSystem {
+  RegistryFactory newRegistry;
+  IniFile& ini;
+  DatabaseServices& databases;
+};
+
+}  // namespace orvane
