@@ -7,7 +7,8 @@
 namespace orvane {
 
 // The host's message and language helper: keeps which libraries of the host it belongs to and shows
-// the program's message boxes. The library files need not exist.
+// the program's message boxes. The texts are handed over as the host expects it and nothing here
+// looks at them; the library files need not exist.
 class HostHelper : public Prompts {
  public:
   explicit HostHelper(Prompts& screen) : screen_(screen) {}

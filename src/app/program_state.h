@@ -29,8 +29,6 @@ struct HostEnvironment {
   // 0 until the host names a user.
   std::int32_t userNumber = 0;
   std::string userPath;
-
-  bool dialWindowRunning = false;
 };
 
 // Ways to place a call, as the registry value "CTI" numbers them.

@@ -19,6 +19,7 @@ class HostRegistry {
  public:
   virtual ~HostRegistry() = default;
 
+  // Handed over as the host's programs do it; no implementation looks at it.
   virtual void SetApplicationName(std::string_view name) = 0;
   virtual void SetRootKey(std::uint32_t root) = 0;
   // Separated by "\", without a leading one.

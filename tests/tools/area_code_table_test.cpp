@@ -8,7 +8,7 @@
 #include "fakes/temporary_folder.h"
 #include "platform/databases/sqlite/sqlite_services.h"
 #include "platform/text/ansi.h"
-#include "ui/logic/number_classification.h"
+#include "ui/logic/number_classifier.h"
 
 namespace orvane {
 namespace {

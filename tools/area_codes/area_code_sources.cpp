@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "area_codes/place_name.h"
-#include "ui/logic/number_classification.h"
+#include "ui/logic/number_classifier.h"
 
 namespace orvane {
 namespace {

@@ -45,82 +45,82 @@ QLabel* NewPicture(QWidget& parent, const char* name, Glyph glyph, QColor Palett
 }
 
 void BuildTitle(QWidget& window, DialControls& c) {
-  c.panBase = NewPanel(window, "panBase", role::kTitle);
-  c.imgLogo = NewPicture(*c.panBase, "imgLogo", Glyph::kLogo, &Palette::logo, "Brisko");
-  c.lblBase[0] = NewLabel(*c.panBase, nullptr);
-  c.lblBase[0]->setText(QStringLiteral("Brisko"));
+  c.titleBar = NewPanel(window, "panBase", role::kTitle);
+  c.logo = NewPicture(*c.titleBar, "imgLogo", Glyph::kLogo, &Palette::logo, "Brisko");
+  c.statusLabels[0] = NewLabel(*c.titleBar, nullptr);
+  c.statusLabels[0]->setText(QStringLiteral("Brisko"));
   const auto newButton = [&](const char* name, Glyph glyph, const char* description) {
-    auto* button = NewIconButton<IconButton>(*c.panBase, name, role::kTitleButton, glyph,
+    auto* button = NewIconButton<IconButton>(*c.titleBar, name, role::kTitleButton, glyph,
                                              &Palette::onFrame, description);
     button->setIconSize(QSize(11, 11));
     return button;
   };
-  c.hovSizer = newButton("hovSizer", Glyph::kArrowUp, "Kompaktansicht");
-  c.hovClose = newButton("hovClose", Glyph::kClose, "Schließen");
+  c.viewSwitch = newButton("hovSizer", Glyph::kArrowUp, "Kompaktansicht");
+  c.closeButton = newButton("hovClose", Glyph::kClose, "Schließen");
 
-  auto* row = new QHBoxLayout(c.panBase);
+  auto* row = new QHBoxLayout(c.titleBar);
   row->setSpacing(6);
-  row->addWidget(c.imgLogo);
-  row->addWidget(c.lblBase[0], 1);
-  row->addWidget(c.hovSizer);
-  row->addWidget(c.hovClose);
+  row->addWidget(c.logo);
+  row->addWidget(c.statusLabels[0], 1);
+  row->addWidget(c.viewSwitch);
+  row->addWidget(c.closeButton);
 }
 
 void BuildNumberStrip(DialControls& c) {
   QFrame* strip = NewPanel(*c.dialPad, nullptr, role::kStrip);
   c.numberStrip = strip;
-  c.txtNr = new QLineEdit(strip);
-  Name(*c.txtNr, "txtNr");
-  SetRole(*c.txtNr, role::kNumber);
-  Describe(*c.txtNr, "Rufnummer");
-  c.txtNr->setFont(TabularDigitFont(c.txtNr->font()));
+  c.numberField = new QLineEdit(strip);
+  Name(*c.numberField, "txtNr");
+  SetRole(*c.numberField, role::kNumber);
+  Describe(*c.numberField, "Rufnummer");
+  c.numberField->setFont(TabularDigitFont(c.numberField->font()));
 
-  c.cmdClear = NewClearButton(*c.txtNr, "cmdClear", "Rufnummernfeld leeren");
+  c.clearButton = NewClearButton(*c.numberField, "cmdClear", "Rufnummernfeld leeren");
 
   const auto newTool = [&](const char* name, Glyph glyph, const char* description) {
     return NewIconButton<IconButton>(*strip, name, role::kTool, glyph, &Palette::heading,
                                      description);
   };
-  c.cmdWdh = newTool("cmdWdh", Glyph::kRedial, "Letzte gewählte Nummer");
-  c.cmdGetClpbrd =
+  c.redialButton = newTool("cmdWdh", Glyph::kRedial, "Letzte gewählte Nummer");
+  c.pasteButton =
       newTool("cmdGetClpbrd", Glyph::kClipboard, "Rufnummer aus Zwischenablage übernehmen");
-  c.cmdHistory = NewIconButton<CommandButton>(*strip, "cmdHistory", role::kTool, Glyph::kHistory,
-                                              &Palette::heading, "Anrufhistorie");
-  c.cmdOptionen = newTool("cmdOptionen", Glyph::kGear, "Optionen");
+  c.historyButton = NewIconButton<CommandButton>(*strip, "cmdHistory", role::kTool, Glyph::kHistory,
+                                                 &Palette::heading, "Anrufhistorie");
+  c.optionsButton = newTool("cmdOptionen", Glyph::kGear, "Optionen");
 
   auto* row = new QHBoxLayout(strip);
   row->setSpacing(4);
-  row->addWidget(c.txtNr, 1);
-  for (QWidget* tool :
-       {c.cmdWdh, c.cmdGetClpbrd, static_cast<QPushButton*>(c.cmdHistory), c.cmdOptionen}) {
+  row->addWidget(c.numberField, 1);
+  for (QWidget* tool : {c.redialButton, c.pasteButton, static_cast<QPushButton*>(c.historyButton),
+                        c.optionsButton}) {
     row->addWidget(tool);
   }
 }
 
 void BuildDisplay(DialControls& c) {
-  c.tabDisplay = NewPanel(*c.dialPad, "tabDisplay", role::kCard);
-  c.tabDisplay->setFocusPolicy(Qt::StrongFocus);
-  c.tabDisplay->setAccessibleName(QStringLiteral("Anzeige, Tasten wählen die Rufnummer"));
-  c.lblHead = NewLabel(*c.tabDisplay, role::kHeading);
-  c.lblHead->setMinimumWidth(kHeadWidth);
-  c.lblBase[1] = NewLabel(*c.tabDisplay, role::kMuted);
-  c.lblBase[2] = NewLabel(*c.tabDisplay, role::kReady);
-  c.lblBase[3] = NewLabel(*c.tabDisplay, role::kReady);
-  c.lblAdr = NewLabel(*c.tabDisplay, nullptr);
-  c.lblAdr->SetLineCount(kContactLines);
+  c.display = NewPanel(*c.dialPad, "tabDisplay", role::kCard);
+  c.display->setFocusPolicy(Qt::StrongFocus);
+  c.display->setAccessibleName(QStringLiteral("Anzeige, Tasten wählen die Rufnummer"));
+  c.destination = NewLabel(*c.display, role::kHeading);
+  c.destination->setMinimumWidth(kHeadWidth);
+  c.statusLabels[1] = NewLabel(*c.display, role::kMuted);
+  c.statusLabels[2] = NewLabel(*c.display, role::kReady);
+  c.statusLabels[3] = NewLabel(*c.display, role::kReady);
+  c.contact = NewLabel(*c.display, nullptr);
+  c.contact->SetLineCount(kContactLines);
   for (const std::size_t status : {2U, 3U}) {
-    c.lblBase[status]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    c.statusLabels[status]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   }
 
-  auto* grid = new QGridLayout(c.tabDisplay);
+  auto* grid = new QGridLayout(c.display);
   grid->setContentsMargins(10, 5, 10, 4);
   grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(0);
-  grid->addWidget(c.lblHead, 0, 0);
-  grid->addWidget(c.lblBase[2], 0, 1);
-  grid->addWidget(c.lblBase[1], 1, 0);
-  grid->addWidget(c.lblBase[3], 1, 1);
-  grid->addWidget(c.lblAdr, 2, 0, 1, 2);
+  grid->addWidget(c.destination, 0, 0);
+  grid->addWidget(c.statusLabels[2], 0, 1);
+  grid->addWidget(c.statusLabels[1], 1, 0);
+  grid->addWidget(c.statusLabels[3], 1, 1);
+  grid->addWidget(c.contact, 2, 0, 1, 2);
   grid->setColumnStretch(0, 1);
 }
 
@@ -143,32 +143,32 @@ void BuildKeypad(DialControls& c) {
     Name(*button, "cmdNr", key.index);
     SetRole(*button, role::kKey);
     button->setAccessibleName(QStringLiteral("Taste %1").arg(QString::fromLatin1(key.spokenName)));
-    c.cmdNr[key.index] = button;
+    c.keys[key.index] = button;
   }
 }
 
 void BuildSpeedDial(DialControls& c) {
   c.speedDialRow = new QWidget(c.dialPad);
-  c.imgInt = NewPicture(*c.speedDialRow, "imgInt", Glyph::kInternal, &Palette::internalMarker,
-                        "Interner Eintrag");
-  c.imgExt = NewPicture(*c.speedDialRow, "imgExt", Glyph::kExternal, &Palette::externalMarker,
-                        "Externer Eintrag");
-  c.imgInt->hide();
-  c.imgExt->hide();
-  c.cboNr = new DropDown(c.speedDialRow);
-  Name(*c.cboNr, "cboNr");
-  c.cboNr->setPlaceholderText(QStringLiteral("Kurzwahlspeicher"));
-  c.cboNr->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  c.cboNr->setIconSize(QSize(kMarkerSide, kMarkerSide));
-  AtLeastHigh(*c.cboNr, 30);
-  Describe(*c.cboNr, "Kurzwahlspeicher");
+  c.internalMark = NewPicture(*c.speedDialRow, "imgInt", Glyph::kInternal, &Palette::internalMarker,
+                              "Interner Eintrag");
+  c.externalMark = NewPicture(*c.speedDialRow, "imgExt", Glyph::kExternal, &Palette::externalMarker,
+                              "Externer Eintrag");
+  c.internalMark->hide();
+  c.externalMark->hide();
+  c.speedDial = new DropDown(c.speedDialRow);
+  Name(*c.speedDial, "cboNr");
+  c.speedDial->setPlaceholderText(QStringLiteral("Kurzwahlspeicher"));
+  c.speedDial->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  c.speedDial->setIconSize(QSize(kMarkerSide, kMarkerSide));
+  AtLeastHigh(*c.speedDial, 30);
+  Describe(*c.speedDial, "Kurzwahlspeicher");
 
   auto* row = new QHBoxLayout(c.speedDialRow);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(6);
-  row->addWidget(c.imgInt);
-  row->addWidget(c.imgExt);
-  row->addWidget(c.cboNr, 1);
+  row->addWidget(c.internalMark);
+  row->addWidget(c.externalMark);
+  row->addWidget(c.speedDial, 1);
 }
 
 void BuildCheckBoxes(DialControls& c) {
@@ -183,66 +183,66 @@ void BuildCheckBoxes(DialControls& c) {
     box->hide();
     return box;
   };
-  c.chkExtern = newBox("chkExtern", "&extern", "Externe Rufnummer: mit Amtsholung wählen");
-  c.chkDevDial = newBox("chkDevDial", "&Testwahl über COM1",
-                        "Für Entwickler: immer über das Modem an COM1 wählen");
+  c.externalBox = newBox("chkExtern", "&extern", "Externe Rufnummer: mit Amtsholung wählen");
+  c.developerBox = newBox("chkDevDial", "&Testwahl über COM1",
+                          "Für Entwickler: immer über das Modem an COM1 wählen");
   auto* row = new QHBoxLayout(c.checkBoxRow);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(12);
-  row->addWidget(c.chkExtern);
-  row->addWidget(c.chkDevDial);
+  row->addWidget(c.externalBox);
+  row->addWidget(c.developerBox);
   row->addStretch();
 }
 
 void BuildDialButtons(DialControls& c) {
-  for (std::size_t view = 0; view < c.cmdDial.size(); ++view) {
+  for (std::size_t view = 0; view < c.dialButtons.size(); ++view) {
     auto* button = new CommandButton(view == 0 ? c.dialPad : c.numberStrip);
     Name(*button, "cmdDial", view);
-    c.cmdDial[view] = button;
+    c.dialButtons[view] = button;
   }
-  c.cmdDial[0]->setIconSize(QSize(22, 22));
-  AtLeastHigh(*c.cmdDial[0], 40);
-  c.cmdDial[1]->setIconSize(QSize(15, 15));
-  c.numberStrip->layout()->addWidget(c.cmdDial[1]);
+  c.dialButtons[0]->setIconSize(QSize(22, 22));
+  AtLeastHigh(*c.dialButtons[0], 40);
+  c.dialButtons[1]->setIconSize(QSize(15, 15));
+  c.numberStrip->layout()->addWidget(c.dialButtons[1]);
 }
 
 void BuildLog(DialControls& c) {
   QFrame* log = NewPanel(*c.dialPad, nullptr, role::kLog);
   c.log = log;
   log->setFixedHeight(std::max(kLogHeight, kLogLines * log->fontMetrics().lineSpacing() + 10));
-  c.shpBottom = NewPanel(*log, "shpBottom", role::kLogEdge);
-  c.shpBottom->setFixedHeight(2);
-  QSizePolicy edge = c.shpBottom->sizePolicy();
+  c.bottomLine = NewPanel(*log, "shpBottom", role::kLogEdge);
+  c.bottomLine->setFixedHeight(2);
+  QSizePolicy edge = c.bottomLine->sizePolicy();
   edge.setRetainSizeWhenHidden(true);
-  c.shpBottom->setSizePolicy(edge);
-  c.shpBottom->hide();
+  c.bottomLine->setSizePolicy(edge);
+  c.bottomLine->hide();
 
-  c.lstCallProgress = new QListWidget(log);
-  Name(*c.lstCallProgress, "lstCallProgress");
-  SetRole(*c.lstCallProgress, role::kLog);
-  c.lstCallProgress->setAccessibleName(QStringLiteral("Gesprächsverlauf"));
-  c.lstCallProgress->setSelectionMode(QAbstractItemView::NoSelection);
-  c.lstCallProgress->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  c.lstCallProgress->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-  c.lstCallProgress->setTextElideMode(Qt::ElideRight);
+  c.progressLog = new QListWidget(log);
+  Name(*c.progressLog, "lstCallProgress");
+  SetRole(*c.progressLog, role::kLog);
+  c.progressLog->setAccessibleName(QStringLiteral("Gesprächsverlauf"));
+  c.progressLog->setSelectionMode(QAbstractItemView::NoSelection);
+  c.progressLog->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  c.progressLog->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  c.progressLog->setTextElideMode(Qt::ElideRight);
 
-  c.lblVer = new QLabel(log);
-  Name(*c.lblVer, "lblVer");
-  SetRole(*c.lblVer, role::kVersion);
-  c.lblVer->setAttribute(Qt::WA_TransparentForMouseEvents);
+  c.version = new QLabel(log);
+  Name(*c.version, "lblVer");
+  SetRole(*c.version, role::kVersion);
+  c.version->setAttribute(Qt::WA_TransparentForMouseEvents);
 
   auto* grid = new QGridLayout(log);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(0);
-  grid->addWidget(c.shpBottom, 0, 0);
-  grid->addWidget(c.lstCallProgress, 1, 0);
-  grid->addWidget(c.lblVer, 1, 0, Qt::AlignRight | Qt::AlignBottom);
+  grid->addWidget(c.bottomLine, 0, 0);
+  grid->addWidget(c.progressLog, 1, 0);
+  grid->addWidget(c.version, 1, 0, Qt::AlignRight | Qt::AlignBottom);
   grid->setRowStretch(1, 1);
-  c.lblVer->setContentsMargins(0, 0, 10, 6);
+  c.version->setContentsMargins(0, 0, 10, 6);
 }
 
 void BuildDialPad(DialControls& c) {
-  c.dialPad = NewPanel(*c.infBase, nullptr, role::kPlain);
+  c.dialPad = NewPanel(*c.body, nullptr, role::kPlain);
   auto* column = new QVBoxLayout(c.dialPad);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -255,19 +255,19 @@ void BuildDialPad(DialControls& c) {
   BuildLog(c);
 
   c.padBody = new QVBoxLayout;
-  c.padBody->addWidget(c.tabDisplay);
+  c.padBody->addWidget(c.display);
   c.padBody->addLayout(c.keypad, 1);
   c.padBody->addWidget(c.speedDialRow);
   c.padBody->addWidget(c.checkBoxRow);
-  c.padBody->addWidget(c.cmdDial[0]);
+  c.padBody->addWidget(c.dialButtons[0]);
   column->addWidget(c.numberStrip);
   column->addLayout(c.padBody, 1);
   column->addWidget(c.log);
 }
 
 void BuildBody(QWidget& window, DialControls& c) {
-  c.infBase = NewPanel(window, "infBase", role::kBody);
-  auto* row = new QHBoxLayout(c.infBase);
+  c.body = NewPanel(window, "infBase", role::kBody);
+  auto* row = new QHBoxLayout(c.body);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
   BuildDialPad(c);
@@ -276,15 +276,15 @@ void BuildBody(QWidget& window, DialControls& c) {
 }
 
 void SetTabOrder(const DialControls& c) {
-  std::vector<QWidget*> order = {c.txtNr,      c.cmdClear,    c.cmdWdh,    c.cmdGetClpbrd,
-                                 c.cmdHistory, c.cmdOptionen, c.tabDisplay};
-  for (const std::size_t key : kKeyOrder) order.push_back(c.cmdNr[key]);
-  order.insert(order.end(),
-               {c.cboNr, c.chkExtern, c.chkDevDial, c.cmdDial[0], c.cmdDial[1], c.lstCallProgress});
-  order.insert(order.end(), {static_cast<QWidget*>(c.tabTab), c.cboFilter});
-  order.insert(order.end(), c.chkTelList.begin(), c.chkTelList.end());
-  order.insert(order.end(), {static_cast<QWidget*>(c.txtFilter), c.cmdClrTextFilter, c.repTel,
-                             c.hovSizer, c.hovClose});
+  std::vector<QWidget*> order = {c.numberField,   c.clearButton,   c.redialButton, c.pasteButton,
+                                 c.historyButton, c.optionsButton, c.display};
+  for (const std::size_t key : kKeyOrder) order.push_back(c.keys[key]);
+  order.insert(order.end(), {c.speedDial, c.externalBox, c.developerBox, c.dialButtons[0],
+                             c.dialButtons[1], c.progressLog});
+  order.insert(order.end(), {static_cast<QWidget*>(c.callTabs), c.period});
+  order.insert(order.end(), c.callKinds.begin(), c.callKinds.end());
+  order.insert(order.end(), {static_cast<QWidget*>(c.textFilter), c.clearTextFilter, c.callList,
+                             c.viewSwitch, c.closeButton});
   for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
@@ -294,24 +294,24 @@ DialControls BuildDialControls(QWidget& window) {
   DialControls c;
   BuildTitle(window, c);
   BuildBody(window, c);
-  for (std::size_t i = 0; i < c.lblBase.size(); ++i) Name(*c.lblBase[i], "lblBase", i);
-  Name(*c.lblHead, "lblHead");
-  Name(*c.lblAdr, "lblAdr");
+  for (std::size_t i = 0; i < c.statusLabels.size(); ++i) Name(*c.statusLabels[i], "lblBase", i);
+  Name(*c.destination, "lblHead");
+  Name(*c.contact, "lblAdr");
 
   auto* column = new QVBoxLayout(&window);
   column->setContentsMargins(kFrameWidth, kFrameWidth, kFrameWidth, kFrameWidth);
   column->setSpacing(0);
-  column->addWidget(c.panBase);
-  column->addWidget(c.infBase, 1);
+  column->addWidget(c.titleBar);
+  column->addWidget(c.body, 1);
   SetTabOrder(c);
   ArrangeFullView(c);
   const QSize size = column->minimumSize().expandedTo(kFullViewSize);
   window.setFixedSize(size);
   // The dial pad stays as wide when the window grows.
   c.dialPad->setFixedWidth(size.width() - 2 * kFrameWidth);
-  c.tabDisplay->setFixedWidth(c.dialPad->width() - 2 * kBodyMargin);
-  c.infBase->setProperty(kDesignedHeightTag,
-                         size.height() - 2 * kFrameWidth - c.panBase->sizeHint().height());
+  c.display->setFixedWidth(c.dialPad->width() - 2 * kBodyMargin);
+  c.body->setProperty(kDesignedHeightTag,
+                      size.height() - 2 * kFrameWidth - c.titleBar->sizeHint().height());
   return c;
 }
 

@@ -22,65 +22,66 @@ class CommandButton;
 class DropDown;
 class ElidedLabel;
 
-// The controls of the dial window, each named as here ("txtNr", "cmdNr_7"). The window owns them.
+// The controls of the dial window, which owns them. Their object names ("txtNr", "cmdNr_7") are
+// given where they are built.
 struct DialControls {
   // Title strip.
-  QFrame* panBase = nullptr;
-  QLabel* imgLogo = nullptr;
-  QPushButton* hovSizer = nullptr;
-  QPushButton* hovClose = nullptr;
+  QFrame* titleBar = nullptr;
+  QLabel* logo = nullptr;
+  QPushButton* viewSwitch = nullptr;
+  QPushButton* closeButton = nullptr;
 
   // Its designed height, in pixels, stands in the property kDesignedHeightTag.
-  QFrame* infBase = nullptr;
+  QFrame* body = nullptr;
   QFrame* dialPad = nullptr;
   // Number strip.
   QFrame* numberStrip = nullptr;
-  QLineEdit* txtNr = nullptr;
-  QPushButton* cmdClear = nullptr;
-  QPushButton* cmdWdh = nullptr;
-  QPushButton* cmdGetClpbrd = nullptr;
-  CommandButton* cmdHistory = nullptr;
-  QPushButton* cmdOptionen = nullptr;
+  QLineEdit* numberField = nullptr;
+  QPushButton* clearButton = nullptr;
+  QPushButton* redialButton = nullptr;
+  QPushButton* pasteButton = nullptr;
+  CommandButton* historyButton = nullptr;
+  QPushButton* optionsButton = nullptr;
 
   // The display: where the number leads and whose it is; takes the focus for typing.
-  QFrame* tabDisplay = nullptr;
-  ElidedLabel* lblHead = nullptr;
-  ElidedLabel* lblAdr = nullptr;
+  QFrame* display = nullptr;
+  ElidedLabel* destination = nullptr;
+  ElidedLabel* contact = nullptr;
   // The caption, the idle hint, and headline and detail of the dial method's status.
-  std::array<ElidedLabel*, 4> lblBase{};
+  std::array<ElidedLabel*, 4> statusLabels{};
 
   // The digits by their value, then "*" and "#".
-  std::array<CommandButton*, 12> cmdNr{};
+  std::array<CommandButton*, 12> keys{};
   QBoxLayout* padBody = nullptr;
   QGridLayout* keypad = nullptr;
   QWidget* speedDialRow = nullptr;
-  DropDown* cboNr = nullptr;
-  QLabel* imgInt = nullptr;
-  QLabel* imgExt = nullptr;
+  DropDown* speedDial = nullptr;
+  QLabel* internalMark = nullptr;
+  QLabel* externalMark = nullptr;
   QWidget* checkBoxRow = nullptr;
-  QCheckBox* chkExtern = nullptr;
-  QCheckBox* chkDevDial = nullptr;
+  QCheckBox* externalBox = nullptr;
+  QCheckBox* developerBox = nullptr;
   // Full view and compact view.
-  std::array<CommandButton*, 2> cmdDial{};
+  std::array<CommandButton*, 2> dialButtons{};
 
   // Call progress.
   QFrame* log = nullptr;
-  QListWidget* lstCallProgress = nullptr;
-  QLabel* lblVer = nullptr;
-  QFrame* shpBottom = nullptr;
+  QListWidget* progressLog = nullptr;
+  QLabel* version = nullptr;
+  QFrame* bottomLine = nullptr;
 
   // The call history to the right of the dial pad; hidden until it is asked for.
   QFrame* history = nullptr;
-  QTabBar* tabTab = nullptr;
-  QFrame* grpFilter = nullptr;
-  DropDown* cboFilter = nullptr;
+  QTabBar* callTabs = nullptr;
+  QFrame* filters = nullptr;
+  DropDown* period = nullptr;
   // Internal and external calls, calls with a number and without one.
-  std::array<QCheckBox*, kCallKinds> chkTelList{};
+  std::array<QCheckBox*, kCallKinds> callKinds{};
   // The caption of the text filter, and how many calls are shown.
-  std::array<QLabel*, 2> lblInf{};
-  QLineEdit* txtFilter = nullptr;
-  QPushButton* cmdClrTextFilter = nullptr;
-  CallListView* repTel = nullptr;
+  std::array<QLabel*, 2> filterLabels{};
+  QLineEdit* textFilter = nullptr;
+  QPushButton* clearTextFilter = nullptr;
+  CallListView* callList = nullptr;
 };
 
 // Frame of the window, and margin of the dial pad and the call history inside, in

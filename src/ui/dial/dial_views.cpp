@@ -27,7 +27,7 @@ constexpr int kCompactDialWidth = 104;
 
 void PlaceKeys(DialControls& c, int columns, int spacing, QSizePolicy::Policy growth) {
   for (std::size_t i = 0; i < kKeyOrder.size(); ++i) {
-    CommandButton* key = c.cmdNr[kKeyOrder[i]];
+    CommandButton* key = c.keys[kKeyOrder[i]];
     key->setSizePolicy(QSizePolicy::Ignored, growth);
     c.keypad->addWidget(key, static_cast<int>(i) / columns, static_cast<int>(i) % columns);
   }
@@ -36,33 +36,33 @@ void PlaceKeys(DialControls& c, int columns, int spacing, QSizePolicy::Policy gr
 
 void ShowFullViewParts(const DialControls& c, bool shown) {
   for (QWidget* part :
-       std::initializer_list<QWidget*>{c.tabDisplay, c.speedDialRow, c.checkBoxRow, c.log}) {
+       std::initializer_list<QWidget*>{c.display, c.speedDialRow, c.checkBoxRow, c.log}) {
     part->setVisible(shown);
   }
-  c.cmdDial[0]->setVisible(shown);
-  c.cmdDial[1]->setVisible(!shown);
+  c.dialButtons[0]->setVisible(shown);
+  c.dialButtons[1]->setVisible(!shown);
 }
 
 void SizeTitle(const DialControls& c, QSize button, int logoSide, const char* captionRole) {
-  c.hovClose->setFixedSize(button);
-  c.hovSizer->setFixedSize(button);
-  c.imgLogo->setFixedSize(logoSide, logoSide);
-  SetRole(*c.lblBase[0], captionRole);
+  c.closeButton->setFixedSize(button);
+  c.viewSwitch->setFixedSize(button);
+  c.logo->setFixedSize(logoSide, logoSide);
+  SetRole(*c.statusLabels[0], captionRole);
 }
 
 }  // namespace
 
 void ArrangeFullView(DialControls& c) {
   SizeTitle(c, QSize(22, 18), 14, role::kTitleCaption);
-  c.panBase->layout()->setContentsMargins(8, 2, 6, 2);
-  c.panBase->setMinimumHeight(0);
-  c.panBase->setMaximumHeight(QWIDGETSIZE_MAX);
+  c.titleBar->layout()->setContentsMargins(8, 2, 6, 2);
+  c.titleBar->setMinimumHeight(0);
+  c.titleBar->setMaximumHeight(QWIDGETSIZE_MAX);
   c.numberStrip->layout()->setContentsMargins(6, 4, 6, 4);
-  c.txtNr->setMaximumHeight(QWIDGETSIZE_MAX);
-  c.txtNr->setMinimumHeight(std::max(kFullRowHeight, c.txtNr->sizeHint().height()));
+  c.numberField->setMaximumHeight(QWIDGETSIZE_MAX);
+  c.numberField->setMinimumHeight(std::max(kFullRowHeight, c.numberField->sizeHint().height()));
   c.padBody->setContentsMargins(kBodyMargin, 6, kBodyMargin, 6);
   c.padBody->setSpacing(6);
-  for (CommandButton* key : c.cmdNr) {
+  for (CommandButton* key : c.keys) {
     SetRole(*key, role::kKey);
     key->setMinimumHeight(0);
     key->setMaximumHeight(QWIDGETSIZE_MAX);
@@ -73,15 +73,15 @@ void ArrangeFullView(DialControls& c) {
 
 void ArrangeCompactView(DialControls& c) {
   SizeTitle(c, QSize(22, 13), 11, role::kSmallTitleCaption);
-  c.panBase->layout()->setContentsMargins(8, 0, 6, 0);
-  c.panBase->setFixedHeight(kCompactTitleHeight);
+  c.titleBar->layout()->setContentsMargins(8, 0, 6, 0);
+  c.titleBar->setFixedHeight(kCompactTitleHeight);
   c.numberStrip->layout()->setContentsMargins(kCompactMargin, kCompactStripMargin, kCompactMargin,
                                               kCompactStripMargin);
-  c.txtNr->setFixedHeight(kCompactRowHeight);
-  c.cmdDial[1]->setFixedSize(kCompactDialWidth, kCompactRowHeight);
+  c.numberField->setFixedHeight(kCompactRowHeight);
+  c.dialButtons[1]->setFixedSize(kCompactDialWidth, kCompactRowHeight);
   c.padBody->setContentsMargins(kCompactMargin, 0, kCompactMargin, 1);
   c.padBody->setSpacing(0);
-  for (CommandButton* key : c.cmdNr) {
+  for (CommandButton* key : c.keys) {
     SetRole(*key, role::kSmallKey);
     key->setFixedHeight(kCompactKeyHeight);
   }
@@ -90,10 +90,10 @@ void ArrangeCompactView(DialControls& c) {
 
   // The hidden options button ends where the row of keys does, and the panel ends below it.
   const int keysBottom = kCompactRowHeight + 2 * kCompactStripMargin + kCompactKeyHeight;
-  c.cmdOptionen->move(0, keysBottom - c.cmdOptionen->height());
-  c.infBase->setFixedHeight(CompactPanelHeight(c.cmdOptionen->y() * kTwipsPerPixel,
-                                               c.cmdOptionen->height() * kTwipsPerPixel) /
-                            kTwipsPerPixel);
+  c.optionsButton->move(0, keysBottom - c.optionsButton->height());
+  c.body->setFixedHeight(CompactPanelHeight(c.optionsButton->y() * kTwipsPerPixel,
+                                            c.optionsButton->height() * kTwipsPerPixel) /
+                         kTwipsPerPixel);
 }
 
 }  // namespace orvane

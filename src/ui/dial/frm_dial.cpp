@@ -37,7 +37,7 @@ frmDial::frmDial(const DialSystem& system, ProgramState& state, CurrentCall& cal
             logger_, *this),
       dial_(system.prompts, state, call, *this, modem_, tapi_),
       channel_(system.channel, system.loop, system.prompts, state, call, queue, *this),
-      c_(BuildDialControls(*this)),
+      controls_(BuildDialControls(*this)),
       chrome_(system.newChrome(*this)) {
   setObjectName(QStringLiteral("frmDial"));
   setWindowTitle(
@@ -62,10 +62,10 @@ HostRegistry& frmDial::Registry() {
 void frmDial::WatchControls() {
   installEventFilter(this);
   for (QWidget* control : findChildren<QWidget*>()) control->installEventFilter(this);
-  dragAreas_ = {c_.panBase,         c_.lblHead,   c_.lblAdr,
-                c_.lstCallProgress, c_.grpFilter, c_.lstCallProgress->viewport()};
-  dragAreas_.insert(c_.lblBase.begin(), c_.lblBase.end());
-  dragAreas_.insert(c_.lblInf.begin(), c_.lblInf.end());
+  dragAreas_ = {controls_.titleBar,    controls_.destination, controls_.contact,
+                controls_.progressLog, controls_.filters,     controls_.progressLog->viewport()};
+  dragAreas_.insert(controls_.statusLabels.begin(), controls_.statusLabels.end());
+  dragAreas_.insert(controls_.filterLabels.begin(), controls_.filterLabels.end());
 }
 
 bool frmDial::eventFilter(QObject* watched, QEvent* event) {
@@ -80,7 +80,7 @@ bool frmDial::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
       const auto& press = *static_cast<QMouseEvent*>(event);
-      if (watched == c_.lblBase[0] && titleClicks_.IsSecond(press)) {
+      if (watched == controls_.statusLabels[0] && titleClicks_.IsSecond(press)) {
         queue_.Submit([this] { SwitchTo(OtherView()); });
         return true;
       }
@@ -95,7 +95,7 @@ void frmDial::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::ActivationChange) return;
   if (isActiveWindow()) {
-    c_.txtNr->setFocus();
+    controls_.numberField->setFocus();
   } else {
     ReleaseKeypad();
   }

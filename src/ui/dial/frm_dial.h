@@ -178,7 +178,7 @@ class frmDial final : public QWidget,
   DialCommand dial_;
   CommandChannel channel_;
 
-  DialControls c_;
+  DialControls controls_;
   std::set<const QObject*> dragAreas_;
   DoubleClick titleClicks_;
   std::unique_ptr<WindowChrome> chrome_;

@@ -44,36 +44,37 @@ void frmDial::ConnectCommands() {
     connect(button, &QPushButton::clicked, this,
             [this, command] { queue_.Submit([this, command] { command(*this); }); });
   };
-  onClick(c_.cmdClear, [](frmDial& f) { f.OnClear(); });
-  onClick(c_.cmdGetClpbrd, [](frmDial& f) { f.OnGetClipboard(); });
-  onClick(c_.cmdWdh, [](frmDial& f) { f.OnRedial(); });
-  onClick(c_.cmdHistory, [](frmDial& f) { f.ToggleHistory(); });
-  onClick(c_.cmdOptionen, [](frmDial& f) { f.OnOptions(); });
-  onClick(c_.hovSizer, [](frmDial& f) { f.SwitchTo(f.OtherView()); });
-  onClick(c_.hovClose, [](frmDial& f) { f.Unload(); });
-  for (CommandButton* button : c_.cmdDial) onClick(button, [](frmDial& f) { f.OnDial(); });
-  for (std::size_t key = 0; key < c_.cmdNr.size(); ++key) {
-    onClick(c_.cmdNr[key], [key](frmDial& f) { f.OnKeypad(key); });
+  onClick(controls_.clearButton, [](frmDial& f) { f.OnClear(); });
+  onClick(controls_.pasteButton, [](frmDial& f) { f.OnGetClipboard(); });
+  onClick(controls_.redialButton, [](frmDial& f) { f.OnRedial(); });
+  onClick(controls_.historyButton, [](frmDial& f) { f.ToggleHistory(); });
+  onClick(controls_.optionsButton, [](frmDial& f) { f.OnOptions(); });
+  onClick(controls_.viewSwitch, [](frmDial& f) { f.SwitchTo(f.OtherView()); });
+  onClick(controls_.closeButton, [](frmDial& f) { f.Unload(); });
+  for (CommandButton* button : controls_.dialButtons)
+    onClick(button, [](frmDial& f) { f.OnDial(); });
+  for (std::size_t key = 0; key < controls_.keys.size(); ++key) {
+    onClick(controls_.keys[key], [key](frmDial& f) { f.OnKeypad(key); });
   }
-  connect(c_.txtNr, &QLineEdit::textChanged, this, [this] { OnNumberChanged(); });
-  connect(c_.cboNr, &QComboBox::activated, this,
+  connect(controls_.numberField, &QLineEdit::textChanged, this, [this] { OnNumberChanged(); });
+  connect(controls_.speedDial, &QComboBox::activated, this,
           [this](int index) { queue_.Submit([this, index] { OnSpeedDial(index); }); });
 }
 
 void frmDial::OnNumberChanged() {
-  const QString text = c_.txtNr->text();
+  const QString text = controls_.numberField->text();
   const auto filtered = [](const QString& part) {
     return ToQString(FilterChars(part.toStdString(), kNumberFieldCharacters, true));
   };
   if (const QString kept = filtered(text); kept != text) {
-    const auto cursor = filtered(text.left(c_.txtNr->cursorPosition())).size();
-    const QSignalBlocker quiet(c_.txtNr);
-    c_.txtNr->setText(kept);
-    c_.txtNr->setCursorPosition(static_cast<int>(cursor));
+    const auto cursor = filtered(text.left(controls_.numberField->cursorPosition())).size();
+    const QSignalBlocker quiet(controls_.numberField);
+    controls_.numberField->setText(kept);
+    controls_.numberField->setCursorPosition(static_cast<int>(cursor));
   }
   FitNumber();
   // An entry that was picked names another number from now on.
-  c_.cboNr->setCurrentIndex(-1);
+  controls_.speedDial->setCurrentIndex(-1);
   ShowSpeedDialKind(-1);
   // Events come in while the table is being read, and what they bring has to wait for the answer: a
   // host command may close the window and with it the table.
@@ -86,7 +87,7 @@ void frmDial::OnNumberChanged() {
 
 // A number that does not fit in large digits is shown in smaller ones, whole if possible.
 void frmDial::FitNumber() {
-  QLineEdit& field = *c_.txtNr;
+  QLineEdit& field = *controls_.numberField;
   const QMargins margins = field.textMargins();
   const int room = field.width() - margins.left() - margins.right() - kNumberPaddingPixels;
   for (const char* size : {role::kNumber, role::kMediumNumber, role::kLongNumber}) {
@@ -98,17 +99,17 @@ void frmDial::FitNumber() {
 void frmDial::ShowDestination() {
   const std::string number = NumberText();
   if (!HoldsNumber(number)) {
-    c_.lblHead->setText(ToQString(kIdleHeadline));
-    c_.lblBase[1]->setText(ToQString(kIdleHint));
+    controls_.destination->setText(ToQString(kIdleHeadline));
+    controls_.statusLabels[1]->setText(ToQString(kIdleHint));
     return;
   }
   const std::string dialled = FilterChars(PrepareDialNumber(number, state_.settings.countryPrefix),
                                           kDialledCharacters, true);
   // The table would take the first digits of an extension or a local number for a country code.
   DatabaseConnection* const table = dialled.starts_with("0") ? areaCodes_.get() : nullptr;
-  c_.lblHead->setText(
+  controls_.destination->setText(
       ToQString(classifier_.ClassifyNumber(dialled, dialled.starts_with("00"), table)));
-  c_.lblBase[1]->setText(QString());
+  controls_.statusLabels[1]->setText(QString());
 }
 
 void frmDial::OnDial() {
@@ -117,33 +118,33 @@ void frmDial::OnDial() {
 
 void frmDial::OnClear() {
   SetNumberText("");
-  c_.txtNr->setFocus();
+  controls_.numberField->setFocus();
 }
 
 void frmDial::OnGetClipboard() {
   if (!NumberEnabled()) return;
   SetNumberText(ClipboardText());
-  c_.txtNr->setFocus();
+  controls_.numberField->setFocus();
 }
 
 void frmDial::OnRedial() {
   if (!NumberEnabled()) return;
   Attempt([this] { SetNumberText(Stored(Registry(), setting::kRedial).value_or("")); });
-  c_.txtNr->setFocus();
+  controls_.numberField->setFocus();
 }
 
 void frmDial::OnKeypad(std::size_t key) {
   if (!NumberEnabled()) return;
-  SetNumberText(Trim(NumberText() + c_.cmdNr[key]->text().toStdString()));
-  c_.tabDisplay->setFocus();
+  SetNumberText(Trim(NumberText() + controls_.keys[key]->text().toStdString()));
+  controls_.display->setFocus();
 }
 
 void frmDial::OnSpeedDial(int index) {
   if (!speedDialSelectable_) return;
   const std::string number =
-      SpeedDialNumber(c_.cboNr->property("tag").toString().toStdString(), index);
+      SpeedDialNumber(controls_.speedDial->property("tag").toString().toStdString(), index);
   SetNumberText(number);
-  c_.cboNr->setCurrentIndex(index);
+  controls_.speedDial->setCurrentIndex(index);
   ShowSpeedDialKind(index);
   if (ExternVisible()) SetExternTicked(MarkedExternal(number));
 }

@@ -38,11 +38,11 @@ class BusyCursor {
 }  // namespace
 
 void frmDial::ConnectHistory() {
-  connect(c_.cboFilter, &QComboBox::activated, this, [this](int period) {
+  connect(controls_.period, &QComboBox::activated, this, [this](int period) {
     queue_.Submit([this, period] { OnCallFilter(setting::kCallPeriod, period); });
   });
-  for (std::size_t kind = 0; kind < c_.chkTelList.size(); ++kind) {
-    connect(c_.chkTelList[kind], &QCheckBox::clicked, this, [this, kind](bool checked) {
+  for (std::size_t kind = 0; kind < controls_.callKinds.size(); ++kind) {
+    connect(controls_.callKinds[kind], &QCheckBox::clicked, this, [this, kind](bool checked) {
       queue_.Submit(
           [this, kind, checked] { OnCallFilter(setting::kCallKinds[kind], checked ? 1 : 0); });
     });
@@ -50,20 +50,20 @@ void frmDial::ConnectHistory() {
   const auto onTab = [this](int tab) {
     queue_.Submit([this, tab] {
       OnCallFilter(setting::kCallTab, tab);
-      c_.repTel->setFocus();
+      controls_.callList->setFocus();
     });
   };
-  connect(c_.tabTab, &QTabBar::currentChanged, this, onTab);
+  connect(controls_.callTabs, &QTabBar::currentChanged, this, onTab);
   // A click on the selected tab reads its calls anew.
-  connect(c_.tabTab, &QTabBar::tabBarClicked, this, [this, onTab](int tab) {
-    if (tab == c_.tabTab->currentIndex()) onTab(tab);
+  connect(controls_.callTabs, &QTabBar::tabBarClicked, this, [this, onTab](int tab) {
+    if (tab == controls_.callTabs->currentIndex()) onTab(tab);
   });
-  connect(c_.txtFilter, &QLineEdit::textChanged, this, [this] { OnTextFilter(); });
-  connect(c_.cmdClrTextFilter, &QPushButton::clicked, this, [this] {
-    c_.txtFilter->clear();
-    c_.txtFilter->setFocus();
+  connect(controls_.textFilter, &QLineEdit::textChanged, this, [this] { OnTextFilter(); });
+  connect(controls_.clearTextFilter, &QPushButton::clicked, this, [this] {
+    controls_.textFilter->clear();
+    controls_.textFilter->setFocus();
   });
-  connect(c_.repTel, &CallListView::NumberTaken, this, [this](const QString& number) {
+  connect(controls_.callList, &CallListView::NumberTaken, this, [this](const QString& number) {
     queue_.Submit([this, number] { OnCallTaken(number.toStdString()); });
   });
 }
@@ -78,34 +78,34 @@ void frmDial::LoadHistory() {
     return value >= 0 && value < end ? value : setting.fallback;
   };
   {
-    const QSignalBlocker loading(c_.tabTab);
-    c_.tabTab->setCurrentIndex(stored(setting::kCallTab, c_.tabTab->count()));
+    const QSignalBlocker loading(controls_.callTabs);
+    controls_.callTabs->setCurrentIndex(stored(setting::kCallTab, controls_.callTabs->count()));
   }
-  c_.cboFilter->setCurrentIndex(stored(setting::kCallPeriod, kCallPeriods));
-  for (std::size_t kind = 0; kind < c_.chkTelList.size(); ++kind) {
-    c_.chkTelList[kind]->setChecked(stored(setting::kCallKinds[kind], 2) == 1);
+  controls_.period->setCurrentIndex(stored(setting::kCallPeriod, kCallPeriods));
+  for (std::size_t kind = 0; kind < controls_.callKinds.size(); ++kind) {
+    controls_.callKinds[kind]->setChecked(stored(setting::kCallKinds[kind], 2) == 1);
   }
   Attempt([this] {
     const auto columns = ParseCallColumns(Stored(Registry(), setting::kCallColumns).value_or(""));
-    if (columns) c_.repTel->SetColumns(*columns);
+    if (columns) controls_.callList->SetColumns(*columns);
   });
-  savedColumns_ = c_.repTel->Columns();
+  savedColumns_ = controls_.callList->Columns();
 }
 
 void frmDial::SaveCallColumns() {
-  const CallColumns columns = c_.repTel->Columns();
+  const CallColumns columns = controls_.callList->Columns();
   if (SameArrangement(columns, savedColumns_)) return;
   Attempt([&] { Store(Registry(), setting::kCallColumns, CallColumnsText(columns)); });
   savedColumns_ = columns;
 }
 
 CallFilter frmDial::ChosenCalls() const {
-  return {static_cast<CallTab>(c_.tabTab->currentIndex()),
-          c_.cboFilter->currentIndex(),
-          c_.chkTelList[0]->isChecked(),
-          c_.chkTelList[1]->isChecked(),
-          c_.chkTelList[2]->isChecked(),
-          c_.chkTelList[3]->isChecked()};
+  return {static_cast<CallTab>(controls_.callTabs->currentIndex()),
+          controls_.period->currentIndex(),
+          controls_.callKinds[0]->isChecked(),
+          controls_.callKinds[1]->isChecked(),
+          controls_.callKinds[2]->isChecked(),
+          controls_.callKinds[3]->isChecked()};
 }
 
 void frmDial::RefreshTelList() {
@@ -114,22 +114,22 @@ void frmDial::RefreshTelList() {
   shownJournal_ = state_.host.userPath;
   // Neither a message about the journal nor the wait for it must stand beside the calls of another
   // choice.
-  c_.repTel->Clear();
-  c_.lblInf[1]->clear();
-  c_.repTel->SetGroups(
+  controls_.callList->Clear();
+  controls_.filterLabels[1]->clear();
+  controls_.callList->SetGroups(
       GroupCalls(ReadJournalCalls(system_.prompts, state_, CallQuery(ChosenCalls(), days)), days,
                  system_.locale));
   ShowCallCount();
 }
 
 void frmDial::ShowCallCount() {
-  const int shown = c_.repTel->ShownCalls();
-  const int all = c_.repTel->AllCalls();
+  const int shown = controls_.callList->ShownCalls();
+  const int all = controls_.callList->AllCalls();
   if (shown == all) {
-    c_.lblInf[1]->setText(all == 1 ? QStringLiteral("1 Anruf")
-                                   : QStringLiteral("%1 Anrufe").arg(all));
+    controls_.filterLabels[1]->setText(all == 1 ? QStringLiteral("1 Anruf")
+                                                : QStringLiteral("%1 Anrufe").arg(all));
   } else {
-    c_.lblInf[1]->setText(QStringLiteral("%1 von %2 Anrufen").arg(shown).arg(all));
+    controls_.filterLabels[1]->setText(QStringLiteral("%1 von %2 Anrufen").arg(shown).arg(all));
   }
 }
 
@@ -139,14 +139,14 @@ void frmDial::OnCallFilter(const NumberSetting& setting, int value) {
 }
 
 void frmDial::OnTextFilter() {
-  c_.repTel->SetFilterText(c_.txtFilter->text());
+  controls_.callList->SetFilterText(controls_.textFilter->text());
   ShowCallCount();
 }
 
 // The focus goes where Enter dials the number.
 void frmDial::OnCallTaken(const std::string& number) {
   SetNumberText(number);
-  c_.txtNr->setFocus();
+  controls_.numberField->setFocus();
 }
 
 void frmDial::ToggleHistory() {
@@ -169,21 +169,22 @@ void frmDial::ToggleHistory() {
   ApplyWindowShape();
   if (!show) return;
   // Shown for the first time, the last column takes the room that is left.
-  savedColumns_ = c_.repTel->Columns();
+  savedColumns_ = controls_.callList->Columns();
   const TwipPoint place = FitWidened(window.Position(), window.Size(), screen);
   if (place != window.Position()) window.MoveTo(place);
 }
 
 // The window follows the information panel, which ends at the dial pad or past the call history.
 void frmDial::ShowHistoryPanel(bool shown) {
-  const bool leavesFocus = !shown && c_.history->isAncestorOf(focusWidget());
-  if (leavesFocus) c_.txtNr->setFocus();
-  c_.cmdHistory->setChecked(shown);
-  SetRole(*c_.log, shown ? role::kLogBeside : role::kLog);
-  c_.history->setVisible(shown);
-  const int pad = PadWidth(kBodyMargin, c_.tabDisplay->width());
-  const int panel =
-      shown ? HistoryWidth(pad + kHistoryEdge + kBodyMargin, c_.tabTab->width(), kBodyMargin) : pad;
+  const bool leavesFocus = !shown && controls_.history->isAncestorOf(focusWidget());
+  if (leavesFocus) controls_.numberField->setFocus();
+  controls_.historyButton->setChecked(shown);
+  SetRole(*controls_.log, shown ? role::kLogBeside : role::kLog);
+  controls_.history->setVisible(shown);
+  const int pad = PadWidth(kBodyMargin, controls_.display->width());
+  const int panel = shown ? HistoryWidth(pad + kHistoryEdge + kBodyMargin,
+                                         controls_.callTabs->width(), kBodyMargin)
+                          : pad;
   setFixedWidth(panel + 2 * kFrameWidth);
 }
 

@@ -17,11 +17,11 @@ namespace orvane {
 bool frmDial::OnKeyDown(const QKeyEvent& event) {
   if (!NumberEnabled()) return false;
   // The call history has keys of its own.
-  if (focusWidget() == c_.txtFilter || focusWidget() == c_.repTel) return false;
+  if (focusWidget() == controls_.textFilter || focusWidget() == controls_.callList) return false;
   const int key = VirtualKeyOf(event);
   // A key that is held must not dial, hang up and dial again.
   if (key == kKeyEnter) return event.isAutoRepeat() || OnEnter(focusWidget());
-  if (focusWidget() == c_.txtNr) return false;
+  if (focusWidget() == controls_.numberField) return false;
   const KeyAction action = KeyActionFor(key);
   switch (action.kind) {
     case KeyAction::Kind::kNone:
@@ -39,8 +39,8 @@ bool frmDial::OnKeyDown(const QKeyEvent& event) {
 // Enter dials from the number field. Elsewhere it presses the control, because the space bar, which
 // would do that, is a character of the number.
 bool frmDial::OnEnter(QWidget* focus) {
-  if (focus == c_.txtNr) {
-    c_.cmdDial[0]->click();
+  if (focus == controls_.numberField) {
+    controls_.dialButtons[0]->click();
   } else if (auto* button = qobject_cast<QAbstractButton*>(focus)) {
     button->click();
   } else if (auto* list = qobject_cast<QComboBox*>(focus)) {
@@ -54,9 +54,9 @@ bool frmDial::OnEnter(QWidget* focus) {
 void frmDial::OnTypedKey(char character, int keypadButton) {
   SetNumberText(NumberText() + character);
   if (keypadButton != kNoKeypadButton) {
-    c_.cmdNr[static_cast<std::size_t>(keypadButton)]->setChecked(true);
+    controls_.keys[static_cast<std::size_t>(keypadButton)]->setChecked(true);
   }
-  c_.tabDisplay->setFocus();
+  controls_.display->setFocus();
 }
 
 void frmDial::RemoveLastCharacter() {
@@ -67,7 +67,7 @@ void frmDial::RemoveLastCharacter() {
 }
 
 void frmDial::ReleaseKeypad() {
-  for (CommandButton* button : c_.cmdNr) button->setChecked(false);
+  for (CommandButton* button : controls_.keys) button->setChecked(false);
 }
 
 }  // namespace orvane

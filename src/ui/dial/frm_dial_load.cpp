@@ -25,9 +25,8 @@ constexpr std::string_view kMakerKey = "SOFTWARE\\Nordel";
 void frmDial::Load() {
   if (stage_ != Stage::kBuilt) return;
   stage_ = Stage::kLoaded;
-  state_.host.dialWindowRunning = true;
   LoadHistory();
-  c_.lblVer->setText(QString::fromStdString("Brisko v" + ProgramVersion()));
+  controls_.version->setText(QString::fromStdString("Brisko v" + ProgramVersion()));
   Attempt([this] { ReadDeveloperFlag(); });
   Attempt([this] { PlaceWindow(); });
   SetNumberText("");
@@ -44,8 +43,8 @@ void frmDial::ReadDeveloperFlag() {
   registry->SetKeyPath(kMakerKey);
   const std::string flag = Stored(*registry, setting::kDeveloper).value_or("");
   const bool developer = flag == "True" || LeadingNumber(flag) != 0;
-  c_.chkDevDial->setChecked(developer);
-  c_.chkDevDial->setVisible(developer);
+  controls_.developerBox->setChecked(developer);
+  controls_.developerBox->setVisible(developer);
 }
 
 void frmDial::PlaceWindow() {
@@ -91,7 +90,6 @@ void frmDial::Unload() {
   if (stage_ != Stage::kLoaded) return;
   stage_ = Stage::kClosed;
   AbandonOptions();
-  state_.host.dialWindowRunning = false;
   SaveCallColumns();
   Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry()); });
   Attempt([this] { channel_.UnhookWindow(); });

@@ -31,65 +31,65 @@ QIcon KindIcon(SpeedDialKind kind) {
 }  // namespace
 
 void frmDial::SetExternVisible(bool visible) {
-  c_.chkExtern->setVisible(visible);
+  controls_.externalBox->setVisible(visible);
 }
 
 void frmDial::ResetSpeedDial() {
   speedDialSelectable_ = false;
-  c_.cboNr->clear();
-  c_.cboNr->setCurrentIndex(-1);
-  c_.cboNr->setProperty(kTagProperty, QString());
+  controls_.speedDial->clear();
+  controls_.speedDial->setCurrentIndex(-1);
+  controls_.speedDial->setProperty(kTagProperty, QString());
   ShowSpeedDialKind(-1);
 }
 
 void frmDial::AddSpeedDialEntry(const std::string& text) {
   const SpeedDialEntry entry = ParseSpeedDialEntry(text);
   const QString name = QString::fromStdString(entry.name);
-  c_.cboNr->addItem(entry.kind ? KindIcon(*entry.kind) : QIcon(), name,
-                    entry.kind ? QVariant(static_cast<int>(*entry.kind)) : QVariant());
-  c_.cboNr->setItemData(c_.cboNr->count() - 1, name, Qt::ToolTipRole);
-  c_.cboNr->setCurrentIndex(-1);
+  controls_.speedDial->addItem(entry.kind ? KindIcon(*entry.kind) : QIcon(), name,
+                               entry.kind ? QVariant(static_cast<int>(*entry.kind)) : QVariant());
+  controls_.speedDial->setItemData(controls_.speedDial->count() - 1, name, Qt::ToolTipRole);
+  controls_.speedDial->setCurrentIndex(-1);
   SetSpeedDialSelectable(speedDialSelectable_);
 }
 
 void frmDial::SetSpeedDialNumbers(const std::string& numbers) {
-  c_.cboNr->setProperty(kTagProperty, QString::fromStdString(numbers));
+  controls_.speedDial->setProperty(kTagProperty, QString::fromStdString(numbers));
 }
 
 void frmDial::SetSpeedDialSelectable(bool selectable) {
   speedDialSelectable_ = selectable;
-  auto* model = static_cast<QStandardItemModel*>(c_.cboNr->model());
+  auto* model = static_cast<QStandardItemModel*>(controls_.speedDial->model());
   for (int row = 0; row < model->rowCount(); ++row) model->item(row)->setEnabled(selectable);
 }
 
 void frmDial::SetSpeedDialToolTip(const std::string& text) {
   const QString tip = QString::fromStdString(text);
-  c_.cboNr->setToolTip(tip);
-  c_.imgInt->setToolTip(tip);
-  c_.imgExt->setToolTip(tip);
+  controls_.speedDial->setToolTip(tip);
+  controls_.internalMark->setToolTip(tip);
+  controls_.externalMark->setToolTip(tip);
 }
 
 void frmDial::ShowSpeedDialKind(int index) {
-  const QVariant kind = c_.cboNr->itemData(index);
+  const QVariant kind = controls_.speedDial->itemData(index);
   const auto is = [&](SpeedDialKind wanted) {
     return kind.isValid() && kind.toInt() == static_cast<int>(wanted);
   };
-  c_.imgInt->setVisible(is(SpeedDialKind::kInternal));
-  c_.imgExt->setVisible(is(SpeedDialKind::kExternal));
+  controls_.internalMark->setVisible(is(SpeedDialKind::kInternal));
+  controls_.externalMark->setVisible(is(SpeedDialKind::kExternal));
 }
 
 void frmDial::SetDialMethodStatus(const std::string& headline, const std::string& detail) {
   const char* statusRole = headline == kReadyHeadline ? role::kReady : role::kProblem;
-  c_.lblBase[2]->setText(QString::fromStdString(headline));
-  c_.lblBase[3]->setText(QString::fromStdString(detail));
-  SetRole(*c_.lblBase[2], statusRole);
-  SetRole(*c_.lblBase[3], statusRole);
+  controls_.statusLabels[2]->setText(QString::fromStdString(headline));
+  controls_.statusLabels[3]->setText(QString::fromStdString(detail));
+  SetRole(*controls_.statusLabels[2], statusRole);
+  SetRole(*controls_.statusLabels[3], statusRole);
 }
 
 void frmDial::AddStatus(const std::string& text) {
-  c_.shpBottom->show();
-  c_.lblVer->hide();
-  QListWidget& log = *c_.lstCallProgress;
+  controls_.bottomLine->show();
+  controls_.version->hide();
+  QListWidget& log = *controls_.progressLog;
   auto* line = new QListWidgetItem(QString::fromStdString(text), &log);
   line->setToolTip(line->text());
   log.setCurrentRow(-1);
@@ -97,23 +97,23 @@ void frmDial::AddStatus(const std::string& text) {
 }
 
 bool frmDial::ExternTicked() const {
-  return c_.chkExtern->isChecked();
+  return controls_.externalBox->isChecked();
 }
 
 void frmDial::SetContactLabel(const std::string& text) {
-  c_.lblAdr->setText(QString::fromStdString(text));
+  controls_.contact->setText(QString::fromStdString(text));
 }
 
 std::string frmDial::NumberText() const {
-  return c_.txtNr->text().toStdString();
+  return controls_.numberField->text().toStdString();
 }
 
 void frmDial::ClearStatus() {
-  c_.lstCallProgress->clear();
+  controls_.progressLog->clear();
 }
 
 void frmDial::SetDialButtonIdle(bool idle) {
-  for (CommandButton* button : c_.cmdDial) {
+  for (CommandButton* button : controls_.dialButtons) {
     button->setIcon(idle ? DialPicture() : HangUpPicture());
     button->setText(idle ? QStringLiteral("&Wählen") : QStringLiteral("&Auflegen"));
     button->setAccessibleName(idle ? QStringLiteral("Wählen") : QStringLiteral("Auflegen"));
@@ -121,11 +121,11 @@ void frmDial::SetDialButtonIdle(bool idle) {
                             : QStringLiteral("Gespräch beenden"));
     SetRole(*button, idle ? role::kDial : role::kHangUp);
   }
-  c_.cmdDial[0]->setChecked(!idle);
+  controls_.dialButtons[0]->setChecked(!idle);
 }
 
 bool frmDial::SessionOn() const {
-  return c_.cmdDial[0]->isChecked();
+  return controls_.dialButtons[0]->isChecked();
 }
 
 bool frmDial::WindowEnabled() const {
@@ -134,44 +134,44 @@ bool frmDial::WindowEnabled() const {
 
 void frmDial::SetDialButtonsEnabled(bool enabled) {
   // A button that is disabled loses the focus; left to itself it could go to the close button.
-  const bool focused = c_.cmdDial[0]->hasFocus() || c_.cmdDial[1]->hasFocus();
-  if (!enabled && focused) c_.txtNr->setFocus();
-  for (CommandButton* button : c_.cmdDial) button->setEnabled(enabled);
+  const bool focused = controls_.dialButtons[0]->hasFocus() || controls_.dialButtons[1]->hasFocus();
+  if (!enabled && focused) controls_.numberField->setFocus();
+  for (CommandButton* button : controls_.dialButtons) button->setEnabled(enabled);
 }
 
 void frmDial::FocusDialButton() {
   const bool compact = height() * kTwipsPerPixel <= kCompactFocusHeightTwips;
-  c_.cmdDial[compact ? 1 : 0]->setFocus();
+  controls_.dialButtons[compact ? 1 : 0]->setFocus();
 }
 
 bool frmDial::JustPlaced() const {
-  return c_.lstCallProgress->count() == 1 &&
-         c_.lstCallProgress->item(0)->text().startsWith(QStringLiteral(">>>"));
+  return controls_.progressLog->count() == 1 &&
+         controls_.progressLog->item(0)->text().startsWith(QStringLiteral(">>>"));
 }
 
 bool frmDial::ExternVisible() const {
   // The compact view has no room for the box, but what it says counts there too.
-  return !c_.chkExtern->isHidden();
+  return !controls_.externalBox->isHidden();
 }
 
 void frmDial::SetExternTicked(bool ticked) {
-  c_.chkExtern->setChecked(ticked);
+  controls_.externalBox->setChecked(ticked);
 }
 
 bool frmDial::DevDialTicked() const {
-  return c_.chkDevDial->isChecked();
+  return controls_.developerBox->isChecked();
 }
 
 bool frmDial::HistoryShown() const {
-  return c_.cmdHistory->isChecked();
+  return controls_.historyButton->isChecked();
 }
 
 bool frmDial::NumberEnabled() const {
-  return c_.txtNr->isEnabledTo(this);
+  return controls_.numberField->isEnabledTo(this);
 }
 
 void frmDial::SetNumberText(const std::string& text) {
-  c_.txtNr->setText(QString::fromStdString(text));
+  controls_.numberField->setText(QString::fromStdString(text));
 }
 
 }  // namespace orvane

@@ -22,13 +22,13 @@ class frmDial::Views : public TwoViews {
   explicit Views(frmDial& form) : form_(form) {}
 
   void ShowListControls(bool shown) override {
-    form_.c_.tabTab->setVisible(shown);
-    form_.c_.grpFilter->setVisible(shown);
+    form_.controls_.callTabs->setVisible(shown);
+    form_.controls_.filters->setVisible(shown);
   }
   void ShowCommandButtons(bool shown) override {
-    const DialControls& c = form_.c_;
-    for (QWidget* command :
-         std::initializer_list<QWidget*>{c.cmdOptionen, c.cmdHistory, c.cmdWdh, c.cmdGetClpbrd}) {
+    const DialControls& c = form_.controls_;
+    for (QWidget* command : std::initializer_list<QWidget*>{c.optionsButton, c.historyButton,
+                                                            c.redialButton, c.pasteButton}) {
       command->setVisible(shown);
     }
   }
@@ -49,7 +49,7 @@ class frmDial::Views : public TwoViews {
 };
 
 bool frmDial::FullViewShown() const {
-  return c_.cmdOptionen->isVisibleTo(this);
+  return controls_.optionsButton->isVisibleTo(this);
 }
 
 void frmDial::SwitchTo(DialView view) {
@@ -57,16 +57,17 @@ void frmDial::SwitchTo(DialView view) {
   Views views(*this);
   fullView_ = SwitchView(placement, views, view, fullView_);
   // The number takes the room that the hidden commands left.
-  c_.numberStrip->layout()->activate();
+  controls_.numberStrip->layout()->activate();
   FitNumber();
   const bool full = view == DialView::kFull;
-  c_.hovSizer->setIcon(GlyphIcon(full ? Glyph::kArrowUp : Glyph::kArrowDown, &Palette::onFrame));
-  Describe(*c_.hovSizer, full ? "Kompaktansicht" : "Vollansicht");
+  controls_.viewSwitch->setIcon(
+      GlyphIcon(full ? Glyph::kArrowUp : Glyph::kArrowDown, &Palette::onFrame));
+  Describe(*controls_.viewSwitch, full ? "Kompaktansicht" : "Vollansicht");
 }
 
 void frmDial::ArrangeFull() {
-  ArrangeFullView(c_);
-  c_.infBase->setFixedHeight(c_.infBase->property(kDesignedHeightTag).toInt());
+  ArrangeFullView(controls_);
+  controls_.body->setFixedHeight(controls_.body->property(kDesignedHeightTag).toInt());
   FitHeight();
   ShowHistoryPanel(HistoryShown());
 }
@@ -75,18 +76,19 @@ void frmDial::ArrangeFull() {
 void frmDial::ArrangeCompact() {
   // Most of what could have the focus is about to be hidden; left to itself it could go to the
   // close button.
-  if (focusWidget() != c_.hovSizer) c_.txtNr->setFocus();
-  ArrangeCompactView(c_);
-  c_.history->hide();
-  setFixedWidth(c_.dialPad->width() + 2 * kFrameWidth);
+  if (focusWidget() != controls_.viewSwitch) controls_.numberField->setFocus();
+  ArrangeCompactView(controls_);
+  controls_.history->hide();
+  setFixedWidth(controls_.dialPad->width() + 2 * kFrameWidth);
   FitHeight();
 }
 
 void frmDial::FitHeight() {
   // In the compact view it is lower than the caption's font would like it.
-  const int title = std::clamp(c_.panBase->minimumSizeHint().height(), c_.panBase->minimumHeight(),
-                               c_.panBase->maximumHeight());
-  setFixedHeight(title + c_.infBase->maximumHeight() + 2 * kFrameWidth);
+  const int title =
+      std::clamp(controls_.titleBar->minimumSizeHint().height(),
+                 controls_.titleBar->minimumHeight(), controls_.titleBar->maximumHeight());
+  setFixedHeight(title + controls_.body->maximumHeight() + 2 * kFrameWidth);
 }
 
 }  // namespace orvane

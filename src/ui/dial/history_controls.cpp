@@ -34,36 +34,36 @@ constexpr std::array<const char*, kCallKinds> kKinds = {"Interne Gespräche", "E
 
 QFrame* BuildTabs(DialControls& c) {
   QFrame* strip = NewPanel(*c.history, nullptr, role::kStrip);
-  c.tabTab = new QTabBar(strip);
-  Name(*c.tabTab, "tabTab");
-  c.tabTab->setAccessibleName(QStringLiteral("Richtung der Telefonate"));
-  c.tabTab->setDrawBase(false);
-  c.tabTab->setExpanding(false);
-  c.tabTab->addTab(QStringLiteral("Eingehende Telefonate"));
-  c.tabTab->addTab(QStringLiteral("Ausgehende Telefonate"));
+  c.callTabs = new QTabBar(strip);
+  Name(*c.callTabs, "tabTab");
+  c.callTabs->setAccessibleName(QStringLiteral("Richtung der Telefonate"));
+  c.callTabs->setDrawBase(false);
+  c.callTabs->setExpanding(false);
+  c.callTabs->addTab(QStringLiteral("Eingehende Telefonate"));
+  c.callTabs->addTab(QStringLiteral("Ausgehende Telefonate"));
   auto* row = new QHBoxLayout(strip);
   row->setContentsMargins(kBodyMargin, 6, kBodyMargin, 0);
-  row->addWidget(c.tabTab, 0, Qt::AlignBottom);
+  row->addWidget(c.callTabs, 0, Qt::AlignBottom);
   return strip;
 }
 
 QHBoxLayout* BuildChoices(DialControls& c) {
-  c.cboFilter = new DropDown(c.grpFilter);
-  Name(*c.cboFilter, "cboFilter");
-  Describe(*c.cboFilter, "Zeitraum der Anrufliste");
-  for (const char* period : kPeriods) c.cboFilter->addItem(QString::fromUtf8(period));
-  AtLeastHigh(*c.cboFilter, kFieldHeight);
-  c.cboFilter->setMinimumWidth(
-      c.cboFilter->fontMetrics().horizontalAdvance(QString::fromUtf8(kPeriods.front())) +
+  c.period = new DropDown(c.filters);
+  Name(*c.period, "cboFilter");
+  Describe(*c.period, "Zeitraum der Anrufliste");
+  for (const char* period : kPeriods) c.period->addItem(QString::fromUtf8(period));
+  AtLeastHigh(*c.period, kFieldHeight);
+  c.period->setMinimumWidth(
+      c.period->fontMetrics().horizontalAdvance(QString::fromUtf8(kPeriods.front())) +
       kDropDownRoom);
   auto* row = new QHBoxLayout;
   row->setSpacing(5);
-  row->addWidget(c.cboFilter);
+  row->addWidget(c.period);
   for (std::size_t kind = 0; kind < kKinds.size(); ++kind) {
-    auto* box = new CheckBox(QString::fromUtf8(kKinds[kind]), c.grpFilter);
+    auto* box = new CheckBox(QString::fromUtf8(kKinds[kind]), c.filters);
     Name(*box, "chkTelList", kind);
     box->setChecked(true);
-    c.chkTelList[kind] = box;
+    c.callKinds[kind] = box;
     row->addWidget(box);
   }
   row->addStretch();
@@ -71,35 +71,35 @@ QHBoxLayout* BuildChoices(DialControls& c) {
 }
 
 QHBoxLayout* BuildTextFilter(DialControls& c) {
-  for (std::size_t i = 0; i < c.lblInf.size(); ++i) {
-    c.lblInf[i] = new QLabel(c.grpFilter);
-    Name(*c.lblInf[i], "lblInf", i);
+  for (std::size_t i = 0; i < c.filterLabels.size(); ++i) {
+    c.filterLabels[i] = new QLabel(c.filters);
+    Name(*c.filterLabels[i], "lblInf", i);
   }
-  c.lblInf[0]->setText(QStringLiteral("Textfilter:"));
-  SetRole(*c.lblInf[1], role::kMuted);
-  c.lblInf[1]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  c.filterLabels[0]->setText(QStringLiteral("Textfilter:"));
+  SetRole(*c.filterLabels[1], role::kMuted);
+  c.filterLabels[1]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   // A label of fixed size does not have the window laid out anew at each key in the filter.
-  c.lblInf[1]->setFixedSize(
-      c.lblInf[1]->fontMetrics().horizontalAdvance(QStringLiteral("600 von 600 Anrufen")),
+  c.filterLabels[1]->setFixedSize(
+      c.filterLabels[1]->fontMetrics().horizontalAdvance(QStringLiteral("600 von 600 Anrufen")),
       kFieldHeight);
 
-  c.txtFilter = new QLineEdit(c.grpFilter);
-  Name(*c.txtFilter, "txtFilter");
-  Describe(*c.txtFilter, "Textfilter: Anrufe, in denen alle Wörter vorkommen");
-  AtLeastHigh(*c.txtFilter, kFieldHeight);
-  c.cmdClrTextFilter = NewClearButton(*c.txtFilter, "cmdClrTextFilter", "Textfilter leeren");
+  c.textFilter = new QLineEdit(c.filters);
+  Name(*c.textFilter, "txtFilter");
+  Describe(*c.textFilter, "Textfilter: Anrufe, in denen alle Wörter vorkommen");
+  AtLeastHigh(*c.textFilter, kFieldHeight);
+  c.clearTextFilter = NewClearButton(*c.textFilter, "cmdClrTextFilter", "Textfilter leeren");
 
   auto* row = new QHBoxLayout;
   row->setSpacing(8);
-  row->addWidget(c.lblInf[0]);
-  row->addWidget(c.txtFilter, 1);
-  row->addWidget(c.lblInf[1]);
+  row->addWidget(c.filterLabels[0]);
+  row->addWidget(c.textFilter, 1);
+  row->addWidget(c.filterLabels[1]);
   return row;
 }
 
 void BuildFilters(DialControls& c) {
-  c.grpFilter = NewPanel(*c.history, "grpFilter", role::kPlain);
-  auto* column = new QVBoxLayout(c.grpFilter);
+  c.filters = NewPanel(*c.history, "grpFilter", role::kPlain);
+  auto* column = new QVBoxLayout(c.filters);
   column->setContentsMargins(kBodyMargin, 8, kBodyMargin, 8);
   column->setSpacing(8);
   column->addLayout(BuildChoices(c));
@@ -107,28 +107,28 @@ void BuildFilters(DialControls& c) {
 }
 
 void BuildList(DialControls& c) {
-  c.repTel = new CallListView(c.history);
-  Name(*c.repTel, "repTel");
-  SetRole(*c.repTel, role::kCalls);
-  c.repTel->setFrameShape(QFrame::NoFrame);
-  c.repTel->setAccessibleName(QStringLiteral("Anrufliste"));
+  c.callList = new CallListView(c.history);
+  Name(*c.callList, "repTel");
+  SetRole(*c.callList, role::kCalls);
+  c.callList->setFrameShape(QFrame::NoFrame);
+  c.callList->setAccessibleName(QStringLiteral("Anrufliste"));
 }
 
 }  // namespace
 
 QFrame* BuildHistory(DialControls& c) {
-  c.history = NewPanel(*c.infBase, nullptr, role::kHistory);
+  c.history = NewPanel(*c.body, nullptr, role::kHistory);
   auto* column = new QVBoxLayout(c.history);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(BuildTabs(c));
   BuildFilters(c);
-  column->addWidget(c.grpFilter);
+  column->addWidget(c.filters);
   BuildList(c);
-  column->addWidget(c.repTel, 1);
+  column->addWidget(c.callList, 1);
   // A larger font may need more room for the filters than the design has.
-  c.tabTab->setFixedWidth(
-      std::max(kTabWidth, c.grpFilter->minimumSizeHint().width() - 2 * kBodyMargin));
+  c.callTabs->setFixedWidth(
+      std::max(kTabWidth, c.filters->minimumSizeHint().width() - 2 * kBodyMargin));
   c.history->hide();
   return c.history;
 }

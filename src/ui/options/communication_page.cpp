@@ -75,27 +75,27 @@ QGroupBox* BuildMethods(QWidget& page, OptionsControls& c) {
   auto* column = new QVBoxLayout(group);
   column->setSpacing(4);
   c.dialMethods = new QButtonGroup(group);
-  for (std::size_t i = 0; i < c.optDial.size(); ++i) {
-    c.optDial[i] = NewChoice(*group, "optDial", i, QString::fromUtf8(kMethods[i].caption),
+  for (std::size_t i = 0; i < c.methods.size(); ++i) {
+    c.methods[i] = NewChoice(*group, "optDial", i, QString::fromUtf8(kMethods[i].caption),
                              QString::fromUtf8(kMethods[i].description));
-    c.dialMethods->addButton(c.optDial[i], static_cast<int>(i));
-    column->addWidget(c.optDial[i]);
+    c.dialMethods->addButton(c.methods[i], static_cast<int>(i));
+    column->addWidget(c.methods[i]);
   }
-  c.chkAnrufmonitor = new CheckBox(QStringLiteral("TAPI-Anruf&monitor"), group);
-  Name(*c.chkAnrufmonitor, "chkAnrufmonitor");
-  c.chkAnrufmonitor->setToolTip(
+  c.callMonitor = new CheckBox(QStringLiteral("TAPI-Anruf&monitor"), group);
+  Name(*c.callMonitor, "chkAnrufmonitor");
+  c.callMonitor->setToolTip(
       QStringLiteral("Der Hauptanwendung die Leitung nennen, deren Anrufe sie anzeigen soll"));
   auto* indented = new QHBoxLayout;
   indented->setContentsMargins(kSubordinateIndent, 0, 0, 0);
-  indented->addWidget(c.chkAnrufmonitor);
+  indented->addWidget(c.callMonitor);
   column->addLayout(indented);
   return group;
 }
 
 QGroupBox* BuildAccessCodes(QWidget& page, OptionsControls& c) {
   QGroupBox* group = NewGroup(page, "Amtskennziffern");
-  c.txtAmtIntern = NewField(*group, "txtAmtIntern", "Amtskennziffer für interne Gespräche");
-  c.txtAmtExtern = NewField(*group, "txtAmtExtern", "Amtskennziffer für externe Gespräche");
+  c.outsideLineInt = NewField(*group, "txtAmtIntern", "Amtskennziffer für interne Gespräche");
+  c.outsideLineExt = NewField(*group, "txtAmtExtern", "Amtskennziffer für externe Gespräche");
   auto* row = new QHBoxLayout(group);
   row->setSpacing(kSpacing);
   const auto add = [&](const char* caption, QLineEdit* field) {
@@ -105,13 +105,13 @@ QGroupBox* BuildAccessCodes(QWidget& page, OptionsControls& c) {
     row->addWidget(label);
     row->addWidget(field, 1);
   };
-  add("&Intern:", c.txtAmtIntern);
-  add("E&xtern:", c.txtAmtExtern);
+  add("&Intern:", c.outsideLineInt);
+  add("E&xtern:", c.outsideLineExt);
   return group;
 }
 
 QWidget* BuildPorts(OptionsControls& c) {
-  auto* page = new QWidget(c.tabConf);
+  auto* page = new QWidget(c.connection);
   auto* grid = new QGridLayout(page);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(kSpacing);
@@ -123,7 +123,7 @@ QWidget* BuildPorts(OptionsControls& c) {
                   QStringLiteral("COM&%1").arg(port), QStringLiteral("Modem an COM%1").arg(port));
     choice->setEnabled(false);
     grid->addWidget(choice, i % rows, i / rows);
-    c.optComPort[static_cast<std::size_t>(i)] = choice;
+    c.ports[static_cast<std::size_t>(i)] = choice;
   }
   grid->setRowStretch(rows, 1);
   return page;
@@ -141,98 +141,98 @@ QGridLayout* BuildLineCommands(QWidget& page, OptionsControls& c) {
   };
   auto* grid = new QGridLayout;
   grid->setSpacing(6);
-  for (std::size_t i = 0; i < c.cmdConfigDlg.size(); ++i) {
+  for (std::size_t i = 0; i < c.lineButtons.size(); ++i) {
     auto* button = new IconButton(&page);
     Name(*button, "cmdConfigDlg", i);
     button->setText(QString::fromUtf8(kCommands[i].caption));
     button->setToolTip(QString::fromUtf8(kCommands[i].description));
     AtLeastHigh(*button, kFieldHeight);
     grid->addWidget(button, static_cast<int>(i / 2), static_cast<int>(i % 2));
-    c.cmdConfigDlg[i] = button;
+    c.lineButtons[i] = button;
   }
   return grid;
 }
 
 QWidget* BuildLines(OptionsControls& c) {
-  auto* page = new QWidget(c.tabConf);
-  c.lstLineSel = new QListWidget(page);
-  Name(*c.lstLineSel, "lstLineSel");
-  SetRole(*c.lstLineSel, role::kChoices);
-  Describe(*c.lstLineSel, "TAPI-Geräte");
-  c.lstLineSel->setTextElideMode(Qt::ElideMiddle);
-  c.lstLineSel->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  c.lstLineSel->setMinimumHeight(kLineRows * (c.lstLineSel->fontMetrics().lineSpacing() + 6) + 6);
+  auto* page = new QWidget(c.connection);
+  c.lines = new QListWidget(page);
+  Name(*c.lines, "lstLineSel");
+  SetRole(*c.lines, role::kChoices);
+  Describe(*c.lines, "TAPI-Geräte");
+  c.lines->setTextElideMode(Qt::ElideMiddle);
+  c.lines->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  c.lines->setMinimumHeight(kLineRows * (c.lines->fontMetrics().lineSpacing() + 6) + 6);
 
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(6);
-  column->addWidget(c.lstLineSel, 1);
+  column->addWidget(c.lines, 1);
   column->addLayout(BuildLineCommands(*page, c));
-  c.txtTapiInfo = NewTextBox(*page, "txtTapiInfo", "Angaben zum TAPI-Gerät", kInfoRows);
-  column->addWidget(c.txtTapiInfo, 1);
+  c.lineInfo = NewTextBox(*page, "txtTapiInfo", "Angaben zum TAPI-Gerät", kInfoRows);
+  column->addWidget(c.lineInfo, 1);
   return page;
 }
 
 // Lies over the connection without being laid out with it; the dialog places it.
 void BuildCover(QWidget& page, OptionsControls& c) {
-  c.grpDeakt = NewGroup(page, "Die automatische Telefonwahl ist deaktiviert");
-  Name(*c.grpDeakt, "grpDeakt");
-  SetRole(*c.grpDeakt, role::kCover);
-  c.deactivatedHint = new QLabel(c.grpDeakt);
+  c.deactivated = NewGroup(page, "Die automatische Telefonwahl ist deaktiviert");
+  Name(*c.deactivated, "grpDeakt");
+  SetRole(*c.deactivated, role::kCover);
+  c.deactivatedHint = new QLabel(c.deactivated);
   c.deactivatedHint->setWordWrap(true);
-  auto* column = new QVBoxLayout(c.grpDeakt);
+  auto* column = new QVBoxLayout(c.deactivated);
   column->addWidget(c.deactivatedHint);
   column->addStretch();
-  c.grpDeakt->hide();
+  c.deactivated->hide();
 }
 
 QVBoxLayout* BuildConnection(QWidget& page, OptionsControls& c) {
-  c.lblDialHead = new QLabel(QStringLiteral("Kommunikationsanschluss:"), &page);
-  Name(*c.lblDialHead, "lblDialHead");
-  SetRole(*c.lblDialHead, role::kHeading);
-  c.tabConf = new QStackedWidget(&page);
-  Name(*c.tabConf, "tabConf");
-  c.tabConf->setAccessibleName(QStringLiteral("Kommunikationsanschluss"));
-  c.tabConf->addWidget(BuildPorts(c));
-  c.tabConf->addWidget(BuildLines(c));
+  c.connectionCaption = new QLabel(QStringLiteral("Kommunikationsanschluss:"), &page);
+  Name(*c.connectionCaption, "lblDialHead");
+  SetRole(*c.connectionCaption, role::kHeading);
+  c.connection = new QStackedWidget(&page);
+  Name(*c.connection, "tabConf");
+  c.connection->setAccessibleName(QStringLiteral("Kommunikationsanschluss"));
+  c.connection->addWidget(BuildPorts(c));
+  c.connection->addWidget(BuildLines(c));
 
   auto* column = new QVBoxLayout;
   column->setSpacing(6);
-  column->addWidget(c.lblDialHead);
-  column->addWidget(c.tabConf, 1);
+  column->addWidget(c.connectionCaption);
+  column->addWidget(c.connection, 1);
   return column;
 }
 
 QVBoxLayout* BuildTestEntry(QWidget& group, OptionsControls& c) {
-  c.txtTestNr = NewField(group, "txtTestNr", "Testrufnummer");
+  c.testNumber = NewField(group, "txtTestNr", "Testrufnummer");
   auto* label = new QLabel(QStringLiteral("T&estrufnummer:"), &group);
-  label->setBuddy(c.txtTestNr);
+  label->setBuddy(c.testNumber);
 
   auto* targets = new QHBoxLayout;
   targets->setSpacing(kSpacing);
   auto* choices = new QButtonGroup(&group);
   static constexpr const char* kTargets[] = {"intern", "extern"};
-  for (std::size_t i = 0; i < c.optIntExt.size(); ++i) {
+  for (std::size_t i = 0; i < c.testTargets.size(); ++i) {
     const QString target = QString::fromLatin1(kTargets[i]);
-    c.optIntExt[i] = NewChoice(group, "optIntExt", i, target,
-                               QStringLiteral("Mit der Amtskennziffer „%1“ wählen").arg(target));
-    choices->addButton(c.optIntExt[i]);
-    targets->addWidget(c.optIntExt[i]);
+    c.testTargets[i] = NewChoice(group, "optIntExt", i, target,
+                                 QStringLiteral("Mit der Amtskennziffer „%1“ wählen").arg(target));
+    choices->addButton(c.testTargets[i]);
+    targets->addWidget(c.testTargets[i]);
   }
   targets->addStretch();
 
-  c.cmdDial = new CommandButton(&group);
-  Name(*c.cmdDial, "cmdDial");
-  c.cmdDial->setIconSize(QSize(kDialIconSide, kDialIconSide));
-  AtLeastHigh(*c.cmdDial, kDialHeight);
+  c.testDial = new CommandButton(&group);
+  Name(*c.testDial, "cmdDial");
+  c.testDial->setIconSize(QSize(kDialIconSide, kDialIconSide));
+  AtLeastHigh(*c.testDial, kDialHeight);
 
   auto* column = new QVBoxLayout;
   column->setSpacing(6);
   column->addWidget(label);
-  column->addWidget(c.txtTestNr);
+  column->addWidget(c.testNumber);
   column->addLayout(targets);
   column->addStretch();
-  column->addWidget(c.cmdDial);
+  column->addWidget(c.testDial);
   return column;
 }
 
@@ -241,9 +241,9 @@ QGroupBox* BuildTestDial(QWidget& page, OptionsControls& c) {
   auto* row = new QHBoxLayout(group);
   row->setSpacing(kPageMargin);
   row->addLayout(BuildTestEntry(*group, c), 2);
-  c.txtCallProgress = NewTextBox(*group, "txtCallProgress", "Verlauf der Testwahl", kLogRows);
-  SetRole(*c.txtCallProgress, role::kLog);
-  row->addWidget(c.txtCallProgress, 3);
+  c.progress = NewTextBox(*group, "txtCallProgress", "Verlauf der Testwahl", kLogRows);
+  SetRole(*c.progress, role::kLog);
+  row->addWidget(c.progress, 3);
   return group;
 }
 

@@ -47,10 +47,10 @@ frmOptionen::frmOptionen(const OptionsSystem& system, ProgramState& state, Curre
       owner_(owner),
       modem_({system.serial, system.loop, system.clock, system.prompts, queue}, *this),
       tapi_(system.tapi, system.prompts, state.settings, call, *this),
-      c_(BuildOptionsControls(*this)),
+      controls_(BuildOptionsControls(*this)),
       chrome_(system.newChrome(*this)) {
   setObjectName(QStringLiteral("frmOptionen"));
-  setWindowTitle(c_.lblHead->text());
+  setWindowTitle(controls_.title->text());
   setWindowModality(Qt::ApplicationModal);
   SetTestDialIdle(true);
   FitSize();
@@ -68,30 +68,31 @@ void frmOptionen::ConnectControls() {
     connect(button, &QPushButton::clicked, this, [this, command] { Later(command); });
   };
   for (const std::size_t button : {kApply, kCancel}) {
-    onClick(c_.cmdAktion[button], [this, button] { OnAction(button); });
+    onClick(controls_.actions[button], [this, button] { OnAction(button); });
   }
-  for (std::size_t button = 0; button < c_.cmdConfigDlg.size(); ++button) {
-    onClick(c_.cmdConfigDlg[button], [this, button] { OnConfigDialog(button); });
+  for (std::size_t button = 0; button < controls_.lineButtons.size(); ++button) {
+    onClick(controls_.lineButtons[button], [this, button] { OnConfigDialog(button); });
   }
-  onClick(c_.cmdDial, [this] { OnDial(); });
-  connect(c_.dialMethods, &QButtonGroup::idToggled, this, [this](int method, bool selected) {
+  onClick(controls_.testDial, [this] { OnDial(); });
+  connect(controls_.dialMethods, &QButtonGroup::idToggled, this, [this](int method, bool selected) {
     if (selected) OnDialMethod(method);
   });
   // A click on the selected method is one, too.
-  connect(c_.dialMethods, &QButtonGroup::idClicked, this, &frmOptionen::OnDialMethod);
-  connect(c_.txtTestNr, &QLineEdit::textChanged, this, [this] { OnTestNumberChanged(); });
-  connect(c_.lstLineSel, &QListWidget::itemSelectionChanged, this, [this] {
+  connect(controls_.dialMethods, &QButtonGroup::idClicked, this, &frmOptionen::OnDialMethod);
+  connect(controls_.testNumber, &QLineEdit::textChanged, this, [this] { OnTestNumberChanged(); });
+  connect(controls_.lines, &QListWidget::itemSelectionChanged, this, [this] {
     selectedByPress_ = true;
     Later([this] { OnLineSelected(); });
   });
-  connect(c_.lstLineSel, &QListWidget::itemClicked, this, [this] {
+  connect(controls_.lines, &QListWidget::itemClicked, this, [this] {
     if (!selectedByPress_) Later([this] { OnLineSelected(); });
   });
-  connect(c_.tabTab, &QTabWidget::currentChanged, this,
-          [this] { c_.cmdAktion[kApply]->setFocus(); });
-  for (QWidget* watched : {static_cast<QWidget*>(c_.panHead), static_cast<QWidget*>(c_.lblHead),
-                           static_cast<QWidget*>(c_.tabConf), static_cast<QWidget*>(c_.lstLineSel),
-                           c_.lstLineSel->viewport(), static_cast<QWidget*>(c_.txtTestNr)}) {
+  connect(controls_.pages, &QTabWidget::currentChanged, this,
+          [this] { controls_.actions[kApply]->setFocus(); });
+  for (QWidget* watched :
+       {static_cast<QWidget*>(controls_.titleBar), static_cast<QWidget*>(controls_.title),
+        static_cast<QWidget*>(controls_.connection), static_cast<QWidget*>(controls_.lines),
+        controls_.lines->viewport(), static_cast<QWidget*>(controls_.testNumber)}) {
     watched->installEventFilter(this);
   }
 }
@@ -111,33 +112,33 @@ void frmOptionen::Show() {
   show();
   raise();
   activateWindow();
-  c_.optDial[static_cast<std::size_t>(DialMethod())]->setFocus();
+  controls_.methods[static_cast<std::size_t>(DialMethod())]->setFocus();
 }
 
 bool frmOptionen::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == c_.txtTestNr) return DialsByEnter(*event);
-  if (watched == c_.tabConf) {
+  if (watched == controls_.testNumber) return DialsByEnter(*event);
+  if (watched == controls_.connection) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceCover();
     if (event->type() != QEvent::KeyPress) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     // What the list itself could not use comes by here too.
-    if (!MovesInList(key->key()) || !c_.lstLineSel->isVisible() || c_.lstLineSel->hasFocus()) {
+    if (!MovesInList(key->key()) || !controls_.lines->isVisible() || controls_.lines->hasFocus()) {
       return false;
     }
-    c_.lstLineSel->setFocus();
+    controls_.lines->setFocus();
     QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text());
-    return QCoreApplication::sendEvent(c_.lstLineSel, &again);
+    return QCoreApplication::sendEvent(controls_.lines, &again);
   }
-  if (watched == c_.lstLineSel) {
+  if (watched == controls_.lines) {
     // The tabulator key makes the first line the current one without selecting it, and keys that
     // lead to the current line do nothing.
     const bool moves =
         event->type() == QEvent::KeyPress && MovesInList(static_cast<QKeyEvent*>(event)->key());
-    if (moves && SelectedLine() < 0) c_.lstLineSel->selectionModel()->clearCurrentIndex();
+    if (moves && SelectedLine() < 0) controls_.lines->selectionModel()->clearCurrentIndex();
     return false;
   }
   if (event->type() != QEvent::MouseButtonPress) return QDialog::eventFilter(watched, event);
-  if (watched == c_.lstLineSel->viewport()) {
+  if (watched == controls_.lines->viewport()) {
     selectedByPress_ = false;
     return false;
   }
@@ -151,7 +152,7 @@ bool frmOptionen::DialsByEnter(const QEvent& event) {
   if (event.type() != QEvent::KeyPress) return false;
   const auto& key = static_cast<const QKeyEvent&>(event);
   if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
-  if (!key.isAutoRepeat()) c_.cmdDial->click();
+  if (!key.isAutoRepeat()) controls_.testDial->click();
   return true;
 }
 
@@ -169,7 +170,7 @@ void frmOptionen::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), CurrentPalette().frame);
   // At scales such as 125 % neither the pages nor what is below them fill the row between them.
-  painter.fillRect(c_.tabTab->geometry().adjusted(0, 1, 0, 1), CurrentPalette().ground);
+  painter.fillRect(controls_.pages->geometry().adjusted(0, 1, 0, 1), CurrentPalette().ground);
 }
 
 // What the dialog left open is closed together with the program.

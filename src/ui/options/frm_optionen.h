@@ -104,7 +104,7 @@ class frmOptionen final : public QDialog, public TrialDialPanel {
   TrialModemDialer modem_;
   TrialTapiDialer tapi_;
 
-  OptionsControls c_;
+  OptionsControls controls_;
   std::unique_ptr<WindowChrome> chrome_;
 
   bool ended_ = false;

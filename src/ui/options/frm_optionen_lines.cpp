@@ -53,39 +53,39 @@ void AppendLine(QPlainTextEdit& box, const QString& text) {
 }  // namespace
 
 int frmOptionen::DialMethod() const {
-  return std::max(c_.dialMethods->checkedId(), 0);
+  return std::max(controls_.dialMethods->checkedId(), 0);
 }
 
 int frmOptionen::SelectedLine() const {
-  const auto selected = c_.lstLineSel->selectedItems();
-  return selected.isEmpty() ? kNoTapiLine : c_.lstLineSel->row(selected.front());
+  const auto selected = controls_.lines->selectedItems();
+  return selected.isEmpty() ? kNoTapiLine : controls_.lines->row(selected.front());
 }
 
 // The cover goes with the serial port only: whoever comes from "deactivated" straight to the lines
 // still sees it.
 void frmOptionen::OnDialMethod(int method) {
   const MethodLook& look = kMethodLooks[static_cast<std::size_t>(method)];
-  if (method != kDialMethodTapi) c_.grpDeakt->setVisible(method == kDialMethodNone);
-  const bool covered = !c_.grpDeakt->isHidden();
-  c_.deactivatedHint->setText(QString::fromUtf8(look.hint));
-  c_.tabConf->setCurrentIndex(look.page);
+  if (method != kDialMethodTapi) controls_.deactivated->setVisible(method == kDialMethodNone);
+  const bool covered = !controls_.deactivated->isHidden();
+  controls_.deactivatedHint->setText(QString::fromUtf8(look.hint));
+  controls_.connection->setCurrentIndex(look.page);
   // What cannot be seen must not take the focus.
-  c_.tabConf->setEnabled(!covered);
+  controls_.connection->setEnabled(!covered);
   if (covered) PlaceCover();
-  c_.txtCallProgress->setPlainText(QString::fromUtf8(look.progress));
-  c_.chkAnrufmonitor->setEnabled(method == kDialMethodTapi);
+  controls_.progress->setPlainText(QString::fromUtf8(look.progress));
+  controls_.callMonitor->setEnabled(method == kDialMethodTapi);
   OnTestNumberChanged();
 }
 
 void frmOptionen::PlaceCover() {
-  const QRect configuration(c_.lblDialHead->geometry().topLeft(),
-                            c_.tabConf->geometry().bottomRight());
-  c_.grpDeakt->setGeometry(configuration);
-  c_.grpDeakt->raise();
+  const QRect configuration(controls_.connectionCaption->geometry().topLeft(),
+                            controls_.connection->geometry().bottomRight());
+  controls_.deactivated->setGeometry(configuration);
+  controls_.deactivated->raise();
 }
 
 void frmOptionen::OnTestNumberChanged() {
-  QLineEdit& field = *c_.txtTestNr;
+  QLineEdit& field = *controls_.testNumber;
   const auto filtered = [](const QString& text) {
     return QString::fromStdString(FilterChars(text.toStdString(), kNumberFieldCharacters, true));
   };
@@ -95,8 +95,8 @@ void frmOptionen::OnTestNumberChanged() {
     field.setText(kept);
     field.setCursorPosition(static_cast<int>(cursor));
   }
-  c_.cmdDial->setEnabled(DialUsable() &&
-                         (TestDialPressed() || HoldsNumber(field.text().toStdString())));
+  controls_.testDial->setEnabled(DialUsable() &&
+                                 (TestDialPressed() || HoldsNumber(field.text().toStdString())));
 }
 
 // Whatever is changed meanwhile, a test call can be ended.
@@ -106,7 +106,7 @@ bool frmOptionen::DialUsable() const {
 
 void frmOptionen::OnLineSelected() {
   const std::int32_t selected = SelectedLine();
-  c_.tabConf->setFocus();
+  controls_.connection->setFocus();
   // A new line ends the call on the line before; the modem has to be told.
   if (testByModem_) modem_.TestDialModem({});
   SetTestDialIdle(true);
@@ -124,7 +124,7 @@ void frmOptionen::OnLineSelected() {
 void frmOptionen::OnConfigDialog(std::size_t button) {
   constexpr std::size_t kRefresh = 3;
   const std::string caption =
-      c_.cmdConfigDlg[button]->text().remove(QLatin1Char('&')).toStdString();
+      controls_.lineButtons[button]->text().remove(QLatin1Char('&')).toStdString();
   if (button != kRefresh && state_.settings.tapiLineId < 0) {
     system_.prompts.ShowMessage(PromptIcon::kExclamation,
                                 "Bitte wählen Sie zuerst ein TAPI-Gerät aus.", caption);
@@ -182,12 +182,13 @@ void frmOptionen::RefreshLines() {
 }
 
 void frmOptionen::SetTapiInfo(const std::vector<std::string>& lines) {
-  c_.txtTapiInfo->clear();
-  for (const std::string& line : lines) AppendLine(*c_.txtTapiInfo, QString::fromStdString(line));
+  controls_.lineInfo->clear();
+  for (const std::string& line : lines)
+    AppendLine(*controls_.lineInfo, QString::fromStdString(line));
 }
 
 void frmOptionen::OnDial() {
-  const std::string number = c_.txtTestNr->text().toStdString();
+  const std::string number = controls_.testNumber->text().toStdString();
   const bool noNumber = Trim(number).empty();
   if (noNumber && !TestDialPressed()) {
     system_.prompts.Beep();
@@ -196,14 +197,14 @@ void frmOptionen::OnDial() {
     AppendProgress("Eine Nebenstelle in Ihrem Haus wäre hierzu gut geeignet.");
     return;
   }
-  const bool internal = c_.optIntExt[kTestInternal]->isChecked();
+  const bool internal = controls_.testTargets[kTestInternal]->isChecked();
   try {
     // Hanging up needs no number, and must not empty the stored one.
     if (!noNumber) SaveTestNumber(state_.host, number, internal ? kTestInternal : kTestExternal);
   } catch (const RegistryError&) {
     // The test itself does not depend on it.
   }
-  const QLineEdit* prefix = internal ? c_.txtAmtIntern : c_.txtAmtExtern;
+  const QLineEdit* prefix = internal ? controls_.outsideLineInt : controls_.outsideLineExt;
   const std::string dialString = Trim(prefix->text().toStdString()) + number;
   const auto now = [this] { return system_.locale.Time(system_.clock.Now()); };
   AppendProgress("<" + now() + ", Beginn der Befehlskette>");
@@ -220,7 +221,7 @@ void frmOptionen::OnDial() {
 void frmOptionen::SetTestDialIdle(bool idle) {
   // The next call may be somebody else's on the line.
   if (idle) testByModem_ = false;
-  CommandButton& button = *c_.cmdDial;
+  CommandButton& button = *controls_.testDial;
   button.setChecked(!idle);
   button.setText(idle ? QStringLiteral("&Wählen...") : QStringLiteral("&Auflegen"));
   button.setToolTip(idle ? QStringLiteral("Die Testrufnummer wählen")
@@ -231,35 +232,35 @@ void frmOptionen::SetTestDialIdle(bool idle) {
 }
 
 bool frmOptionen::TestDialPressed() const {
-  return c_.cmdDial->isChecked();
+  return controls_.testDial->isChecked();
 }
 
 void frmOptionen::SetTestDialEnabled(bool enabled) {
   // A button that is disabled loses the focus to whatever comes next.
   if (!enabled) {
-    testDialHadFocus_ = c_.cmdDial->hasFocus();
-    if (testDialHadFocus_) c_.tabConf->setFocus();
+    testDialHadFocus_ = controls_.testDial->hasFocus();
+    if (testDialHadFocus_) controls_.connection->setFocus();
   }
-  c_.cmdDial->setEnabled(enabled && DialUsable());
+  controls_.testDial->setEnabled(enabled && DialUsable());
   // Enter would mean "Übernehmen" elsewhere, in the middle of the test call.
-  if (enabled && std::exchange(testDialHadFocus_, false)) c_.cmdDial->setFocus();
+  if (enabled && std::exchange(testDialHadFocus_, false)) controls_.testDial->setFocus();
 }
 
 void frmOptionen::EnableAndFocusTestDial() {
-  c_.cmdDial->setEnabled(DialUsable());
-  c_.cmdDial->setFocus();
+  controls_.testDial->setEnabled(DialUsable());
+  controls_.testDial->setFocus();
 }
 
 // A port beyond the choices stays as it is until one of them is selected.
 int frmOptionen::SelectedComPort() const {
   for (int i = 0; i < kComPortChoices; ++i) {
-    if (c_.optComPort[static_cast<std::size_t>(i)]->isChecked()) return i + 1;
+    if (controls_.ports[static_cast<std::size_t>(i)]->isChecked()) return i + 1;
   }
   return state_.settings.comPortNumber;
 }
 
 void frmOptionen::AppendProgress(const std::string& text) {
-  AppendLine(*c_.txtCallProgress, QString::fromStdString(text));
+  AppendLine(*controls_.progress, QString::fromStdString(text));
 }
 
 }  // namespace orvane

@@ -57,59 +57,59 @@ void frmOptionen::Load() {
   step([this] { ShowChoices(); });
   step([this] { ShowSpeedDial(); });
   const auto method = std::min(state_.settings.dialMethod, kDialMethodTapi);
-  c_.optDial[method]->setChecked(true);
+  controls_.methods[method]->setChecked(true);
   LoadTapiList();
   CheckComPorts();
-  c_.txtCallProgress->setPlainText(QStringLiteral("<Bereit>"));
+  controls_.progress->setPlainText(QStringLiteral("<Bereit>"));
   if (failure) ShowError(system_.prompts, *failure, "Optionen - Initialisierung #");
 }
 
 void frmOptionen::ShowChoices() {
   const OptionChoices choices = CurrentChoices(state_, system_.prompts);
   callMonitorBefore_ = choices.callMonitor;
-  c_.chkAnrufmonitor->setChecked(choices.callMonitor);
-  c_.txtTestNr->setText(QString::fromStdString(choices.testNumber));
-  c_.optIntExt[static_cast<std::size_t>(choices.testTarget)]->setChecked(true);
-  c_.txtAmtExtern->setText(QString::fromStdString(choices.outsideLineExt));
-  c_.txtAmtIntern->setText(QString::fromStdString(choices.outsideLineInt));
+  controls_.callMonitor->setChecked(choices.callMonitor);
+  controls_.testNumber->setText(QString::fromStdString(choices.testNumber));
+  controls_.testTargets[static_cast<std::size_t>(choices.testTarget)]->setChecked(true);
+  controls_.outsideLineExt->setText(QString::fromStdString(choices.outsideLineExt));
+  controls_.outsideLineInt->setText(QString::fromStdString(choices.outsideLineInt));
   if (choices.comPort >= 1 && choices.comPort <= kComPortChoices) {
-    c_.optComPort[static_cast<std::size_t>(choices.comPort - 1)]->setChecked(true);
+    controls_.ports[static_cast<std::size_t>(choices.comPort - 1)]->setChecked(true);
   }
 }
 
 void frmOptionen::ShowSpeedDial() {
-  c_.speedDialPage->setEnabled(false);
+  controls_.speedDialPage->setEnabled(false);
   const SpeedDialMemory memory = ReadSpeedDialFile(userPath_);
-  ShowRows(memory.internalRows, c_.internalRows);
-  ShowRows(memory.externalRows, c_.externalRows);
-  c_.speedDialPage->setEnabled(true);
+  ShowRows(memory.internalRows, controls_.internalRows);
+  ShowRows(memory.externalRows, controls_.externalRows);
+  controls_.speedDialPage->setEnabled(true);
   speedDialKnown_ = true;
 }
 
 void frmOptionen::LoadTapiList() {
   try {
     TapiControl& tapi = system_.tapi;
-    const auto* const known = c_.lstLineSel->item(state_.settings.tapiLineId);
+    const auto* const known = controls_.lines->item(state_.settings.tapiLineId);
     const QString nameBefore = known == nullptr ? QString() : known->text();
     if (tapi.NeedsInitialise()) tapi.Initialise();
-    const QSignalBlocker selectedByProgram(c_.lstLineSel);
-    c_.lstLineSel->clear();
+    const QSignalBlocker selectedByProgram(controls_.lines);
+    controls_.lines->clear();
     const int count = tapi.LineCount();
     for (int line = 0; line < count; ++line) {
       const QString name = QString::fromStdString(tapi.LineName(line));
-      c_.lstLineSel->addItem(name);
-      c_.lstLineSel->item(line)->setToolTip(name);
+      controls_.lines->addItem(name);
+      controls_.lines->item(line)->setToolTip(name);
       // It keeps its place for the sake of the others' numbers.
-      c_.lstLineSel->item(line)->setHidden(name.isEmpty());
+      controls_.lines->item(line)->setHidden(name.isEmpty());
     }
     FollowCurrentLine(nameBefore);
     const std::int32_t current = state_.settings.tapiLineId;
     if (current < 0) return;
-    if (current < count && !c_.lstLineSel->item(current)->isHidden()) {
-      c_.lstLineSel->setCurrentRow(current);
+    if (current < count && !controls_.lines->item(current)->isHidden()) {
+      controls_.lines->setCurrentRow(current);
       return;
     }
-    c_.lstLineSel->clearSelection();
+    controls_.lines->clearSelection();
     system_.prompts.ShowMessage(PromptIcon::kExclamation,
                                 "Der TAPI-Treiber wurde entfernt oder umbenannt.",
                                 "TAPI-Treiber nicht mehr gültig!");
@@ -122,16 +122,16 @@ void frmOptionen::LoadTapiList() {
 // counts.
 void frmOptionen::FollowCurrentLine(const QString& name) {
   std::int32_t& line = state_.settings.tapiLineId;
-  const auto* const there = c_.lstLineSel->item(line);
+  const auto* const there = controls_.lines->item(line);
   if (name.isEmpty() || (there != nullptr && there->text() == name)) return;
-  const auto found = c_.lstLineSel->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
-  if (!found.isEmpty()) line = c_.lstLineSel->row(found.front());
+  const auto found = controls_.lines->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+  if (!found.isEmpty()) line = controls_.lines->row(found.front());
 }
 
 void frmOptionen::CheckComPorts() {
   try {
     for (const int port : ChoosableComPorts(system_.serialPorts())) {
-      c_.optComPort[static_cast<std::size_t>(port - 1)]->setEnabled(true);
+      controls_.ports[static_cast<std::size_t>(port - 1)]->setEnabled(true);
     }
   } catch (const std::exception& error) {
     ShowError(system_.prompts, ErrorStateOf(error), "Port-Überprüfung #");
@@ -140,27 +140,28 @@ void frmOptionen::CheckComPorts() {
 
 OptionChoices frmOptionen::Choices() const {
   OptionChoices choices;
-  choices.callMonitor = c_.chkAnrufmonitor->isChecked();
-  choices.testNumber = c_.txtTestNr->text().toStdString();
-  choices.testTarget = c_.optIntExt[kTestExternal]->isChecked() ? kTestExternal : kTestInternal;
+  choices.callMonitor = controls_.callMonitor->isChecked();
+  choices.testNumber = controls_.testNumber->text().toStdString();
+  choices.testTarget =
+      controls_.testTargets[kTestExternal]->isChecked() ? kTestExternal : kTestInternal;
   choices.dialMethod = static_cast<std::uint8_t>(DialMethod());
-  choices.outsideLineInt = c_.txtAmtIntern->text().toStdString();
-  choices.outsideLineExt = c_.txtAmtExtern->text().toStdString();
+  choices.outsideLineInt = controls_.outsideLineInt->text().toStdString();
+  choices.outsideLineExt = controls_.outsideLineExt->text().toStdString();
   choices.comPort = SelectedComPort();
   if (const int line = SelectedLine(); line >= 0) {
-    choices.lineName = c_.lstLineSel->item(line)->text().toStdString();
+    choices.lineName = controls_.lines->item(line)->text().toStdString();
   }
   return choices;
 }
 
 bool frmOptionen::SpeedDialStorable() {
   if (!speedDialKnown_) return true;
-  for (const SpeedDialFields* block : {&c_.internalRows, &c_.externalRows}) {
+  for (const SpeedDialFields* block : {&controls_.internalRows, &controls_.externalRows}) {
     for (const auto* column : {&block->numbers, &block->names}) {
       for (QLineEdit* field : *column) {
         const std::string character = UnstorableCharacter(TextOf(*field));
         if (character.empty()) continue;
-        c_.tabTab->setCurrentWidget(c_.speedDialPage);
+        controls_.pages->setCurrentWidget(controls_.speedDialPage);
         field->setFocus();
         system_.prompts.ShowMessage(
             PromptIcon::kExclamation,
@@ -178,7 +179,8 @@ bool frmOptionen::SpeedDialStorable() {
 std::optional<ErrorState> frmOptionen::Apply() {
   ApplyContext context;
   context.userPath = userPath_;
-  if (speedDialKnown_) context.speedDial = {RowsOf(c_.internalRows), RowsOf(c_.externalRows)};
+  if (speedDialKnown_)
+    context.speedDial = {RowsOf(controls_.internalRows), RowsOf(controls_.externalRows)};
   context.callMonitorBefore = callMonitorBefore_;
   context.reloadSettings = [this] {
     owner_.ReloadAppliedSettings();

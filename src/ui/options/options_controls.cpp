@@ -18,30 +18,30 @@ constexpr int kCommandWidth = 120;
 constexpr int kCommandHeight = 32;
 
 void BuildHead(QWidget& dialog, OptionsControls& c) {
-  c.panHead = NewPanel(dialog, "panHead", role::kTitle);
-  auto* logo = new Picture(c.panHead, Glyph::kLogo, &Palette::logo, kLogoSide);
+  c.titleBar = NewPanel(dialog, "panHead", role::kTitle);
+  auto* logo = new Picture(c.titleBar, Glyph::kLogo, &Palette::logo, kLogoSide);
   logo->setAttribute(Qt::WA_TransparentForMouseEvents);
-  c.lblHead = new QLabel(QStringLiteral("Brisko :: Optionen"), c.panHead);
-  Name(*c.lblHead, "lblHead");
-  auto* row = new QHBoxLayout(c.panHead);
+  c.title = new QLabel(QStringLiteral("Brisko :: Optionen"), c.titleBar);
+  Name(*c.title, "lblHead");
+  auto* row = new QHBoxLayout(c.titleBar);
   row->setContentsMargins(8, 4, 6, 4);
   row->setSpacing(6);
   row->addWidget(logo);
-  row->addWidget(c.lblHead, 1);
+  row->addWidget(c.title, 1);
 }
 
 void BuildPages(QWidget& dialog, OptionsControls& c) {
-  c.tabTab = new QTabWidget(&dialog);
-  Name(*c.tabTab, "tabTab");
-  SetRole(*c.tabTab, role::kPages);
-  c.tabTab->setAttribute(Qt::WA_StyledBackground);
-  c.tabTab->tabBar()->setDrawBase(false);
+  c.pages = new QTabWidget(&dialog);
+  Name(*c.pages, "tabTab");
+  SetRole(*c.pages, role::kPages);
+  c.pages->setAttribute(Qt::WA_StyledBackground);
+  c.pages->tabBar()->setDrawBase(false);
   // The bar keeps the sizes that its tabs have when they are added.
-  c.tabTab->tabBar()->ensurePolished();
-  c.tabTab->tabBar()->setAccessibleName(QStringLiteral("Seite der Optionen"));
-  c.tabTab->addTab(BuildCommunicationPage(dialog, c),
-                   QStringLiteral("&Kommunikationseinstellungen"));
-  c.tabTab->addTab(BuildSpeedDialPage(dialog, c), QStringLiteral("Kurzwahl&speicher"));
+  c.pages->tabBar()->ensurePolished();
+  c.pages->tabBar()->setAccessibleName(QStringLiteral("Seite der Optionen"));
+  c.pages->addTab(BuildCommunicationPage(dialog, c),
+                  QStringLiteral("&Kommunikationseinstellungen"));
+  c.pages->addTab(BuildSpeedDialPage(dialog, c), QStringLiteral("Kurzwahl&speicher"));
 }
 
 QFrame* BuildCommands(QWidget& dialog, OptionsControls& c) {
@@ -58,7 +58,7 @@ QFrame* BuildCommands(QWidget& dialog, OptionsControls& c) {
   row->setContentsMargins(12, 8, 12, 10);
   row->setSpacing(8);
   row->addStretch();
-  for (std::size_t i = 0; i < c.cmdAktion.size(); ++i) {
+  for (std::size_t i = 0; i < c.actions.size(); ++i) {
     auto* button = new IconButton(strip);
     Name(*button, "cmdAktion", i);
     SetRole(*button, kCommands[i].role);
@@ -67,7 +67,7 @@ QFrame* BuildCommands(QWidget& dialog, OptionsControls& c) {
     button->setMinimumWidth(kCommandWidth);
     AtLeastHigh(*button, kCommandHeight);
     row->addWidget(button);
-    c.cmdAktion[i] = button;
+    c.actions[i] = button;
   }
   return strip;
 }
@@ -75,7 +75,7 @@ QFrame* BuildCommands(QWidget& dialog, OptionsControls& c) {
 // Enter presses the button with the focus, and applies when the focus is elsewhere.
 void SetUpEnter(QWidget& dialog, const OptionsControls& c) {
   for (auto* button : dialog.findChildren<QPushButton*>()) button->setAutoDefault(true);
-  c.cmdAktion[0]->setDefault(true);
+  c.actions[0]->setDefault(true);
 }
 
 }  // namespace
@@ -88,8 +88,8 @@ OptionsControls BuildOptionsControls(QWidget& dialog) {
   auto* column = new QVBoxLayout(&dialog);
   column->setContentsMargins(kFrameWidth, kFrameWidth, kFrameWidth, kFrameWidth);
   column->setSpacing(0);
-  column->addWidget(c.panHead);
-  column->addWidget(c.tabTab, 1);
+  column->addWidget(c.titleBar);
+  column->addWidget(c.pages, 1);
   column->addWidget(commands);
   SetUpEnter(dialog, c);
   return c;

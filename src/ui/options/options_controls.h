@@ -29,33 +29,34 @@ struct SpeedDialFields {
   std::array<QLineEdit*, kSpeedDialRows> names{};
 };
 
-// The controls of the options dialog, each named as here ("optDial_2"). The dialog owns them.
+// The controls of the options dialog, which owns them. Their object names ("optDial_2") are given
+// where they are built.
 struct OptionsControls {
-  QFrame* panHead = nullptr;
-  QLabel* lblHead = nullptr;
-  QTabWidget* tabTab = nullptr;
-  std::array<QPushButton*, 2> cmdAktion{};
+  QFrame* titleBar = nullptr;
+  QLabel* title = nullptr;
+  QTabWidget* pages = nullptr;
+  std::array<QPushButton*, 2> actions{};
 
   // Page "Kommunikationseinstellungen".
-  std::array<QRadioButton*, 3> optDial{};
+  std::array<QRadioButton*, 3> methods{};
   QButtonGroup* dialMethods = nullptr;
-  QCheckBox* chkAnrufmonitor = nullptr;
-  QLabel* lblDialHead = nullptr;
-  QStackedWidget* tabConf = nullptr;
+  QCheckBox* callMonitor = nullptr;
+  QLabel* connectionCaption = nullptr;
+  QStackedWidget* connection = nullptr;
   // Covers the choice of port or line while calls are switched off.
-  QGroupBox* grpDeakt = nullptr;
+  QGroupBox* deactivated = nullptr;
   QLabel* deactivatedHint = nullptr;
   // COM1 first; named by the port, "optComPort_1".
-  std::array<QRadioButton*, kComPortChoices> optComPort{};
-  QListWidget* lstLineSel = nullptr;
-  QPlainTextEdit* txtTapiInfo = nullptr;
-  std::array<QPushButton*, 4> cmdConfigDlg{};
-  QLineEdit* txtAmtIntern = nullptr;
-  QLineEdit* txtAmtExtern = nullptr;
-  QLineEdit* txtTestNr = nullptr;
-  std::array<QRadioButton*, 2> optIntExt{};
-  CommandButton* cmdDial = nullptr;
-  QPlainTextEdit* txtCallProgress = nullptr;
+  std::array<QRadioButton*, kComPortChoices> ports{};
+  QListWidget* lines = nullptr;
+  QPlainTextEdit* lineInfo = nullptr;
+  std::array<QPushButton*, 4> lineButtons{};
+  QLineEdit* outsideLineInt = nullptr;
+  QLineEdit* outsideLineExt = nullptr;
+  QLineEdit* testNumber = nullptr;
+  std::array<QRadioButton*, 2> testTargets{};
+  CommandButton* testDial = nullptr;
+  QPlainTextEdit* progress = nullptr;
 
   // Page "Kurzwahlspeicher".
   QWidget* speedDialPage = nullptr;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "ui/logic/clipboard_offer.h"
-#include "ui/logic/number_classification.h"
+#include "ui/logic/number_classifier.h"
 #include "ui/logic/speed_dial_selection.h"
 
 namespace orvane {
