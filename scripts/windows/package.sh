@@ -23,7 +23,7 @@ rm -rf "$build/packages"
 mkdir -p "$folder/Vorlagen" "$folder/Lizenzen" "$folder/Handbuch" "$out"
 cp -r "$build/program/." "$folder"
 cp "$build/data/VPB.rgt" "$build/data/TelList.fdb" "$folder/Vorlagen"
-cp -r docs/licences.md docs/licences "$folder/Lizenzen"
+cp -r LICENSE docs/licences.md docs/licences "$folder/Lizenzen"
 # Debian's own pages on the packages whose sources the shipped libraries and the installer are built
 # from.
 for part in libqt6core6 qt6-translations-l10n mingw-w64-common gcc-mingw-w64-base nsis; do
