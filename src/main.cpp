@@ -2,16 +2,23 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QLibraryInfo>
+#include <QStandardPaths>
+#include <QSysInfo>
 #include <QTranslator>
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "app/attempt.h"
 #include "app/host_helper.h"
+#include "app/host_paths.h"
+#include "app/host_settings.h"
 #include "app/program_state.h"
 #include "app/startup.h"
+#include "app/version.h"
 #include "app/work_queue.h"
 #include "journal/current_call.h"
 #include "platform/databases/driver_threads.h"
@@ -24,6 +31,8 @@
 #include "platform/lines/simulated_lines.h"
 #include "platform/lines/tapi_lines.h"
 #include "platform/native/native.h"
+#include "platform/support/logged_system.h"
+#include "platform/support/support_log_file.h"
 #include "remote/senders.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/style/application_style.h"
@@ -52,30 +61,63 @@ void SpeakGerman(QApplication& application, QTranslator& translator) {
   }
 }
 
+// Off by default; a registry that cannot be read leaves it off.
+std::unique_ptr<orvane::SupportLog> OpenSupportLog(const std::string& commandLine,
+                                                   const orvane::Clock& clock) {
+  using namespace orvane;
+  bool on = false;
+  bool open = false;
+  Attempt([&] {
+    const auto registry = native::MakeRegistry();
+    BindHostRegistry(*registry);
+    on = IsOn(*registry, setting::kSupportLog);
+    open = IsOn(*registry, setting::kSupportLogOpen);
+  });
+  if (!on) return std::make_unique<NoSupportLog>();
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return std::make_unique<SupportLogFile>(
+      std::filesystem::path((folder + QStringLiteral("/Orvane")).toStdU16String()),
+      std::initializer_list<LogPart>{"Orvane ",
+                                     ProgramVersion(),
+                                     ", ",
+                                     QSysInfo::prettyProductName().toStdString(),
+                                     " (",
+                                     QSysInfo::currentCpuArchitecture().toStdString(),
+                                     "), Qt ",
+                                     qVersion(),
+                                     ", gestartet mit ",
+                                     {LogPart::Kind::kMessage, commandLine}},
+      !open, clock, SupportLogFile::Limits{});
+}
+
 int Run(const std::string& commandLine, const orvane::DriverThreads& driverThreads) {
   using namespace orvane;
+  SystemClock clock;
+  const auto log = OpenSupportLog(commandLine, clock);
+  LoggedSystem logged(*log);
   QtPrompts screen;
-  HostHelper messages(screen);
-  HostHelper dialogMessages(screen);
+  Prompts& prompts = logged.Told(screen);
+  HostHelper messages(prompts);
+  HostHelper dialogMessages(prompts);
   const auto ini = native::MakeIni();
   QtLongWork longWork;
   HostDatabases databases{native::Databases(longWork, driverThreads)};
   const auto serial = native::MakeSerial();
-  const auto channel = native::MakeChannel();
+  const auto plainChannel = native::MakeChannel();
+  HostChannel& channel = logged.Told(*plainChannel);
   const auto instance = native::MakeInstance();
   QtEventLoop loop;
   CallHandles callHandles;
   TapiLines tapi{LineProviders(loop, callHandles)};
-  SystemClock clock;
   QtLocaleFormat locale;
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
-  const DialSystem system{{tapi, *serial, native::ListSerialPorts, *channel, loop, clock, locale,
-                           messages, native::MakeChrome},
+  const DialSystem system{{logged.Told(tapi), logged.Told(*serial), native::ListSerialPorts,
+                           channel, loop, clock, locale, messages, *log, native::MakeChrome},
                           native::MakeRegistry,
                           *ini,
-                          databases};
+                          logged.Told(databases)};
   frmDial window(system, state, call, queue);
 
   StartupOutcome outcome = StartupOutcome::kRefused;
@@ -83,12 +125,14 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
     outcome = RunStartup(
         native::MakeRegistry, *instance, state, messages, dialogMessages,
         QFileInfo(QApplication::applicationFilePath()).absolutePath().toStdString(), commandLine,
-        {[&](const std::string& text) { SendToRunningInstance(*channel, text); },
+        {[&](const std::string& text) { SendToRunningInstance(channel, text); },
          [&] { window.Channel().ExecuteCommands(); }});
   });
   // Without a window nothing would ever end the program.
-  if (outcome != StartupOutcome::kRunning || !window.IsLoaded()) return 0;
-  return loop.Run();
+  const bool runs = outcome == StartupOutcome::kRunning && window.IsLoaded();
+  const int result = runs ? loop.Run() : 0;
+  log->Tell(LogTopic::kProgram, {runs ? "Ende" : "Ende ohne Fenster"});
+  return result;
 }
 
 }  // namespace

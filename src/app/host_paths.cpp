@@ -76,6 +76,10 @@ double ReadHostSetting(const HostEnvironment& host, Prompts& prompts,
   return LeadingNumber(ReadText(host, prompts, setting, std::to_string(setting.fallback)));
 }
 
+bool IsOn(HostRegistry& registry, const NumberSetting& setting) {
+  return LeadingNumber(Stored(registry, setting).value_or("")) != 0;
+}
+
 HostRegistry& RegistryOf(const HostEnvironment& host) {
   if (!host.registry) throw ObjectNotSet<RegistryError>();
   return *host.registry;

@@ -26,6 +26,9 @@ std::uint8_t ReadHostSetting(const HostEnvironment& host, Prompts& prompts,
                              const ByteSetting& setting);
 double ReadHostSetting(const HostEnvironment& host, Prompts& prompts, const NumberSetting& setting);
 
+// Whether a number is stored that is not 0. Throws RegistryError.
+bool IsOn(HostRegistry& registry, const NumberSetting& setting);
+
 // The host's key. Throws RegistryError while the program has none.
 HostRegistry& RegistryOf(const HostEnvironment& host);
 

@@ -50,6 +50,10 @@ inline constexpr TextSetting kTestNumber{"", "TestRufNr"};
 inline constexpr NumberSetting kTestTarget{"", "TestRufNrIE"};
 inline constexpr NumberSetting kCallMonitor{"", "TapiMon"};
 
+// The log for support: on when not 0; with numbers and names when the second is not 0 either.
+inline constexpr NumberSetting kSupportLog{"", "BriskoLog"};
+inline constexpr NumberSetting kSupportLogOpen{"", "BriskoLogOffen"};
+
 // The section of the dial window.
 inline constexpr std::string_view kDialSection = "Dial";
 // Position and size in twips; without a left edge nothing is saved.

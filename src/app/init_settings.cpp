@@ -92,11 +92,36 @@ void SettingsLoader::ShowDialMethod() {
   }
 }
 
+void SettingsLoader::TellSettings() const {
+  const HostEnvironment& host = state_.host;
+  const DialSettings& settings = state_.settings;
+  const char* way = settings.dialMethod == kDialMethodNone    ? "keiner"
+                    : settings.dialMethod == kDialMethodModem ? "Modem"
+                                                              : "Leitung";
+  log_.Tell(
+      LogTopic::kProgram,
+      {"Talmix in ", host.hostPath, ", Benutzer ", std::to_string(host.userNumber), ", Kontakte ",
+       host.useSqlServer ? "auf dem Server " + host.sqlServerName : std::string("in CONTACT.FDB")});
+  log_.Tell(LogTopic::kProgram, {"Wählweg ",
+                                 way,
+                                 ", COM",
+                                 std::to_string(settings.comPortNumber),
+                                 ", Leitung „",
+                                 {LogPart::Kind::kLineName, settings.tapiLineName},
+                                 "“, Amt intern „",
+                                 settings.outsideLineInt,
+                                 "“, extern „",
+                                 settings.outsideLineExt,
+                                 "“, Landesvorwahl ",
+                                 settings.countryPrefix});
+}
+
 void SettingsLoader::InitSettings() {
   try {
     ReadRegistrySettings();
     state_.databases.journal = databases_.NewConnection();
     ReadFiles();
+    TellSettings();
     panel_.SetSpeedDialToolTip(
         "Kurzwahlspeicher: Eintrag auswählen, um seine Rufnummer zu übernehmen");
     ShowDialMethod();

@@ -5,6 +5,7 @@
 #include "platform/database.h"
 #include "platform/ini_file.h"
 #include "platform/prompts.h"
+#include "platform/support_log.h"
 #include "platform/tapi_control.h"
 
 namespace orvane {
@@ -14,11 +15,12 @@ class SettingsLoader {
  public:
   // Everything referred to outlives the loader.
   SettingsLoader(IniFile& ini, DatabaseServices& databases, TapiControl& tapi, Prompts& prompts,
-                 ProgramState& state, SettingsPanel& panel)
+                 SupportLog& log, ProgramState& state, SettingsPanel& panel)
       : ini_(ini),
         databases_(databases),
         tapi_(tapi),
         prompts_(prompts),
+        log_(log),
         state_(state),
         panel_(panel) {}
 
@@ -36,11 +38,13 @@ class SettingsLoader {
   void ReadRegistrySettings();
   void ReadFiles();
   void ShowDialMethod();
+  void TellSettings() const;
 
   IniFile& ini_;
   DatabaseServices& databases_;
   TapiControl& tapi_;
   Prompts& prompts_;
+  SupportLog& log_;
   ProgramState& state_;
   SettingsPanel& panel_;
 };

@@ -81,6 +81,7 @@ DialCommand::Way DialCommand::ChooseWay() {
 void DialCommand::PlaceOrEnd() {
   // A call ends the way it was placed, whatever the settings have become.
   if (!panel_.SessionOn() || way_ == Way::kNone) way_ = ChooseWay();
+  TellClick();
   switch (way_) {
     case Way::kModem:
       modem_.DialModem(dialString_);
@@ -94,6 +95,16 @@ void DialCommand::PlaceOrEnd() {
       panel_.AddStatus("Sie müssen zunächst unter Optionen");
       panel_.AddStatus("die CTI-Telefonwahl konfigurieren.");
   }
+}
+
+void DialCommand::TellClick() const {
+  const char* way = way_ == Way::kModem  ? ", über das Modem"
+                    : way_ == Way::kLine ? ", über die Leitung"
+                                         : ", kein Weg eingerichtet";
+  log_.Tell(LogTopic::kCall, {panel_.SessionOn() ? "Klick: auflegen, " : "Klick: wählen, ",
+                              {LogPart::Kind::kNumber, dialString_},
+                              panel_.ExternTicked() ? " (extern)" : " (intern)",
+                              way});
 }
 
 }  // namespace orvane

@@ -6,15 +6,22 @@
 #include "dialing/tapi_dialer.h"
 #include "journal/current_call.h"
 #include "platform/prompts.h"
+#include "platform/support_log.h"
 
 namespace orvane {
 
 // The dial button: prepares the number in `txtNr` and places the call, or ends the running one.
 class DialCommand {
  public:
-  DialCommand(Prompts& prompts, ProgramState& state, CurrentCall& call, DialPanel& panel,
-              ModemDialer& modem, TapiDialer& tapi)
-      : prompts_(prompts), state_(state), call_(call), panel_(panel), modem_(modem), tapi_(tapi) {}
+  DialCommand(Prompts& prompts, SupportLog& log, ProgramState& state, CurrentCall& call,
+              DialPanel& panel, ModemDialer& modem, TapiDialer& tapi)
+      : prompts_(prompts),
+        log_(log),
+        state_(state),
+        call_(call),
+        panel_(panel),
+        modem_(modem),
+        tapi_(tapi) {}
 
   // A click on either dial button.
   void Click();
@@ -29,8 +36,10 @@ class DialCommand {
   void RememberDigits(const std::string& digits);
   Way ChooseWay();
   void PlaceOrEnd();
+  void TellClick() const;
 
   Prompts& prompts_;
+  SupportLog& log_;
   ProgramState& state_;
   CurrentCall& call_;
   DialPanel& panel_;

@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/database.h"
 #include "platform/prompts.h"
+#include "platform/support_log.h"
 
 namespace orvane {
 
@@ -19,11 +20,13 @@ class CallLogger {
  public:
   // Everything referred to outlives the logger.
   CallLogger(DatabaseServices& databases, const Clock& clock, const LocaleFormat& locale,
-             Prompts& prompts, ProgramState& state, CurrentCall& call, CallDisplay& display)
+             Prompts& prompts, SupportLog& log, ProgramState& state, CurrentCall& call,
+             CallDisplay& display)
       : databases_(databases),
         clock_(clock),
         locale_(locale),
         prompts_(prompts),
+        log_(log),
         state_(state),
         call_(call),
         display_(display) {}
@@ -35,6 +38,7 @@ class CallLogger {
 
  private:
   void LogStart();
+  void Resolve();
   void LogEnd(bool isBusy);
   void CompleteRow(const std::string& duration);
 
@@ -42,6 +46,7 @@ class CallLogger {
   const Clock& clock_;
   const LocaleFormat& locale_;
   Prompts& prompts_;
+  SupportLog& log_;
   ProgramState& state_;
   CurrentCall& call_;
   CallDisplay& display_;

@@ -91,6 +91,7 @@ void CommandChannel::ExecuteCommands() {
     RunCommands();
   } catch (const std::exception&) {
     // A missing field or a number out of range ends the commands; the host expects no answer.
+    log_.Tell(LogTopic::kHost, {"abgelehnt: ein Feld fehlt oder ist keine Zahl"});
   }
 }
 
@@ -113,6 +114,7 @@ void CommandChannel::RunCommands() {
     if (fields[i] == "Dial") {
       Dial(parameters);
     } else {
+      log_.Tell(LogTopic::kHost, {"abgelehnt: unbekannter Befehl"});
       prompts_.ShowMessage(PromptIcon::kExclamation, "Der Schlüsselbefehl existiert nicht!",
                            "Fehler 87117");
     }
@@ -145,6 +147,11 @@ void CommandChannel::Dial(const std::string& parameterText) {
     call_.lastDialedDigits = FilterChars(panel_.NumberText(), kDigits, true);
     panel_.SetContactLabel(call_.company + "\r\n" + call_.person + "\r\n\r\n" + call_.place);
     panel_.SetExternTicked(LeadingNumber(parameters.Text(DialParameters::kExtern)) != 0);
+  } else {
+    log_.Tell(LogTopic::kHost,
+              {"nicht übernommen: ", number.empty()       ? "ohne Nummer"
+                                     : panel_.SessionOn() ? "es läuft ein Gespräch"
+                                                          : "das Nummernfeld ist gesperrt"});
   }
   panel_.Show();
 }

@@ -10,6 +10,7 @@
 #include "platform/event_loop.h"
 #include "platform/host_channel.h"
 #include "platform/prompts.h"
+#include "platform/support_log.h"
 #include "remote/remote_panel.h"
 
 namespace orvane {
@@ -21,11 +22,12 @@ inline constexpr std::string_view kDialWindowCaption = "TALMIX_BRISKO";
 class CommandChannel {
  public:
   // Everything referred to outlives the channel.
-  CommandChannel(HostChannel& channel, EventLoop& loop, Prompts& prompts, ProgramState& state,
-                 CurrentCall& call, WorkQueue& queue, RemotePanel& panel)
+  CommandChannel(HostChannel& channel, EventLoop& loop, Prompts& prompts, SupportLog& log,
+                 ProgramState& state, CurrentCall& call, WorkQueue& queue, RemotePanel& panel)
       : channel_(channel),
         loop_(loop),
         prompts_(prompts),
+        log_(log),
         state_(state),
         call_(call),
         queue_(queue),
@@ -50,6 +52,7 @@ class CommandChannel {
   HostChannel& channel_;
   EventLoop& loop_;
   Prompts& prompts_;
+  SupportLog& log_;
   ProgramState& state_;
   CurrentCall& call_;
   WorkQueue& queue_;

@@ -7,7 +7,9 @@ namespace {
 
 class InitSettingsTest : public ProgramFixture {
  protected:
-  void Init() { SettingsLoader(ini, databases, tapi, prompts, state, panel).InitSettings(); }
+  void Init() {
+    SettingsLoader(ini, databases, tapi, prompts, supportLog, state, panel).InitSettings();
+  }
 };
 
 TEST_F(InitSettingsTest, LoadsTheSpeedDialFile) {

@@ -25,7 +25,7 @@ class DialCommandTest : public JournalFixture {
   CallLogger logger = NewLogger(clock);
   ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, call, logger, panel};
   TapiDialer tapiDialer{tapi, clock, locale, prompts, state.settings, call, queue, logger, panel};
-  DialCommand dial{prompts, state, call, panel, modem, tapiDialer};
+  DialCommand dial{prompts, supportLog, state, call, panel, modem, tapiDialer};
 };
 
 TEST_F(DialCommandTest, BuildsTheDialString) {

@@ -16,6 +16,7 @@
 #include "fakes/faulty_database.h"
 #include "fakes/fixed_clock.h"
 #include "fakes/hand_loop.h"
+#include "fakes/recording_log.h"
 #include "fakes/temporary_folder.h"
 #include "journal/call_logger.h"
 #include "journal/current_call.h"
@@ -52,7 +53,7 @@ class ProgramFixture : public testing::Test {
     return state.host.registry->Read(section, name).value_or("");
   }
   CallLogger NewLogger(const Clock& time) {
-    return {databases, time, locale, prompts, state, call, panel};
+    return {databases, time, locale, prompts, supportLog, state, call, panel};
   }
 
   TemporaryFolder folder;
@@ -69,6 +70,7 @@ class ProgramFixture : public testing::Test {
   FixedClock clock;
   GermanFormat locale;
   FakePrompts prompts;
+  RecordingLog supportLog;
   RegistryFactory newRegistry = FakeRegistryFactory(registry);
   std::vector<std::string> serialPorts{"COM1", "COM3"};
   ProgramState state;

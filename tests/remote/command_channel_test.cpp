@@ -20,7 +20,7 @@ class CommandChannelTest : public ProgramFixture {
   bool Receive(const std::string& text) { return Receive(MakeCopyData(text)); }
 
   FakeChannel sender{desktop};
-  CommandChannel commands{channel, loop, prompts, state, call, queue, panel};
+  CommandChannel commands{channel, loop, prompts, supportLog, state, call, queue, panel};
 };
 
 TEST_F(CommandChannelTest, AUserNumberAloneShowsTheWindow) {

@@ -57,7 +57,7 @@ class DialWindowFixture : public ProgramFixture {
       return made;
     };
     const DialSystem system{{tapi, serial, [this] { return serialPorts; }, channel, loop, clock,
-                             locale, prompts, newChrome},
+                             locale, prompts, supportLog, newChrome},
                             newRegistry,
                             ini,
                             databases};

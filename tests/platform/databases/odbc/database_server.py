@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Runs a program while a database server with the given content runs beside it.
 
-  tests/databases/database_server.py <script.sql> <command...>
+  tests/platform/databases/odbc/database_server.py <script.sql> <command...>
 
 The program's ODBC has one driver, PostgreSQL's, under the name of one that the dialer looks for.
 Under Wine too, whose odbc32 hands everything to this system's. ORVANE_TEST_SERVER is the folder in

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """A serial cable under Wine: runs a program while COM11 and COM12 are connected.
 
-  tests/platform/windows/serial_cable.py <command...>
+  tests/platform/serial/windows/serial_cable.py <command...>
 
 Uses the prefix in WINEPREFIX. COM13 is a port with nothing at its other end. The program gives
 orders at COM14, each confirmed by one character: "+" lays a new cable, "-" pulls it out.

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/support_log.h"
+#include "platform/tapi_control.h"
+
+namespace orvane {
+
+// Telephone lines whose requests, failures and events the log hears of.
+class LoggedLines : public TapiControl, private TapiEvents {
+ public:
+  LoggedLines(TapiControl& lines, SupportLog& log) : lines_(lines), log_(log) {}
+
+  void Initialise() override;
+  int LineCount() override { return lines_.LineCount(); }
+  std::string LineName(int line) override { return lines_.LineName(line); }
+  LineInfo Info(int line) override { return lines_.Info(line); }
+  void ShowDialog(int line, LineDialog dialog, std::uintptr_t owner) override {
+    lines_.ShowDialog(line, dialog, owner);
+  }
+  std::int32_t OpenLine(std::int32_t line, std::int32_t privileges, std::int32_t mediaModes,
+                        std::int16_t options) override;
+  void CloseLine(std::int32_t line) override;
+  std::int32_t MakeCall(std::int32_t line, const std::string& dialString,
+                        std::int16_t options) override;
+  void DropCall(std::int32_t line, std::int32_t callHandle) override;
+  void ShutDown() override;
+  TapiTag Tag() const override { return lines_.Tag(); }
+  void SetEvents(TapiEvents* events) override;
+
+ private:
+  void OnBusy(std::int32_t callHandle) override;
+  void OnConnected(std::int32_t callHandle) override;
+  void OnDisconnected(std::int32_t callHandle) override;
+  void OnLineMessage(const std::string& result, const std::string& function,
+                     std::int32_t code) override;
+  void OnCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) override;
+
+  // Does it; tells what was done and how long it took, or what stood in the way.
+  template <typename Request>
+  auto Told(std::initializer_list<LogPart> what, const Request& request);
+
+  TapiControl& lines_;
+  SupportLog& log_;
+  TapiEvents* events_ = nullptr;
+};
+
+}  // namespace orvane
