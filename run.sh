@@ -30,6 +30,6 @@ fi
 [[ -n "$headless" ]] || echo "No display here, so this is the scripted call."
 out="$PWD/out/headless"
 status=0
-/usr/bin/python3 scripts/headless_call.py "$bin" "$out" "$line" || status=$?
+/usr/bin/python3 -m tests.e2e.headless_call "$bin" "$out" "$line" || status=$?
 echo "Pictures and transcript: $out"
 exit "$status"

@@ -1,27 +1,24 @@
-#!/usr/bin/python3
 """Measures the dialer as its user meets it, and an empty window of the toolkit beside it.
 
-  bench/bench.py <folder of the programs> <folder for the report>
+  /usr/bin/python3 -m bench.bench <folder of the programs> <folder for the report>
 
 Everything happens on a display without a screen, with real messages, clicks, a pseudo terminal for
 the modem, and a telephone and a far end for the SIP line. Reports the median and the 99th
 percentile; it judges nothing.
 """
-import datetime
-import os
 import pathlib
-import pty
 import re
-import select
 import subprocess
-import sys
 import time
-import tty
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "scripts"))
-
-from headless_session import (Failed, Screen, end_processes, limit_time, run_in_session,  # noqa: E402
-                              start_window_manager, wait_for)
+from bench.display import Display
+from bench.far_ends import FarEnd, Modem
+from bench.figures import ms, percentile, row
+from tests.harness import accessibility_tree as tree
+from tests.harness import session
+from tests.harness.demo import START_COMMAND, dial_command
+from tests.harness.scripted_run import ScriptedRun
+from tests.harness.waiting import Failed, end_processes, wait_for
 
 TIME_LIMIT_S = 900
 STARTS = 30
@@ -34,142 +31,27 @@ QUIET_S = 20
 # The blinking caret changes fewer bytes of the number field than this; a number changes more.
 NUMBER_CHANGE_BYTES = 400
 
-DIALER = "TALMIX_BRISKO"
 TEXT_FILTER = "Textfilter: Anrufe, in denen alle Wörter vorkommen"
 NUMBERS = ("030 / 23125-101", "089 / 99998-410")
 
 
-def percentile(values, share):
-    ordered = sorted(values)
-    return ordered[min(len(ordered) - 1, round(share * (len(ordered) - 1)))]
+class Bench(ScriptedRun):
+    transcript = "report.md"
 
-
-def ms(value):
-    return f"{value * 1e3:.1f} ms"
-
-
-class Display:
-    """The X display: windows that appear, pixels, and one xdotool that stays ready to click."""
-
-    def __init__(self):
-        from Xlib import X, display
-        self.x = X
-        self.display = display.Display()
-        self.root = self.display.screen().root
-        self.root.change_attributes(event_mask=X.SubstructureNotifyMask)
-        self.display.sync()
-        self.tool = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE, text=True)
-
-    def pixels(self, x, y, width, height):
-        return self.root.get_image(x, y, width, height, self.x.ZPixmap, 0xFFFFFFFF).data
-
-    def forget_events(self):
-        self.display.sync()
-        while self.display.pending_events():
-            self.display.next_event()
-
-    def wait_for_window(self):
-        """Returns when a window has been mapped and its middle is painted."""
-        end = time.monotonic() + 20
-        while time.monotonic() < end:
-            if not self.display.pending_events():
-                time.sleep(0.0002)
-                continue
-            event = self.display.next_event()
-            if event.type != self.x.MapNotify:
-                continue
-            box = event.window.get_geometry()
-            if box.width < 200:
-                continue
-            middle = (box.x + box.width // 2, box.y + box.height // 2)
-            while not any(self.pixels(*middle, 1, 1)[:3]):
-                if time.monotonic() > end:
-                    break
-                time.sleep(0.0002)
-            return
-        raise Failed("no window appeared")
-
-    def move(self, box):
-        self.command(f"mousemove {box.x + box.width // 2} {box.y + box.height // 2}")
-
-    def command(self, text):
-        self.tool.stdin.write(text + "\n")
-        self.tool.stdin.flush()
-
-
-class Modem:
-    """A pseudo terminal that answers AT at once."""
-
-    def __init__(self, link):
-        self.master, slave = pty.openpty()
-        tty.setraw(slave)
-        link.unlink(missing_ok=True)
-        link.symlink_to(os.ttyname(slave))
-        self.slave = slave  # kept open, so that the master never sees the end of the line
-        self.received = b""
-
-    def wait_for(self, command):
-        """The moment at which a whole command that begins so has arrived."""
-        end = time.monotonic() + 10
-        while time.monotonic() < end:
-            if select.select([self.master], [], [], 0.1)[0]:
-                self.received += os.read(self.master, 4096)
-                now = time.monotonic()
-            while b"\r" in self.received:
-                line, self.received = self.received.split(b"\r", 1)
-                if line == b"AT":
-                    os.write(self.master, b"\r\nOK\r\n")
-                if line.startswith(command):
-                    return now
-        raise Failed(f"the modem never heard {command!r}")
-
-
-class FarEnd:
-    """The messages that the far end of the SIP calls has received, by its log."""
-
-    HEAD = re.compile(r"^-+ (\S+ \S+)\nUDP message received .*\n\n([A-Z]+) sip:", re.MULTILINE)
-
-    def __init__(self, log):
-        self.log = log
-        self.seen = 0
-
-    def wait_for(self, method):
-        """The moment, by the wall clock, at which a request that came since the last one arrived."""
-        end = time.monotonic() + 10
-        while time.monotonic() < end:
-            text = self.log.read_text() if self.log.exists() else ""
-            for head in self.HEAD.finditer(text, self.seen):
-                self.seen = head.end()
-                if head[2] == method:
-                    return datetime.datetime.fromisoformat(head[1]).timestamp()
-            time.sleep(0.005)
-        raise Failed(f"the far end never received {method}")
-
-
-class Bench:
-    def __init__(self, programs, out, folder):
-        self.programs, self.out, self.root = programs, out, folder / "demo"
+    def __init__(self, folder, programs, out):
+        super().__init__(folder, programs, out)
+        self.programs, self.root = programs, self.demo.root
         self.display = Display()
-        self.lines = []
-        self.running = []
         self.sip = None
-        self.environment = dict(os.environ, XDG_CONFIG_HOME=str(self.root / "config"),
-                                XDG_RUNTIME_DIR=str(self.root / "run"))
-
-    def tell(self, line=""):
-        print(line, flush=True)
-        self.lines.append(line)
 
     def row(self, what, values, form=ms):
-        self.tell(f"| {what} | {form(percentile(values, 0.5))} | {form(percentile(values, 0.99))} |")
+        self.tell(row(what, values, form))
 
-    def start(self, *command, accessible=False, **options):
-        environment = dict(self.environment)
+    def start(self, name, *arguments, accessible=False, **options):
+        environment = dict(self.system.environment)
         if not accessible:
             del environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
-        process = subprocess.Popen(command, env=environment, **options)
-        self.running.append(process)
-        return process
+        return super().start(name, *arguments, env=environment, **options)
 
     def start_sip(self):
         """Starts a telephone and a far end, and makes its line the dialer's."""
@@ -180,7 +62,7 @@ class Bench:
         answer = self.sip.stdout.readline().split()
         if len(answer) != 2:
             raise Failed("the telephone for the SIP line did not start")
-        self.environment["ORVANE_BARESIP_PORT"], line = answer
+        self.system.environment["ORVANE_BARESIP_PORT"], line = answer
         registry = self.root / "config" / "Nordel" / "registry.ini"
         text = registry.read_text()
         for name, value in (("CTI", "2"), ("TapiBez", line)):
@@ -191,18 +73,12 @@ class Bench:
         return FarEnd(folder / "far_end.log")
 
     def start_dialer(self, **options):
-        return self.start(self.programs / "orvane", "TX:17", **options)
+        return self.start("orvane", START_COMMAND, **options)
 
     def places(self):
         """Where the number field and the dial button are."""
         dialer = self.start_dialer(accessible=True)
-        screen = Screen()
-
-        def box(name, *roles):
-            node = wait_for(name, lambda: screen.find(DIALER, name, *roles))
-            return node.get_extents(screen.atspi.CoordType.SCREEN)
-
-        places = box("Rufnummer", "text"), box("Wählen", "check box", "push button")
+        places = tree.box(self.control("Rufnummer", "text")), tree.box(self.control("Wählen"))
         end_processes(dialer)
         return places
 
@@ -220,8 +96,7 @@ class Bench:
         return seconds, pss / 1024
 
     def measure_start(self):
-        commands = {"empty": [self.programs / "orvane-empty-window"],
-                    "dialer": [self.programs / "orvane", "TX:17"]}
+        commands = {"empty": ["orvane-empty-window"], "dialer": ["orvane", START_COMMAND]}
         for command in commands.values():
             self.timed_start(*command)
         results = {name: [] for name in commands}
@@ -242,10 +117,10 @@ class Bench:
             ratio = percentile(values["dialer"], 0.5) / percentile(values["empty"], 0.5)
             self.tell(f"| {what}, dialer to empty window | {ratio:.2f} | |")
 
-    def send(self, sender, number):
+    def hand_over(self, sender, number):
         """Hands a number to the dialer; when it was sent and when the dialer had handled it."""
         # No company, so that the call looks the contact up.
-        sender.stdin.write(f"TX:17~Dial~1|{number}||||0|0\n")
+        sender.stdin.write(dial_command(number, company="", rest="||0|0") + "\n")
         sender.stdin.flush()
         sent, handled = sender.stdout.readline().split()
         return int(sent) / 1e9, int(handled) / 1e9
@@ -255,7 +130,7 @@ class Bench:
         shown, handled_after = [], []
         for index in range(MESSAGES):
             before = self.display.pixels(*area)
-            sent, handled = self.send(sender, NUMBERS[index % 2])
+            sent, handled = self.hand_over(sender, NUMBERS[index % 2])
             end = time.monotonic() + 5
             while sum(a != b for a, b in zip(before, self.display.pixels(*area))) \
                     < NUMBER_CHANGE_BYTES:
@@ -271,7 +146,7 @@ class Bench:
         seconds = []
         self.display.move(button)
         for index in range(CALLS + 1):
-            self.send(sender, NUMBERS[index % 2])
+            self.hand_over(sender, NUMBERS[index % 2])
             time.sleep(0.1)
             # The button acts when it is let go.
             self.display.command("mousedown 1")
@@ -291,7 +166,7 @@ class Bench:
         seconds, idle = [], None
         self.display.move(button)
         for index in range(SIP_CALLS + 1):
-            self.send(sender, NUMBERS[index % 2])
+            self.hand_over(sender, NUMBERS[index % 2])
             time.sleep(0.1)
             self.display.command("mousedown 1")
             time.sleep(0.05)
@@ -330,7 +205,7 @@ class Bench:
         modem.wait_for(b"ATH0")
 
     def measure_classification(self):
-        table = self.root / "host" / "res" / "VPB.rgt"
+        table = self.demo.area_codes()
         output = subprocess.run([self.programs / "orvane-bench-classification", table], text=True,
                                 check=True, stdout=subprocess.PIPE).stdout
         pairs = [line.split() for line in output.splitlines()]
@@ -344,9 +219,8 @@ class Bench:
         ratio = percentile(dialer, 0.5) / percentile(engine, 0.5)
         self.tell(f"| classification, dialer to plain engine | {ratio:.2f} | |")
 
-    def run(self):
-        self.running.append(start_window_manager())
-        self.install()
+    def play(self):
+        self.install(line="modem")
         modem = Modem(self.com_link())
         self.tell("| Measured | p50 | p99 |\n|---|---|---|")
         self.measure_classification()
@@ -355,8 +229,7 @@ class Bench:
         dialer = self.start_dialer()
         self.display.wait_for_window()
         time.sleep(0.5)
-        sender = self.start(self.programs / "orvane-message-sender", text=True,
-                            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        sender = self.start("orvane-message-sender", text=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.measure_messages(sender, field)
         self.measure_calls(sender, modem, button)
         self.measure_quiet(dialer, modem)
@@ -371,20 +244,14 @@ class Bench:
         self.measure_sip_calls(sender, far_end, button)
 
     def history_places(self):
-        """The history's button before and while it is open, its text filter and its list."""
+        """The history's button before and while it is open, its list and its text filter."""
         dialer = self.start_dialer(accessible=True)
-        screen = Screen()
-
-        def box(name, *roles):
-            node = wait_for(name, lambda: screen.find(DIALER, name, *roles))
-            return node, node.get_extents(screen.atspi.CoordType.SCREEN)
-
-        button = ("Anrufhistorie", "check box", "push button")
-        node, closed = box(*button)
-        screen.click(node)
-        places = box("Anrufliste", "tree")[1], box(TEXT_FILTER, "text")[1]
+        closed = tree.box(self.control("Anrufhistorie"))
+        self.click("Anrufhistorie")
+        places = [tree.box(self.control(*what)) for what in (("Anrufliste", "tree"),
+                                                             (TEXT_FILTER, "text"))]
         time.sleep(0.5)
-        opened = box(*button)[1]
+        opened = tree.box(self.control("Anrufhistorie"))
         end_processes(dialer)
         return closed, opened, *places
 
@@ -446,15 +313,10 @@ class Bench:
                 time.sleep(0.05)
         self.row("key in the text filter to the painted calls", seconds)
 
-    def install(self, *options):
-        subprocess.run([self.programs / "orvane-demo-host", "--root", self.root, "--line", "modem",
-                        "--install-only", *options],
-                       check=True)
-
     def fill_journal(self):
         for journal in self.root.glob("host/Daten/User/*/res/TelList.fdb"):
             journal.unlink()
-        self.install("--history", str(HISTORY_CALLS))
+        self.install(line="modem", history=HISTORY_CALLS)
 
     def com_link(self):
         folder = self.root / "config" / "orvane"
@@ -462,30 +324,11 @@ class Bench:
         return folder / "com1"
 
     def end(self):
-        (self.out / "report.md").write_text("\n".join(self.lines) + "\n")
-        end_processes(*reversed(self.running), self.display.tool)
+        super().end()
+        self.display.close()
         if self.sip:
             self.sip.communicate()
 
 
-def main():
-    inside = sys.argv[1:2] == ["--inside"]
-    limit_time(TIME_LIMIT_S)
-    paths = [pathlib.Path(text).resolve() for text in sys.argv[2 if inside else 1:]]
-    if len(paths) != (3 if inside else 2):
-        sys.exit(__doc__)
-    if not inside:
-        return run_in_session(__file__, paths, out=paths[1])
-    bench = Bench(*paths)
-    try:
-        bench.run()
-    finally:
-        bench.end()
-    return 0
-
-
 if __name__ == "__main__":
-    try:
-        sys.exit(main())
-    except Failed as failure:
-        sys.exit(f"bench: {failure}")
+    session.main(lambda *words: Bench(*words).run(), __doc__, TIME_LIMIT_S)

@@ -1,6 +1,6 @@
 """Times look-ups in contact files of each engine and size, the engines' own tools beside them.
 
-    lookup.py <folder of the programs> <report>
+  /usr/bin/python3 -m bench.lookup <folder of the programs> <report>
 """
 
 import pathlib
@@ -11,10 +11,9 @@ import tarfile
 import tempfile
 import time
 
-SOURCE = pathlib.Path(__file__).parent.parent
-sys.path.insert(0, str(SOURCE / "tests" / "databases"))
-import database_server  # noqa: E402
+from tests.platform.databases.odbc import database_server
 
+SOURCE = pathlib.Path(__file__).parent.parent
 JET_DATA = SOURCE / "tests" / "data" / "jet"
 TOOL_ROUNDS = 5
 
@@ -91,4 +90,5 @@ def main():
     print(report.read_text(), end="")
 
 
-main()
+if __name__ == "__main__":
+    main()

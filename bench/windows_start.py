@@ -1,27 +1,25 @@
-#!/usr/bin/python3
 """Measures the Windows program under Wine beside the native one: folder size and start.
 
-  bench/windows_start.py <folder of the native programs> <build folder for Windows> <folder for the report>
+  /usr/bin/python3 -m bench.windows_start <folder of the native programs> <build folder for Windows>
+    <folder for the report>
 
 Both starts are from the same display, in turns; Wine's server runs already, as it does on a desktop
 that is in use. Reports the median and the 99th percentile; it judges nothing.
 """
+import contextlib
 import os
 import pathlib
-import shutil
-import signal
-import subprocess
 import sys
-import tempfile
 import time
 
-PROJECT = pathlib.Path(__file__).resolve().parent.parent
-sys.path[:0] = [str(PROJECT / "scripts"), str(PROJECT / "tests" / "e2e")]
-
-from bench import Display, ms, percentile  # noqa: E402
-from headless_session import (end_group, end_processes, limit_time, private_environment,  # noqa: E402
-                              start_display, start_window_manager)
-from run_scenarios import NativeSystem, WineSystem  # noqa: E402
+from bench.display import Display
+from bench.figures import row
+from tests.harness.demo import END_COMMAND, START_COMMAND
+from tests.harness.native_system import NativeSystem
+from tests.harness.run import Run
+from tests.harness.virtual_display import virtual_display
+from tests.harness.waiting import limit_time
+from tests.harness.wine_system import WineSystem
 
 TIME_LIMIT_S = 300
 STARTS = 15
@@ -29,17 +27,15 @@ STARTS = 15
 SETTLE_S = 0.3
 
 
-def timed_start(system, display):
+def timed_start(run, display):
     display.forget_events()
     begin = time.monotonic()
-    process = system.start("orvane", "TX:17")
+    process = run.start("orvane", START_COMMAND)
     display.wait_for_window()
     seconds = time.monotonic() - begin
     time.sleep(SETTLE_S)
-    sender = system.start("orvane-message-sender", text=True, stdin=subprocess.PIPE,
-                          stdout=subprocess.DEVNULL)
-    sender.communicate("TX:17~Dial~0|KillMySelf|\n", 10)
-    process.wait(10)
+    run.send(END_COMMAND)
+    run.ends_well("the dialer", process)
     return seconds
 
 
@@ -47,18 +43,16 @@ def folder_size(folder):
     return sum(file.stat().st_size for file in folder.rglob("*") if file.is_file())
 
 
-def measure(systems, display):
-    for system in systems.values():
-        (system.root / "run").mkdir(mode=0o700, parents=True)
-        system.start("orvane-demo-host", "--root", system.path(system.root),
-                     "--install-only").wait(60)
-        timed_start(system, display)
-    seconds = {name: [] for name in systems}
+def measure(systems, display, out):
+    runs = {name: Run(system, out) for name, system in systems.items()}
+    for run in runs.values():
+        run.install()
+        timed_start(run, display)
+    seconds = {name: [] for name in runs}
     for _ in range(STARTS):
-        for name, system in systems.items():
-            seconds[name].append(timed_start(system, display))
-    return [f"| start to visible window, {name} | {ms(percentile(values, 0.5))} "
-            f"| {ms(percentile(values, 0.99))} |" for name, values in seconds.items()]
+        for name, run in runs.items():
+            seconds[name].append(timed_start(run, display))
+    return [row(f"start to visible window, {name}", values) for name, values in seconds.items()]
 
 
 def main():
@@ -67,30 +61,19 @@ def main():
     native, windows, out = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
     out.mkdir(parents=True, exist_ok=True)
     limit_time(TIME_LIMIT_S)
-    folder = pathlib.Path(tempfile.mkdtemp(prefix="orvane-"))
-    server = manager = wine = None
-    try:
-        server, os.environ["DISPLAY"] = start_display()
-        manager = start_window_manager()
-        environment = private_environment(folder, os.environ["DISPLAY"])
+    with virtual_display() as (folder, environment):
+        os.environ["DISPLAY"] = environment["DISPLAY"]
         libraries = (windows / "library_folders").read_text().strip()
         program = windows / "program"
         wine = WineSystem(windows / "bin", folder / "wine-demo", environment, folder, libraries)
-        wine.put_program(program)
-        systems = {"native": NativeSystem(native, folder / "demo", environment), "Windows under Wine": wine}
-        lines = ["| Measured | p50 | p99 |", "|---|---|---|",
-                 f"| program folder for Windows | {folder_size(program) / 1e6:.1f} MB | |",
-                 *measure(systems, Display())]
-        print("\n".join(lines))
-        (out / "windows.md").write_text("\n".join(lines) + "\n")
-    finally:
-        signal.alarm(0)
-        if wine:
-            wine.end()
-        end_processes(manager)
-        if server:
-            end_group(server)
-        shutil.rmtree(folder, ignore_errors=True)
+        with contextlib.closing(wine), contextlib.closing(Display()) as display:
+            wine.put_program(program)
+            lines = ["| Measured | p50 | p99 |", "|---|---|---|",
+                     f"| program folder for Windows | {folder_size(program) / 1e6:.1f} MB | |",
+                     *measure({"native": NativeSystem(native, folder / "demo", environment),
+                               "Windows under Wine": wine}, display, out)]
+    print("\n".join(lines))
+    (out / "windows.md").write_text("\n".join(lines) + "\n")
 
 
 if __name__ == "__main__":

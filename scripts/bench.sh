@@ -11,11 +11,12 @@ if [[ "${1:-}" == --windows ]]; then
   scripts/install-packages.sh wine
   scripts/windows.sh build
   scripts/build.sh release orvane orvane-demo-host orvane-message-sender
-  /usr/bin/python3 bench/windows_start.py build/release/bin build/windows out/bench
+  /usr/bin/python3 -m bench.windows_start build/release/bin build/windows out/bench
   exit
 fi
 scripts/build.sh release -DORVANE_BENCH=ON orvane orvane-demo-host orvane-empty-window \
   orvane-message-sender orvane-bench-classification orvane-sip-demo
 scripts/build.sh release orvane-bench-lookup
-/usr/bin/python3 bench/lookup.py "$PWD/build/release/bin" "$PWD/out/bench/lookup.md"
-/usr/bin/python3 bench/bench.py "$PWD/build/release/bin" "$PWD/out/bench"
+# Empties the folder, so it comes first.
+/usr/bin/python3 -m bench.bench "$PWD/build/release/bin" "$PWD/out/bench"
+/usr/bin/python3 -m bench.lookup "$PWD/build/release/bin" "$PWD/out/bench/lookup.md"

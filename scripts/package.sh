@@ -45,4 +45,4 @@ lintian --allow-root --fail-on error,warning "$work"/*.changes
 rm -f "$out"/*.deb
 cp "$work"/orvane_*.deb "$work"/orvane-demo-host_*.deb "$out"
 (cd "$out" && du -h -- *.deb)
-[[ "${1:-}" != prove ]] || tests/packages/prove_debian.py "$out"
+[[ "${1:-}" != prove ]] || /usr/bin/python3 -m tests.packages.prove_debian "$out" "$out/proof"

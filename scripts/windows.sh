@@ -52,8 +52,8 @@ case "$command" in
     newer="$PWD/build/$preset/newer"
     scripts/windows/package.sh "$preset" "$arch" 9999.0.0 "$newer"
     scripts/windows/package.sh "$preset" "$arch"
-    "${on[@]}" /usr/bin/python3 tests/packages/prove_windows.py out/packages/*-"$arch".zip \
-      out/packages/*-"$arch"-Setup.exe "$newer"/*-Setup.exe "build/$preset" \
-      "out/packages/proof-windows-$arch"
+    "${on[@]}" /usr/bin/python3 -m tests.packages.prove_windows "build/$preset" \
+      "out/packages/proof-windows-$arch" out/packages/*-"$arch".zip \
+      out/packages/*-"$arch"-Setup.exe "$newer"/*-Setup.exe
     ;;
 esac

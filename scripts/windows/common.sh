@@ -34,11 +34,6 @@ cached_folder() {
   echo "$cache/$name-$version-$arch-${hash:0:12}"
 }
 
-list_sources() {
-  apt-get indextargets 'Created-By: Packages' 'Origin: Debian' \
-    --format 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' | sort -u
-}
-
 # put_in_place <finished folder> <target>: the first of two builds at the same time wins.
 put_in_place() {
   mv -T "$1" "$2" 2>/dev/null || [[ -d "$2" ]] || fail "$2 cannot be written."
@@ -47,13 +42,9 @@ put_in_place() {
 # fetch_source <source package> <version> <folder>: unpacks it to <folder>/source. The system's apt
 # settings stay as they are: most systems have no source packages switched on.
 fetch_source() {
-  local package="$1" version="$2" folder="$3" log="$3/fetch.log" options as_root=()
-  ((EUID == 0)) || as_root=(sudo)
+  local package="$1" version="$2" folder="$3" log="$3/fetch.log" options
   mkdir -p "$folder/apt/lists/partial" "$folder/apt/cache/archives/partial" "$folder/source"
-  list_sources >"$folder/apt/sources.list"
-  # Images often come without the lists that tell where things are.
-  [[ -s "$folder/apt/sources.list" ]] ||
-    { "${as_root[@]}" apt-get -qq update && list_sources; } \
+  "$project/scripts/packages/debian_sources.sh" 'deb-src $(REPO_URI) $(RELEASE) $(COMPONENT)' \
     >"$folder/apt/sources.list" 2>"$log" || true
   options=(-qq -o "Dir::Etc::SourceList=$folder/apt/sources.list" -o Dir::Etc::SourceParts=-
     -o "Dir::State::Lists=$folder/apt/lists" -o "Dir::Cache=$folder/apt/cache"

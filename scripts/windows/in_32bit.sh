@@ -13,13 +13,16 @@ cd "$project"
 ((EUID == 0)) || fail "Only root can run programs in another system."
 build="$1"
 shift
+release=bookworm
 root="$cache/debian-12-i386"
 if [[ ! -f "$root/ready" ]]; then
+  mirror=$(scripts/packages/debian_mirror.sh "$release")
   rm -rf --one-file-system "$root"
   mkdir -p "$root"
-  logged "$cache/debian-12-i386.log" debootstrap --arch=i386 --variant=minbase bookworm "$root"
+  logged "$cache/debian-12-i386.log" \
+    debootstrap --arch=i386 --variant=minbase "$release" "$root" "$mirror"
   # The version without later mends: those of one architecture may come before the other's.
-  echo 'deb http://deb.debian.org/debian bookworm main' >"$root/etc/apt/sources.list"
+  echo "deb $mirror $release main" >"$root/etc/apt/sources.list"
   touch "$root/ready"
 fi
 cp /etc/resolv.conf "$root/etc/"

@@ -16,4 +16,4 @@ scripts/windows/wine_prefix.sh "$wine_folder"
 # The journal is written with care for power cuts; thousands of writes take minutes on a slow disk.
 [[ -w /dev/shm ]] && export TMPDIR=/dev/shm
 # Without a window manager Wine waits for seconds whenever a window is hidden.
-/usr/bin/python3 scripts/on_display.py ctest --preset "$preset" --parallel "$(nproc)" "$@"
+/usr/bin/python3 -m tests.e2e.on_display ctest --preset "$preset" --parallel "$(nproc)" "$@"

@@ -1,4 +1,4 @@
-"""What the programs do together, told once for every system; run_scenarios.py plays it.
+"""What the programs do together, told once for every system; run_scenarios plays it.
 
 A scenario starts the dialer with a command line, does its steps, and ends the dialer by the host's
 command. What counts is what stays: the outgoing calls that the journal has got, as company, digits
@@ -6,21 +6,10 @@ and whether the call was talked on, and that every program ended well.
 """
 from typing import NamedTuple
 
-USER = 17
-CONTACT = "Muster & Söhne GmbH"
-CONTACT_ROW = 2  # in the demo host
-CONTACT_DIGITS = "06990009217"
+from tests.harness.demo import CONTACT, CONTACT_DIGITS, CONTACT_ROW, START_COMMAND, dial_command
 
 # The end of the number decides the course of a simulated call.
 ANSWERED, BUSY, FAR_END_HANGS_UP = "0641 1", "0641 99901", "0641 99905"
-
-
-def dial_command(number, company="Probe & Söhne"):
-    """The host's command with a number, as it stands behind the program's name and in messages."""
-    return f"TX:{USER}~Dial~1|{number}|{company}|Meier, Eva|Gießen|1|2"
-
-
-END_COMMAND = f"TX:{USER}~Dial~0|KillMySelf|"
 
 
 class Send(NamedTuple):
@@ -97,17 +86,17 @@ SCENARIOS = [
     Scenario("command-line", dial_command(FAR_END_HANGS_UP),
              [Dial(1), FarEndHangsUp()],
              [("Probe & Söhne", "064199905", True)]),
-    Scenario("message", f"TX:{USER}",
+    Scenario("message", START_COMMAND,
              [Send(dial_command(ANSWERED)), Dial(1), HangUp()],
              [("Probe & Söhne", "06411", True)]),
-    Scenario("busy", f"TX:{USER}",
+    Scenario("busy", START_COMMAND,
              [Send(dial_command(BUSY)), Dial(1)],
              [("Probe & Söhne", "064199901", False)]),
-    Scenario("typed", f"TX:{USER}",
+    Scenario("typed", START_COMMAND,
              [Type(CONTACT_DIGITS), Dial(1), HangUp()],
              [(CONTACT, CONTACT_DIGITS, True)]),
     # Only the user's number is handed over.
-    Scenario("second-start", f"TX:{USER}",
+    Scenario("second-start", START_COMMAND,
              [Type("0641"), StartAgain(dial_command("089 1")), Type("99905"), Dial(1),
               FarEndHangsUp()],
              [("<Nicht gelistet>", "064199905", True)]),

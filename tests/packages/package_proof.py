@@ -1,16 +1,12 @@
 """What proves a package, whatever the system: a call through the demo host, and what may not change."""
 import hashlib
-import pathlib
-import sys
 
-PROJECT = pathlib.Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(PROJECT / "scripts"), str(PROJECT / "tests" / "e2e")]
+from tests.e2e.scenarios import SCENARIOS
+from tests.harness.demo import Demo
+from tests.harness.scenario_run import ScenarioRun
+from tests.harness.waiting import Failed
 
-from headless_session import Failed, end_processes  # noqa: E402
-from run_scenarios import Play  # noqa: E402
-import scenarios  # noqa: E402
-
-CALL = next(s for s in scenarios.SCENARIOS if s.name == "demo-host")
+CALL = next(scenario for scenario in SCENARIOS if scenario.name == "demo-host")
 
 
 def say(text):
@@ -21,24 +17,22 @@ def digests(*files):
     return {file: hashlib.sha256(file.read_bytes()).hexdigest() for file in files}
 
 
-def user_files(root):
+def user_files(system):
     """The journal and the speed dial of the demo's user."""
-    folder = root / "host" / "Daten" / "User" / str(scenarios.USER) / "res"
-    return folder / "TelList.fdb", folder / "Kurzwahl.dat"
+    demo = Demo(system.root)
+    return demo.journal(), demo.speed_dial()
 
 
-def install_host(system, root, out):
-    Play(system, root, out, CALL).install()
+def install_host(system, out):
+    ScenarioRun(system, out, CALL).install()
 
 
-def call(system, root, out, name):
+def call(system, out, name):
     """The demo host starts the dialer, and a simulated call goes into the journal."""
-    play = Play(system, root, out, CALL._replace(name=name))
-    try:
-        play.run()
-    finally:
-        end_processes(*reversed(play.running))
-    say(f"{name}: the call is in the journal")
+    run = ScenarioRun(system, out, CALL._replace(name=name))
+    if run.run() != 0:
+        raise Failed(f"there was no call, {name}")
+    run.tell("the call is in the journal")
 
 
 def expect_same(before, what):

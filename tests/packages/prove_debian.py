@@ -1,18 +1,22 @@
-#!/usr/bin/python3
 """Installs the Debian packages into a system made for it, uses, upgrades and removes them.
 
-  tests/packages/prove_debian.py <folder with the packages>
+  /usr/bin/python3 -m tests.packages.prove_debian <folder with the packages> <folder for pictures>
+
+Needs to be root.
 """
+import contextlib
 import os
 import pathlib
 import shutil
 import subprocess
-import sys
 
-from package_proof import (call, digests, expect_gone, expect_same, install_host, say, user_files)
-from headless_session import Failed, limit_time, run_in_session, start_window_manager, end_processes
+from tests.harness import session
+from tests.harness.waiting import Failed
+from tests.packages.package_proof import (call, digests, expect_gone, expect_same, install_host, say,
+                                          user_files)
 
 TIME_LIMIT_S = 1500
+PROJECT = pathlib.Path(__file__).resolve().parents[2]
 RELEASE = "bookworm"
 USER = "eva"
 NEWER = "9999"
@@ -31,13 +35,17 @@ class DebianSystem:
 
     def __init__(self, folder):
         self.folder = folder
+        self.root = folder / "home" / USER / "demo"
         self.environment = {
             "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8", "HOME": f"/home/{USER}",
             "DISPLAY": os.environ["DISPLAY"], "QT_QPA_PLATFORM": "xcb", "ORVANE_SIMULATED_LINES": "1"}
 
     def make(self):
-        run("debootstrap", "--variant=minbase", RELEASE, self.folder)
+        if os.geteuid() != 0:
+            raise Failed("a Debian system can only be made by root")
         # Packages come from where this machine has them.
+        mirror = run(PROJECT / "scripts" / "packages" / "debian_mirror.sh", RELEASE).strip()
+        run("debootstrap", "--variant=minbase", RELEASE, self.folder, mirror)
         for name in ("sources.list", "sources.list.d", "apt.conf.d", "trusted.gpg.d", "keyrings"):
             source, target = pathlib.Path("/etc/apt") / name, self.folder / "etc/apt" / name
             if source.is_dir():
@@ -49,7 +57,7 @@ class DebianSystem:
         self.root_runs("useradd", "--create-home", USER)
         self.apt("update")
 
-    def leave(self):
+    def close(self):
         subprocess.run(["umount", self.folder / "proc"], check=False, capture_output=True)
 
     def root_runs(self, *command):
@@ -76,8 +84,8 @@ class DebianSystem:
                 if not path.is_relative_to(self.folder / "var" / "log")]
 
     def start(self, name, *arguments, **options):
-        root = self.folder / "home" / USER
-        run("chown", "-R", "--reference", root, root)
+        home = self.folder / "home" / USER
+        run("chown", "-R", "--reference", home, home)
         return subprocess.Popen(["chroot", f"--userspec={USER}", self.folder, f"/usr/bin/{name}",
                                  *arguments], env=self.environment, **options)
 
@@ -102,49 +110,26 @@ def newer(package, folder):
     return result
 
 
-def prove(packages, out, folder):
-    system = DebianSystem(folder / "debian")
-    manager = start_window_manager()
-    try:
+def prove(folder, source, out):
+    packages = [next(source.glob(f"{name}_*.deb")) for name in PACKAGES]
+    with contextlib.closing(DebianSystem(folder / "debian")) as system:
         say("Making a Debian system")
         system.make()
-        demo = system.folder / "home" / USER / "demo"
         system.install(packages)
-        install_host(system, demo, out)
-        call(system, demo, out, "installed")
+        install_host(system, out)
+        call(system, out, "installed")
 
-        before = digests(*user_files(demo))
+        before = digests(*user_files(system))
         system.install([newer(package, folder) for package in packages])
         expect_same(before, "the upgrade")
-        call(system, demo, out, "upgraded")
+        call(system, out, "upgraded")
 
-        before = digests(*user_files(demo))
+        before = digests(*user_files(system))
         system.apt("purge", *PACKAGES)
         expect_same(before, "the removal")
         expect_gone(system.files_named_like_the_program(), "the removal")
-    finally:
-        end_processes(manager)
-        system.leave()
-
-
-def main():
-    inside = sys.argv[1:2] == ["--inside"]
-    limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
-    arguments = [pathlib.Path(argument).resolve() for argument in sys.argv[2 if inside else 1:]]
-    if inside:
-        packages = [next(arguments[0].glob(f"{name}_*.deb")) for name in PACKAGES]
-        return prove(packages, arguments[1], arguments[2])
-    if len(arguments) != 1:
-        sys.exit(__doc__)
-    if os.geteuid() != 0:
-        sys.exit("A Debian system can only be made by root.")
-    return run_in_session(__file__, [arguments[0], arguments[0] / "proof"],
-                          out=arguments[0] / "proof")
+    return 0
 
 
 if __name__ == "__main__":
-    try:
-        sys.exit(main())
-    except Failed as failure:
-        say(f"proof: FAILED, {failure}")
-        sys.exit(1)
+    session.main(prove, __doc__, TIME_LIMIT_S)

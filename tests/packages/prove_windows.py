@@ -1,19 +1,20 @@
-#!/usr/bin/python3
-"""Starts the Windows program from its zip under Wine; then installs, uses, upgrades and removes it in silence.
+"""Starts the Windows program from its zip under Wine; then installs, uses, upgrades and removes it.
 
-  tests/packages/prove_windows.py <zip> <installer> <newer installer> <build folder>
-    <folder for pictures>
+  /usr/bin/python3 -m tests.packages.prove_windows <build folder> <folder for pictures>
+    <zip> <installer> <newer installer>
 """
 import contextlib
 import os
 import pathlib
 import shutil
 import subprocess
-import sys
 
-from package_proof import call, digests, expect_gone, expect_same, install_host, say, user_files
-from headless_session import Failed, end_processes, limit_time, run_in_session, start_window_manager, wait_for
-from run_scenarios import WineSystem
+from tests.harness import session
+from tests.harness.demo import Demo
+from tests.harness.waiting import Failed, wait_for
+from tests.harness.wine_system import WineSystem
+from tests.packages.package_proof import (call, digests, expect_gone, expect_same, install_host, say,
+                                          user_files)
 
 TIME_LIMIT_S = 600
 INSTALLER_LIMIT_S = 120
@@ -25,9 +26,9 @@ OTHER_USER = "18"
 class InstalledSystem(WineSystem):
     """A fresh Wine prefix, into which the installer puts the program."""
 
-    def __init__(self, build, root, folder):
-        super().__init__(build / "bin", root, dict(os.environ, ORVANE_SIMULATED_LINES="1"), folder,
-                         (build / "library_folders").read_text().strip())
+    def __init__(self, build, folder):
+        super().__init__(build / "bin", folder / "demo", dict(os.environ, ORVANE_SIMULATED_LINES="1"),
+                         folder, (build / "library_folders").read_text().strip())
         # Debian's Wine names the prefix's user after this system's.
         self.user_folder = next(path for path in (self.drive / "users").iterdir()
                                 if path.name != "Public")
@@ -117,39 +118,37 @@ class InstalledSystem(WineSystem):
                 for path in (self.drive / folder).rglob("*") if "Temp" not in path.parts}
 
 
-def prove(archive, installer, newer, build, out, folder):
-    root = folder / "demo"
-    manager = start_window_manager()
-    system = None
-    try:
-        system = InstalledSystem(build, root, folder)
-        install_host(system, root, out)
+def prove(folder, build, out, *files):
+    archive, installer, newer = (pathlib.Path(file).resolve() for file in files)
+    with contextlib.closing(InstalledSystem(build, folder)) as system:
+        demo = Demo(system.root)
+        install_host(system, out)
         with system.unpacked(archive):
-            call(system, root, out, "unpacked")
+            call(system, out, "unpacked")
         before = system.files()
-        area_codes = root / "host" / "res" / "VPB.rgt"
+        area_codes = demo.area_codes()
         area_codes.unlink()
-        other_user = root / "host" / "Daten" / "User" / OTHER_USER
-        other_user.mkdir()
+        other_journal = demo.journal(OTHER_USER)
+        other_journal.parent.parent.mkdir()
 
         system.refuses_a_used_folder(installer)
         system.install(installer)
-        if not area_codes.exists() or not (other_user / "res" / "TelList.fdb").exists():
+        if not area_codes.exists() or not other_journal.exists():
             raise Failed("the host did not get its area codes and journals")
         say("the host has its area codes and journals")
-        call(system, root, out, "installed")
+        call(system, out, "installed")
 
         note = system.program_folder / "Notiz.txt"
         note.write_text("vom Benutzer")
         stale = system.program_folder / "Handbuch" / "alt.md"
         stale.write_text("bis zur vorigen Version")
         system.claims(stale)
-        kept = digests(note, *user_files(root))
+        kept = digests(note, *user_files(system))
         system.install(newer)
         if stale.exists():
             raise Failed("the upgrade left a file of the former version")
         expect_same(kept, "the upgrade")
-        call(system, root, out, "upgraded")
+        call(system, out, "upgraded")
 
         # The demo host has put its own in the place of the table, which is not to be taken away.
         system.install(newer)
@@ -162,33 +161,14 @@ def prove(archive, installer, newer, build, out, folder):
         system.moves(newer)
         second = system.program_folder / "Notiz.txt"
         second.write_text("auch vom Benutzer")
-        kept = digests(note, second, *user_files(root))
+        kept = digests(note, second, *user_files(system))
         system.uninstall()
         expect_same(kept, "the removal")
         notes = {path for file in (note, second) for path in (file, *file.parents)}
         expect_gone(sorted(system.files() - before - notes) +
                     [file for file in (area_codes,) if file.exists()], "the removal")
-    finally:
-        if system:
-            system.end()
-        end_processes(manager)
-
-
-def main():
-    inside = sys.argv[1:2] == ["--inside"]
-    limit_time(TIME_LIMIT_S - 10 if inside else TIME_LIMIT_S)
-    arguments = [pathlib.Path(argument).resolve() for argument in sys.argv[2 if inside else 1:]]
-    if inside:
-        return prove(*arguments)
-    if len(arguments) != 5:
-        sys.exit(__doc__)
-    shutil.rmtree(arguments[4], ignore_errors=True)
-    return run_in_session(__file__, arguments, out=arguments[4])
+    return 0
 
 
 if __name__ == "__main__":
-    try:
-        sys.exit(main())
-    except Failed as failure:
-        say(f"proof: FAILED, {failure}")
-        sys.exit(1)
+    session.main(prove, __doc__, TIME_LIMIT_S, fits=lambda words: len(words) == 5)

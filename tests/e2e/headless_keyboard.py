@@ -1,24 +1,22 @@
-#!/usr/bin/python3
 """The program without a pointer, and as assistive technology sees it.
 
-  scripts/headless_keyboard.py <folder of the programs> <folder for pictures and transcript>
+  /usr/bin/python3 -m tests.e2e.headless_keyboard <folder of the programs>
+    <folder for pictures and transcript>
 
 Places and ends a call, picks a number from the call history, opens and leaves the options, switches
 the view and back: by key events alone, finding each control by its name when it has the focus. In
 every window each control that is named below is there in its role, and none that takes the focus
 lacks a name. Whatever it started is ended when it leaves.
 """
-import re
-import subprocess
-
-from headless_run import DIALER, Run, main
-from headless_session import Failed, descendants, start_window_manager, wait_for
+from tests.harness import accessibility_tree as tree
+from tests.harness import desktop, session
+from tests.harness.demo import COMPACT_HEIGHT, DIALER, OPTIONS
+from tests.harness.scripted_run import ScriptedRun
+from tests.harness.waiting import Failed, wait_for
 
 TIME_LIMIT_S = 110
-COMPACT_HEIGHT = 66  # at most
 LONGEST_TAB_ORDER = 50
 
-OPTIONS = "Brisko :: Optionen"
 NUMBER, DIGITS = "0641 1", "06411"
 
 BUTTON, TOGGLE, TEXT = "push button", "check box", "text"
@@ -60,54 +58,25 @@ SPEED_DIAL = {TEXT: [f"{what} {kind} {row}" for what in ("Rufnummer", "Kurzwahlb
 PARTS = ("list item", "page tab", "table cell", "tree item", "filler")
 
 
-class KeyboardRun(Run):
-    def keys(self, *keys):
-        subprocess.run(["xdotool", "key", *keys], check=True)
-
-    def type(self, text):
-        subprocess.run(["xdotool", "type", "--", text], check=True)
-
-    def states(self, caption):
-        """Role, name and states of all that shows in a window."""
-        shown = []
-        try:
-            window = self.screen.window(caption)
-            for node in descendants(window) if window else ():
-                states = node.get_state_set()
-                if states.contains(self.screen.atspi.StateType.SHOWING):
-                    shown.append((node.get_role_name(), node.get_name(), states))
-        except self.screen.gone:
-            pass
-        return shown
-
+class KeyboardRun(ScriptedRun):
     def expect(self, caption, what, controls):
-        kind = self.screen.atspi.StateType
-
         def missing():
-            shown = {(role, name) for role, name, _ in self.states(caption)}
+            shown = {(role, name) for role, name, _ in tree.showing(caption)}
             return [name for role, names in controls.items() for name in names
                     if (role, name) not in shown]
         try:
             wait_for(what, lambda: not missing())
         except Failed:
             raise Failed(f"{what}: not found in their roles: {missing()}")
-        unnamed = [role for role, name, states in self.states(caption)
-                   if states.contains(kind.FOCUSABLE) and not name and role not in PARTS]
+        unnamed = [role for role, name, focusable in tree.showing(caption)
+                   if focusable and not name and role not in PARTS]
         if unnamed:
             raise Failed(f"{what}: without a name: {unnamed}")
         self.tell(f"{what}: {sum(map(len, controls.values()))} controls found by name and role.")
 
     def focused(self, caption):
         """The name of the control with the focus; empty while there is none."""
-        focused = self.screen.atspi.StateType.FOCUSED
-        try:
-            window = self.screen.window(caption)
-            for node in descendants(window, closed=("tree", "combo box", "list")) if window else ():
-                if node.get_state_set().contains(focused) and node.get_role_name() not in PARTS:
-                    return node.get_name()
-        except self.screen.gone:
-            pass
-        return ""
+        return tree.focused(caption, closed=("tree", "combo box", "list"), parts=PARTS)
 
     def wait_for_focus(self, name, caption=DIALER):
         wait_for(f"the focus on '{name}'", lambda: self.focused(caption) == name)
@@ -119,39 +88,36 @@ class KeyboardRun(Run):
             if at == name:
                 return
             before = at
-            self.keys(key)
+            desktop.press(key)
             at = wait_for(f"the focus to leave '{before}'", lambda: next(
                 (now for now in [self.focused(caption)] if now != before), ""))
         raise Failed(f"the tab order does not lead to '{name}'")
 
-    def start(self):
-        self.manager = start_window_manager()
-        self.host = subprocess.Popen([str(self.programs / "orvane-demo-host"),
-                                      "--root", str(self.root), "--history", "3"])
+    def begin(self):
+        self.start_demo_host(history=3)
         self.expect(DIALER, "Dial window", PAD)
-        subprocess.run(["xdotool", "search", "--name", DIALER, "windowactivate", "--sync"],
-                       check=True)
+        desktop.activate(DIALER)
         self.wait_for_focus("Rufnummer")
 
     def call(self):
-        self.type(NUMBER)
+        desktop.type_text(NUMBER)
         wait_for("the number", lambda: self.number() == NUMBER)
         for dial, hang_up in (("Return", "Return"), ("alt+w", "alt+a")):
-            self.keys(dial)
-            self.wait_for_last_progress("Verbunden um ")
+            desktop.press(dial)
+            self.wait_for_progress("Verbunden um ")
             self.wait_for_focus("Auflegen")
-            self.picture("1-in-call.png")
-            self.keys(hang_up)
-            self.wait_for_last_progress("Gesprächsdauer: ")
+            self.picture("1-in-call")
+            desktop.press(hang_up)
+            self.wait_for_progress("Gesprächsdauer: ")
             self.tell(f"A call was placed by {dial} and ended by {hang_up}.")
 
     def pick_from_history(self):
         self.go_to("Anrufhistorie")
-        self.keys("Return")
+        desktop.press("Return")
         self.expect(DIALER, "Call history", HISTORY)
         self.go_to("Anrufliste")
-        self.picture("2-history.png")
-        self.keys("Home", "Down", "Return")
+        self.picture("2-history")
+        desktop.press("Home", "Down", "Return")
         # The newest call, below the heading of its day, as the journal writes it.
         wait_for("its number", lambda: self.number() == DIGITS)
         self.wait_for_focus("Rufnummer")
@@ -159,48 +125,42 @@ class KeyboardRun(Run):
 
     def options(self):
         self.go_to("Optionen")
-        self.keys("Return")
+        desktop.press("Return")
         self.expect(OPTIONS, "Options", COMMUNICATION)
         self.wait_for_focus("TAPI-Gerät (z. B. ISDN-Karte)", OPTIONS)
-        self.keys("alt+s")
+        desktop.press("alt+s")
         self.expect(OPTIONS, "Speed-dial page", SPEED_DIAL)
-        self.picture("3-options.png")
-        self.keys("Escape")
-        wait_for("the dial window", lambda: not self.screen.window(OPTIONS)
-                 and self.screen.find(DIALER, "Rufnummer", TEXT))
+        self.picture("3-options")
+        desktop.press("Escape")
+        wait_for("the dial window", lambda: not tree.window(OPTIONS)
+                 and self.find("Rufnummer", TEXT))
         self.tell("The options were opened and left.")
 
-    def place(self):
-        geometry = subprocess.run(["xdotool", "search", "--name", DIALER, "getwindowgeometry"],
-                                  capture_output=True, text=True, check=True).stdout
-        return tuple(map(int, re.search(r"Position: (-?\d+),(-?\d+).*Geometry: (\d+)x(\d+)",
-                                        geometry, re.DOTALL).groups()))
-
     def views(self):
-        full = self.place()
+        window = desktop.windows(DIALER)[0]
+        full = desktop.place(window)
         self.go_to("Kompaktansicht", key="shift+Tab")
-        self.keys("Return")
+        desktop.press("Return")
         self.expect(DIALER, "Compact view", COMPACT)
-        screen = int(subprocess.run(["xdotool", "getdisplaygeometry"], capture_output=True,
-                                    text=True, check=True).stdout.split()[0])
-        x, y, width, height = self.place()
+        screen = int(desktop.xdotool("getdisplaygeometry").split()[0])
+        x, y, width, height = desktop.place(window)
         if (y, x, height <= COMPACT_HEIGHT) != (-1, (screen - width) // 2, True):
             raise Failed(f"the compact view is at {x},{y} and {width}x{height} large")
         self.go_to("Rufnummer")
-        self.keys("ctrl+a", "5")
+        desktop.press("ctrl+a", "5")
         wait_for("the typed digit", lambda: self.number() == "5")
         self.go_to("Taste 7")
-        self.keys("Return")
+        desktop.press("Return")
         wait_for("the digit of the key", lambda: self.number() == "57")
-        self.picture("4-compact.png")
+        self.picture("4-compact")
         self.go_to("Vollansicht", key="shift+Tab")
-        self.keys("Return")
+        desktop.press("Return")
         self.expect(DIALER, "Call history in the full view", HISTORY)
-        wait_for("the full view where it was", lambda: self.place() == full)
+        wait_for("the full view where it was", lambda: desktop.place(window) == full)
         self.tell("The view was switched and switched back.")
 
     def play(self):
-        self.start()
+        self.begin()
         self.call()
         self.pick_from_history()
         self.options()
@@ -208,4 +168,4 @@ class KeyboardRun(Run):
 
 
 if __name__ == "__main__":
-    main(KeyboardRun, __file__, __doc__, TIME_LIMIT_S)
+    session.main(lambda *words: KeyboardRun(*words).run(), __doc__, TIME_LIMIT_S)
