@@ -21,9 +21,11 @@
 #include "app/version.h"
 #include "app/work_queue.h"
 #include "journal/current_call.h"
+#include "journal/tel_list.h"
 #include "platform/databases/driver_threads.h"
 #include "platform/databases/host_databases.h"
 #include "platform/databases/qt_long_work.h"
+#include "platform/desktop/qt_background.h"
 #include "platform/desktop/qt_event_loop.h"
 #include "platform/desktop/qt_locale_format.h"
 #include "platform/desktop/qt_prompts.h"
@@ -113,12 +115,20 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
+  QtBackground background;
+  // An engine is used by one thread; here nobody has to paint while it works.
+  ImmediateWork journalWork;
+  HostDatabases journalDatabases{native::Databases(journalWork, driverThreads)};
+  const auto folderLocks = native::MakeFolderLocks();
+  TelList journal(logged.ToldOfJournal(journalDatabases), *folderLocks, background, prompts, queue,
+                  *log);
   const DialSystem system{{logged.Told(tapi), logged.Told(*serial), native::ListSerialPorts,
                            channel, loop, clock, locale, messages, *log, native::MakeChrome},
                           native::MakeRegistry,
                           *ini,
-                          logged.Told(databases)};
-  frmDial window(system, state, call, queue);
+                          logged.Told(databases),
+                          background};
+  frmDial window(system, state, call, queue, journal);
 
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {
@@ -132,6 +142,8 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
   const bool runs = outcome == StartupOutcome::kRunning && window.IsLoaded();
   const int result = runs ? loop.Run() : 0;
   log->Tell(LogTopic::kProgram, {runs ? "Ende" : "Ende ohne Fenster"});
+  // A network folder that is silent to the end: nothing must be cleaned up under its feet.
+  if (!background.Finish(std::chrono::milliseconds(0))) std::_Exit(result);
   return result;
 }
 

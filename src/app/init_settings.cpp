@@ -119,7 +119,7 @@ void SettingsLoader::TellSettings() const {
 void SettingsLoader::InitSettings() {
   try {
     ReadRegistrySettings();
-    state_.databases.journal = databases_.NewConnection();
+    renewJournal_();
     ReadFiles();
     TellSettings();
     panel_.SetSpeedDialToolTip(

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "app/program_state.h"
 #include "app/settings_panel.h"
-#include "platform/database.h"
 #include "platform/ini_file.h"
 #include "platform/prompts.h"
 #include "platform/support_log.h"
@@ -13,16 +15,17 @@ namespace orvane {
 // Loads the program's settings and prepares the dial window from them.
 class SettingsLoader {
  public:
-  // Everything referred to outlives the loader.
-  SettingsLoader(IniFile& ini, DatabaseServices& databases, TapiControl& tapi, Prompts& prompts,
-                 SupportLog& log, ProgramState& state, SettingsPanel& panel)
+  // Everything referred to outlives the loader. `renewJournal` gives the call journal a fresh
+  // connection.
+  SettingsLoader(IniFile& ini, TapiControl& tapi, Prompts& prompts, SupportLog& log,
+                 ProgramState& state, SettingsPanel& panel, std::function<void()> renewJournal)
       : ini_(ini),
-        databases_(databases),
         tapi_(tapi),
         prompts_(prompts),
         log_(log),
         state_(state),
-        panel_(panel) {}
+        panel_(panel),
+        renewJournal_(std::move(renewJournal)) {}
 
   // Reads all settings from the host's registry key, "Global.ini" and the user's speed-dial file
   // into the program's state, opens the configured telephone line and prepares the window. May run
@@ -41,12 +44,12 @@ class SettingsLoader {
   void TellSettings() const;
 
   IniFile& ini_;
-  DatabaseServices& databases_;
   TapiControl& tapi_;
   Prompts& prompts_;
   SupportLog& log_;
   ProgramState& state_;
   SettingsPanel& panel_;
+  std::function<void()> renewJournal_;
 };
 
 }  // namespace orvane

@@ -47,11 +47,9 @@ struct DialSettings {
   std::string countryPrefix;
 };
 
-// The two database connections that live for the whole process. Each is opened for one use and
+// The connection to the contacts, which lives for the whole process. It is opened for one use and
 // closed again; the stored text is what the provider reported after the first successful open.
 struct DatabaseState {
-  std::unique_ptr<DatabaseConnection> journal;
-  std::string journalConnectionString;
   std::unique_ptr<DatabaseConnection> host;
   std::string hostConnectionString;
 };

@@ -1,7 +1,5 @@
 #include "dialing/dial_command.h"
 
-#include "app/attempt.h"
-#include "app/host_settings.h"
 #include "dialing/number_preparation.h"
 #include "platform/text/text_tools.h"
 
@@ -20,20 +18,16 @@ void ChooseExtern(DialPanel& panel, const std::string& number) {
   }
 }
 
-void RecordForRedial(HostRegistry* registry, const std::string& numberText) {
-  if (registry == nullptr) return;
-  // A call is worth more than its redial entry.
-  Attempt([&] { Store(*registry, setting::kRedial, numberText); });
-}
-
 }  // namespace
 
 void DialCommand::Click() {
   call_.canonicalNumber.clear();
   const std::string number = PrepareDialNumber(panel_.NumberText(), state_.settings.countryPrefix);
   if (state_.host.userNumber == 0) return;
-  if (!panel_.SessionOn()) Prepare(number);
+  const bool places = !panel_.SessionOn();
+  if (places) Prepare(number);
   PlaceOrEnd();
+  if (places) redial_.Record(panel_.NumberText());
 }
 
 void DialCommand::Prepare(const std::string& number) {
@@ -49,7 +43,6 @@ void DialCommand::Prepare(const std::string& number) {
   }
   dialString_ += FilterChars(number, "0123456789*#", true);
   RememberDigits(FilterChars(number, kDigits, true));
-  RecordForRedial(state_.host.registry.get(), panel_.NumberText());
 }
 
 void DialCommand::RememberDigits(const std::string& digits) {

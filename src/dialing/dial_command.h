@@ -3,6 +3,7 @@
 #include "app/program_state.h"
 #include "dialing/dial_panel.h"
 #include "dialing/modem_dialer.h"
+#include "dialing/redial_memory.h"
 #include "dialing/tapi_dialer.h"
 #include "journal/current_call.h"
 #include "platform/prompts.h"
@@ -14,12 +15,13 @@ namespace orvane {
 class DialCommand {
  public:
   DialCommand(Prompts& prompts, SupportLog& log, ProgramState& state, CurrentCall& call,
-              DialPanel& panel, ModemDialer& modem, TapiDialer& tapi)
+              DialPanel& panel, RedialMemory& redial, ModemDialer& modem, TapiDialer& tapi)
       : prompts_(prompts),
         log_(log),
         state_(state),
         call_(call),
         panel_(panel),
+        redial_(redial),
         modem_(modem),
         tapi_(tapi) {}
 
@@ -43,6 +45,7 @@ class DialCommand {
   ProgramState& state_;
   CurrentCall& call_;
   DialPanel& panel_;
+  RedialMemory& redial_;
   ModemDialer& modem_;
   TapiDialer& tapi_;
   std::string dialString_;

@@ -41,8 +41,7 @@ void ModemCall::Start(int port, const std::string& number, const std::function<v
   number_ = number;
   phase_ = Phase::kAwaitingReply;
   announce();
-  // What was queued meanwhile, an order to close perhaps, comes before the dial command.
-  on_.queue.Submit([this] { OnReceived(); });
+  OnReceived();
 }
 
 // The port has one listener: the call that was started last.
@@ -82,9 +81,11 @@ void ModemCall::ReportFailure(const ErrorState& error) {
 }
 
 void ModemCall::OnReceived() {
-  if (phase_ == Phase::kAwaitingReply && on_.serial.InBufferCount() >= kMinReplyCharacters) {
-    SendDialCommand();
-  }
+  if (phase_ != Phase::kAwaitingReply || on_.serial.InBufferCount() < kMinReplyCharacters) return;
+  // What was queued meanwhile, an order to close perhaps, comes before the dial command.
+  on_.queue.Submit([this] {
+    if (phase_ == Phase::kAwaitingReply) SendDialCommand();
+  });
 }
 
 void ModemCall::SendDialCommand() {

@@ -1,33 +1,38 @@
 #include "journal/call_logger.h"
 
 #include <string>
-#include <utility>
 
 #include "app/date_time.h"
 #include "app/log_step.h"
 #include "journal/contact_lookup.h"
-#include "journal/journal_compaction.h"
-#include "journal/tel_list.h"
+#include "journal/duration_text.h"
 
 namespace orvane {
 
 void CallLogger::LogCall(bool isStart, bool isBusy) {
+  // The host may have named another user since the call began; its row is in the first one's
+  // journal.
+  const std::string journal =
+      isStart || call_.startText.empty() ? state_.host.userPath : call_.userPath;
   if (isStart) {
     LogStart();
   } else if (!call_.connectText.empty()) {
     LogEnd(isBusy);
   }
-  if (JournalIsLarge(state_)) CompactTelList(databases_, state_);
+  journal_.CompactTelList(journal);
 }
 
 void CallLogger::LogStart() {
   call_.startText = TimeText(clock_.Now());
   call_.userPath = state_.host.userPath;
   if (call_.company.empty()) Resolve();
-  const LogStep step(log_, "Anruf ins Journal schreiben");
-  std::string kind = display_.ExternTicked() ? "1" : "2";
-  TelList(prompts_, state_, kind, call_.startText, "0", "", call_.lastDialedDigits, call_.company,
-          call_.place, call_.person, call_.addressKey, call_.personKey);
+  const NewCall stored = journal_.Insert(
+      call_.userPath,
+      {CallDirection::kOutgoing, display_.ExternTicked(), call_.startText, call_.lastDialedDigits,
+       call_.company, call_.place, call_.person, call_.addressKey, call_.personKey});
+  call_.company = stored.company;
+  call_.place = stored.place;
+  call_.person = stored.person;
 }
 
 void CallLogger::Resolve() {
@@ -59,24 +64,12 @@ void CallLogger::LogEnd(bool isBusy) {
   }
   log_.Tell(LogTopic::kCall, {"beendet, Dauer: ", duration});
   // A call that was taken at the telephone itself has no row.
-  if (!call_.startText.empty()) CompleteRow(duration);
+  if (!call_.startText.empty()) {
+    journal_.Complete(call_.userPath,
+                      {CallDirection::kOutgoing, call_.startText, call_.connectText, duration});
+  }
   call_.startText.clear();
   call_.connectText.clear();
-}
-
-void CallLogger::CompleteRow(const std::string& duration) {
-  // The host may have named another user since the call began; its row is in the first one's
-  // journal.
-  const bool otherUser = call_.userPath != state_.host.userPath;
-  const std::string current = std::exchange(state_.host.userPath, call_.userPath);
-  if (otherUser) state_.databases.journalConnectionString.clear();
-  const LogStep step(log_, "Dauer ins Journal schreiben");
-  std::string kind = "o";
-  TelList(prompts_, state_, kind, call_.startText, call_.connectText, duration,
-          call_.lastDialedDigits, call_.company, call_.place, call_.person, call_.addressKey,
-          call_.personKey);
-  state_.host.userPath = current;
-  if (otherUser) state_.databases.journalConnectionString.clear();
 }
 
 }  // namespace orvane

@@ -3,6 +3,7 @@
 #include "app/program_state.h"
 #include "journal/call_display.h"
 #include "journal/current_call.h"
+#include "journal/tel_list.h"
 #include "platform/clock.h"
 #include "platform/database.h"
 #include "platform/prompts.h"
@@ -10,19 +11,15 @@
 
 namespace orvane {
 
-// The German duration text between two date-times (days since 1899-12-30), for example
-// "1 Min. 5 Sek. "; every piece ends with a blank. A year counts 365 days, a month 30. Rounded
-// to whole seconds; empty for none and for an end before the start.
-std::string FormatDuration(double start, double end);
-
 // Writes the start and the end of outgoing calls into the journal.
 class CallLogger {
  public:
   // Everything referred to outlives the logger.
-  CallLogger(DatabaseServices& databases, const Clock& clock, const LocaleFormat& locale,
-             Prompts& prompts, SupportLog& log, ProgramState& state, CurrentCall& call,
-             CallDisplay& display)
-      : databases_(databases),
+  CallLogger(TelList& journal, DatabaseServices& databases, const Clock& clock,
+             const LocaleFormat& locale, Prompts& prompts, SupportLog& log, ProgramState& state,
+             CurrentCall& call, CallDisplay& display)
+      : journal_(journal),
+        databases_(databases),
         clock_(clock),
         locale_(locale),
         prompts_(prompts),
@@ -40,8 +37,8 @@ class CallLogger {
   void LogStart();
   void Resolve();
   void LogEnd(bool isBusy);
-  void CompleteRow(const std::string& duration);
 
+  TelList& journal_;
   DatabaseServices& databases_;
   const Clock& clock_;
   const LocaleFormat& locale_;

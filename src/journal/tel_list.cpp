@@ -1,178 +1,120 @@
 #include "journal/tel_list.h"
 
+#include <deque>
 #include <exception>
+#include <mutex>
 #include <optional>
-#include <stdexcept>
+#include <utility>
 
-#include "journal/field_access.h"
+#include "journal/journal_statements.h"
 #include "journal/open_failure.h"
 #include "platform/errors.h"
-#include "platform/text/text_tools.h"
 
 namespace orvane {
-namespace {
 
-constexpr std::size_t kMaxCompanyCharacters = 99;
-constexpr std::size_t kMaxPlaceCharacters = 60;
-constexpr std::size_t kMaxPersonCharacters = 99;
+// What stood in the way of writing or reading and was not told to the user yet. A failure that no
+// part of the system has described has no error.
+class TelList::Failures {
+ public:
+  void Add(std::optional<PlatformError> failure) {
+    const std::lock_guard lock(mutex_);
+    failures_.push_back(std::move(failure));
+  }
+  std::deque<std::optional<PlatformError>> Take() {
+    const std::lock_guard lock(mutex_);
+    return std::exchange(failures_, {});
+  }
 
-struct Call {
-  const std::string& startText;
-  const std::string& number;
-  std::string& company;
-  std::string& place;
-  std::string& person;
-  std::int32_t addressKey;
-  std::int32_t personKey;
+ private:
+  std::mutex mutex_;
+  std::deque<std::optional<PlatformError>> failures_;
 };
 
-// A statement whose failure is not told to anyone: the journal stays as it was.
-std::unique_ptr<Recordset> ExecuteQuietly(DatabaseConnection& journal, const std::string& sql) {
-  try {
-    return journal.Execute(sql);
-  } catch (const PlatformError&) {
-    return nullptr;
-  }
-}
+TelList::TelList(DatabaseServices& databases, FolderLocks& locks, Background& background,
+                 Prompts& prompts, WorkQueue& queue, SupportLog& log)
+    : background_(background),
+      prompts_(prompts),
+      queue_(queue),
+      file_(std::make_shared<JournalFile>(databases, locks, log,
+                                          [this](const PlatformError& e) { Tell(e); })),
+      failures_(std::make_shared<Failures>()) {}
 
-// The `Ext` value for an insert code, which becomes the letter of its table. Other kinds stay as
-// they are and have no value.
-std::string TakeExtFromKind(std::string& kind) {
-  struct Code {
-    const char* kind;
-    const char* table;
-    const char* ext;
-  };
-  static constexpr Code kCodes[] = {
-      {"1", "o", "-1"}, {"2", "o", "0"}, {"3", "i", "-1"}, {"4", "i", "0"}};
-  for (const Code& code : kCodes) {
-    if (kind != code.kind) continue;
-    kind = code.table;
-    return code.ext;
-  }
-  return {};
-}
-
-// Largest `ID` plus 1; nothing when it cannot be read. A guessed one would be another call's or, if
-// small, trim this call away at once.
-std::optional<std::int64_t> NextId(DatabaseConnection& journal, const std::string& table) {
-  const auto rows = ExecuteQuietly(journal, "SELECT Max(ID) FROM " + table);
-  if (!rows || rows->AtEnd()) return std::nullopt;
-  return IntegerOf(rows->Field(0)) + 1;
-}
-
-std::string Shortened(const std::string& text, std::size_t characters) {
-  return Trim(FirstCharacters(text, characters));
-}
-
-void Insert(DatabaseConnection& journal, const std::string& table, const std::string& ext,
-            const Call& call) {
-  std::string columns = "INSERT INTO " + table + " (ID,Ext,Zeit,Firma,Ort,Person";
-  std::string tail;
-  if (call.number.empty()) {
-    call.company = "<Keine Nummer>";
-    call.place.clear();
-  } else {
-    columns += ",Nr";
-    tail += ",'" + call.number + "'";
-    if (call.addressKey > 0) {
-      columns += ",AdrID";
-      tail += "," + std::to_string(call.addressKey);
+void TelList::Do(std::function<void(JournalFile&)> work) {
+  background_.Do([this, work = std::move(work), file = file_] {
+    try {
+      work(*file);
+    } catch (const PlatformError& error) {
+      Tell(error);
+    } catch (const std::exception&) {
+      Tell(std::nullopt);
     }
-    if (call.person.empty()) call.person = "Unbekannt";
-    if (call.personKey > 0) {
-      columns += ",DUID";
-      tail += "," + std::to_string(call.personKey);
+  });
+}
+
+void TelList::Tell(std::optional<PlatformError> failure) {
+  failures_->Add(std::move(failure));
+  background_.Tell([this] { queue_.Submit([this] { ShowFailures(); }); });
+}
+
+void TelList::ShowFailures() {
+  for (const auto& failure : failures_->Take()) {
+    if (failure) {
+      ShowOpenFailure(prompts_, *failure, "ReopenTelDB",
+                      "Telefonliste konnte nicht initialisiert werden!");
+    } else {
+      prompts_.ShowMessage(PromptIcon::kExclamation,
+                           "Telefondatenbank konnte nicht initialisiert werden.",
+                           "Zugriffsfehler bei 'Perch: TelList'");
     }
   }
-  const std::optional<std::int64_t> id = NextId(journal, table);
-  if (!id) return;
-  ExecuteQuietly(journal, columns + ") VALUES (" + std::to_string(*id) + "," + ext + ",#" +
-                              call.startText + "#,'" +
-                              Shortened(call.company, kMaxCompanyCharacters) + "','" +
-                              Shortened(call.place, kMaxPlaceCharacters) + "','" +
-                              Shortened(call.person, kMaxPersonCharacters) + "'" + tail + ")");
-  ExecuteQuietly(journal,
-                 "DELETE FROM " + table + " WHERE ID<" + std::to_string(*id - (kJournalRows - 1)));
 }
 
-void Update(DatabaseConnection& journal, const std::string& table, const std::string& startText,
-            const std::string& newTimeText, const std::string& duration) {
-  ExecuteQuietly(journal, "UPDATE " + table + " Set Zeit=#" + newTimeText + "#, Dauer='" +
-                              Trim(duration) + "' WHERE Zeit=#" + startText + "#");
+NewCall TelList::Insert(const std::string& userPath, NewCall call) {
+  NewCall stored = WithStoredTexts(std::move(call));
+  Do([userPath, stored](JournalFile& file) { file.Insert(userPath, stored); });
+  return stored;
 }
 
-// False when the journal is not open; whatever stands in the way was told to the user.
-bool OpenForWriting(Prompts& prompts, ProgramState& state) {
-  try {
-    return ReopenTelDB(prompts, state);
-  } catch (const std::exception&) {
-    prompts.ShowMessage(PromptIcon::kExclamation,
-                        "Telefondatenbank konnte nicht initialisiert werden.",
-                        "Zugriffsfehler bei 'Perch: TelList'");
-    return false;
-  }
+void TelList::Complete(const std::string& userPath, EndedCall call) {
+  Do([userPath, call = std::move(call)](JournalFile& file) { file.Complete(userPath, call); });
 }
 
-void SetJournalProperties(DatabaseConnection& journal, const ProgramState& state, DbMode mode) {
-  journal.SetMode(mode);
-  journal.SetCursorLocation(DbCursorLocation::kClient);
-  journal.SetProvider("Microsoft.Jet.OLEDB.4.0");
-  journal.SetProperty("Data Source", state.host.userPath + kJournalFile);
-  journal.SetProperty("Jet OLEDB:Database Password", kJournalPassword);
-  journal.SetProperty("Persist Security Info", "False");
+void TelList::CompactTelList(const std::string& userPath) {
+  Do([userPath](JournalFile& file) { file.CompactTelList(userPath); });
 }
 
-void Reopen(DatabaseConnection& journal, ProgramState& state, JournalUse use) {
-  std::string& stored = state.databases.journalConnectionString;
-  if (use == JournalUse::kRead) {
-    // Takes no write lock, and yet may put right what a program left behind that died writing. The
-    // stored connection string stays as it is: the next call has to be written.
-    SetJournalProperties(journal, state, DbMode::kUnknown);
-    journal.Open();
-    return;
-  }
-  if (stored.empty()) {
-    SetJournalProperties(journal, state, DbMode::kWrite);
-  } else {
-    journal.SetConnectionString(stored);
-  }
-  journal.Open();
-  stored = journal.ConnectionString();
+template <typename Result>
+void TelList::Ask(std::function<Result(JournalFile&)> work, std::function<void(Result)> done) {
+  auto result = std::make_shared<Result>();
+  Do([work = std::move(work), result](JournalFile& file) { *result = work(file); });
+  // A message box about what stood in the way comes first.
+  background_.Do([this, result, done = std::move(done)] {
+    background_.Tell(
+        [this, result, done] { queue_.Submit([result, done] { done(std::move(*result)); }); });
+  });
 }
 
-}  // namespace
-
-bool ReopenTelDB(Prompts& prompts, ProgramState& state, JournalUse use) {
-  const auto& journal = state.databases.journal;
-  // Who writes has a message of his own for this.
-  if (!journal && use == JournalUse::kWrite) throw std::logic_error("no journal connection");
-  try {
-    if (!journal) throw ObjectNotSet<DatabaseError>();
-    if (!journal->IsOpen()) Reopen(*journal, state, use);
-    return true;
-  } catch (const PlatformError& error) {
-    ShowOpenFailure(prompts, error, "ReopenTelDB",
-                    "Telefonliste konnte nicht initialisiert werden!");
-    return false;
-  }
+void TelList::Read(const std::string& userPath, const std::string& query,
+                   std::function<void(std::vector<JournalCall>)> done) {
+  Ask<std::vector<JournalCall>>(
+      [userPath, query](JournalFile& file) { return file.Read(userPath, query); }, std::move(done));
 }
 
-void TelList(Prompts& prompts, ProgramState& state, std::string& kind, const std::string& startText,
-             const std::string& newTimeText, const std::string& duration, const std::string& number,
-             std::string& company, std::string& place, std::string& person, std::int32_t addressKey,
-             std::int32_t personKey) {
-  const bool isUpdate = kind == "o" || kind == "i";
-  const std::string ext = TakeExtFromKind(kind);
-  if (!OpenForWriting(prompts, state)) return;
-  DatabaseConnection& journal = *state.databases.journal;
-  if (isUpdate) {
-    Update(journal, kind, startText, newTimeText, duration);
-  } else {
-    Insert(journal, kind, ext,
-           Call{startText, number, company, place, person, addressKey, personKey});
-  }
-  journal.Close();
+void TelList::ReadDurations(const std::string& userPath, CallDirection direction,
+                            std::function<void(std::vector<JournalDuration>)> done) {
+  Ask<std::vector<JournalDuration>>(
+      [userPath, direction](JournalFile& file) { return file.ReadDurations(userPath, direction); },
+      std::move(done));
+}
+
+void TelList::Renew() {
+  Do([](JournalFile& file) { file.Renew(); });
+}
+
+bool TelList::Finish(std::chrono::milliseconds within) {
+  const bool finished = background_.Finish(within);
+  ShowFailures();
+  return finished;
 }
 
 }  // namespace orvane

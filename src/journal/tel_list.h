@@ -1,36 +1,69 @@
 #pragma once
 
-#include <cstdint>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "app/program_state.h"
+#include "app/work_queue.h"
+#include "journal/journal_entry.h"
+#include "journal/journal_file.h"
+#include "platform/background.h"
 #include "platform/prompts.h"
 
 namespace orvane {
 
-// The journal's file under the user's folder, and its database password.
-inline constexpr const char* kJournalFile = "res\\TelList.fdb";
-inline constexpr const char* kJournalPassword = "vnar";
+// The call journals of the host's users. What is to be written is handed over and done beside the
+// window's thread, in order; nobody waits for it. A failure's message box appears, through the work
+// queue, when the failure is known. A folder is that of HostEnvironment::userPath.
+class TelList {
+ public:
+  // Everything referred to outlives the journal.
+  TelList(DatabaseServices& databases, FolderLocks& locks, Background& background, Prompts& prompts,
+          WorkQueue& queue, SupportLog& log);
 
-// Calls that the journal keeps in each direction.
-inline constexpr int kJournalRows = 600;
+  // A call begins; the result is the call with the texts that are stored where it had none.
+  NewCall Insert(const std::string& userPath, NewCall call);
+  // A call ends that was connected or busy.
+  void Complete(const std::string& userPath, EndedCall call);
+  // Compacts a file that has grown too large.
+  void CompactTelList(const std::string& userPath);
 
-enum class JournalUse { kWrite, kRead };
+  // Hands the rows of a query to `done`, through the work queue, after what was to be written
+  // before: none, after a message box, when the journal cannot be opened; those before the failure
+  // when reading fails.
+  void Read(const std::string& userPath, const std::string& query,
+            std::function<void(std::vector<JournalCall>)> done);
 
-// Makes sure that the journal connection is open. False, after a message box, when it cannot be.
-// Who only reads also gets a journal that cannot be written to, because it or its folder is
-// protected, the disk is full or another program is writing, and does not wait for that program.
-// Throws std::logic_error when there is no connection object to write with.
-bool ReopenTelDB(Prompts& prompts, ProgramState& state, JournalUse use = JournalUse::kWrite);
+  // How long the calls of a direction took, alike.
+  void ReadDurations(const std::string& userPath, CallDirection direction,
+                     std::function<void(std::vector<JournalDuration>)> done);
 
-// Inserts a call ("1" to "4": outgoing external, outgoing internal, incoming external, incoming
-// internal) or completes the rows that began at `startText` ("o" outgoing, "i" incoming). Times are
-// "mm/dd/yyyy hh:nn:ss". An insert code is overwritten with its table's letter; company, place and
-// person are set to what was stored where the caller had nothing. The texts go into the statement
-// as they are; a statement that fails leaves the journal as it was, silently.
-void TelList(Prompts& prompts, ProgramState& state, std::string& kind, const std::string& startText,
-             const std::string& newTimeText, const std::string& duration, const std::string& number,
-             std::string& company, std::string& place, std::string& person, std::int32_t addressKey,
-             std::int32_t personKey);
+  // Goes on with a fresh connection.
+  void Renew();
+
+  // Waits until all is written, at most so long, and tells what could not be; false when it is not.
+  bool Finish(std::chrono::milliseconds within);
+
+ private:
+  class Failures;
+
+  // Does the work with the file beside the window's thread; what it throws is told.
+  void Do(std::function<void(JournalFile&)> work);
+  void Tell(std::optional<PlatformError> failure);
+  void ShowFailures();
+  // Does the work and hands what it gives to `done`.
+  template <typename Result>
+  void Ask(std::function<Result(JournalFile&)> work, std::function<void(Result)> done);
+
+  Background& background_;
+  Prompts& prompts_;
+  WorkQueue& queue_;
+  // Shared with work that may still be under way when the program ends.
+  std::shared_ptr<JournalFile> file_;
+  std::shared_ptr<Failures> failures_;
+};
 
 }  // namespace orvane

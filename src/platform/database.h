@@ -62,23 +62,35 @@ class DatabaseConnection {
   virtual bool IsOpen() const = 0;
   // Throws DatabaseError: file missing, locked, damaged, not writable in a write mode, server not
   // found, login refused. Waits at most a second for another process's lock.
+  //
+  // With DbMode::kWrite a transaction begins, which ends with Commit or Close. As long as it goes
+  // on, the connection has a SQLite file for itself: opening waits at most ten seconds for all
+  // other processes, readers included. Other engines let others in meanwhile.
   virtual void Open() = 0;
   // Runs one statement in the Jet dialect. Throws DatabaseError; a failed statement changed
-  // nothing.
+  // nothing, and a transaction goes on. Only a failure of the storage takes the transaction with
+  // it: whatever comes then fails in the same way, Commit too, and nothing is kept.
   virtual std::unique_ptr<Recordset> Execute(std::string_view sql) = 0;
-  // Closing a closed connection does nothing.
+  // Makes permanent what the transaction changed; all of it or, when this throws DatabaseError,
+  // nothing. After that the connection is like one of another mode, where each statement is by
+  // itself and Commit does nothing.
+  virtual void Commit() = 0;
+  // Leaves the database as it was before a transaction that was not committed. Closing a closed
+  // connection does nothing.
   virtual void Close() = 0;
 };
 
-// Makes connections, and compacts Jet-like files as the replication object does.
+// Makes connections, and compacts files.
 class DatabaseServices {
  public:
   virtual ~DatabaseServices() = default;
   virtual std::unique_ptr<DatabaseConnection> NewConnection() = 0;
-  // Writes a compact copy of the source; both are connection strings with "Data Source" and
-  // "Jet OLEDB:Database Password". Throws DatabaseError when the source cannot be read or the
-  // destination exists; a failed copy leaves no destination behind.
-  virtual void CompactDatabase(std::string_view source, std::string_view destination) = 0;
+  // Replaces the file `backupPath` (as the program composes it) by a copy of the database and then
+  // makes the database smaller where it lies: it stays the same file. `source` is a connection
+  // string with "Data Source" and "Jet OLEDB:Database Password". Other processes are kept out
+  // meanwhile and waited for as by Open for writing. Throws DatabaseError; the database is then as
+  // it was, and so is the backup unless its copy was complete.
+  virtual void CompactDatabase(std::string_view source, const std::string& backupPath) = 0;
 };
 
 }  // namespace orvane

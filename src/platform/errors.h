@@ -26,12 +26,17 @@ class PlatformError : public std::runtime_error {
 // A database refused to open or to execute; NativeNumber is the database's own code, 0 if unknown.
 class DatabaseError : public PlatformError {
  public:
-  DatabaseError(std::int32_t number, const std::string& description, std::int32_t nativeNumber = 0)
-      : PlatformError(number, description), nativeNumber_(nativeNumber) {}
+  DatabaseError(std::int32_t number, const std::string& description, std::int32_t nativeNumber = 0,
+                bool ofStorage = false)
+      : PlatformError(number, description), nativeNumber_(nativeNumber), ofStorage_(ofStorage) {}
   std::int32_t NativeNumber() const { return nativeNumber_; }
+  // Whether what keeps the data is in the way (locked, full, write-protected, damaged, missing, out
+  // of reach) and not what was asked of it, which may well succeed another time.
+  bool OfStorage() const { return ofStorage_; }
 
  private:
   std::int32_t nativeNumber_;
+  bool ofStorage_ = false;
 };
 
 // Numbers and German descriptions that the run-time library gives to failures that have nothing to

@@ -128,8 +128,6 @@ void CommandChannel::SetUser(std::int32_t number) {
     panel_.Load();
     return;
   }
-  // The stored text names the journal of the user before; this user's calls must not go there.
-  state_.databases.journalConnectionString.clear();
   panel_.ReloadSettings();
 }
 

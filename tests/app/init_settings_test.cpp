@@ -8,7 +8,7 @@ namespace {
 class InitSettingsTest : public ProgramFixture {
  protected:
   void Init() {
-    SettingsLoader(ini, databases, tapi, prompts, supportLog, state, panel).InitSettings();
+    SettingsLoader(ini, tapi, prompts, supportLog, state, panel, [] {}).InitSettings();
   }
 };
 

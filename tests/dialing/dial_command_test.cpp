@@ -25,7 +25,8 @@ class DialCommandTest : public JournalFixture {
   CallLogger logger = NewLogger(clock);
   ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, call, logger, panel};
   TapiDialer tapiDialer{tapi, clock, locale, prompts, state.settings, call, queue, logger, panel};
-  DialCommand dial{prompts, supportLog, state, call, panel, modem, tapiDialer};
+  RedialMemory redial{newRegistry, background};
+  DialCommand dial{prompts, supportLog, state, call, panel, redial, modem, tapiDialer};
 };
 
 TEST_F(DialCommandTest, BuildsTheDialString) {

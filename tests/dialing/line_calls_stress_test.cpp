@@ -3,6 +3,7 @@
 
 #include "dialing/tapi_dialer.h"
 #include "fakes/program_fixture.h"
+#include "fakes/raw_sqlite.h"
 #include "platform/lines/simulated_lines.h"
 #include "platform/lines/tapi_lines.h"
 
@@ -74,10 +75,7 @@ class LineCallsStressTest : public JournalFixture {
     }
   }
   std::int64_t LargestId() {
-    const auto connection = sqlite.NewConnection();
-    connection->SetConnectionString(state.databases.journalConnectionString);
-    connection->Open();
-    return std::get<std::int64_t>(connection->Execute("SELECT Max(ID) FROM o")->Field(0));
+    return std::stoll(RawSqlite(UserFile("TelList.fdb")).Run("SELECT Max(ID) FROM o"));
   }
 
   std::minstd_rand random{20261122};

@@ -26,23 +26,33 @@ class FaultyDatabase : public DatabaseServices {
   // Names and values as set; provider, mode and connection string are listed as "Provider",
   // "Mode" and "ConnectionString".
   std::vector<Pair> properties;
-  std::vector<Pair> compactions;  // source and destination
+  std::vector<Pair> compactions;  // source and path of the backup
   int opens = 0;
+  int commits = 0;
+  // Sees each statement before it is run, and may throw.
+  std::function<void(std::string_view)> beforeStatement;
   // What comes in while a file is being opened.
   std::function<void()> whileOpening;
 
   // Every Open fails from now on.
   void FailOpen(std::int32_t number, const std::string& description) {
-    openFault_.emplace(number, description);
+    openFault_.emplace(number, description, 0, true);
   }
-  // Every Execute of a statement that contains `part` fails from now on.
-  void FailStatement(std::string part) { statementFaults_.push_back(std::move(part)); }
+  // Every Execute of a statement that contains `part` fails from now on; `ofStorage` says what
+  // stands in its way.
+  void FailStatement(std::string part, bool ofStorage = false) {
+    statementFaults_.emplace_back(std::move(part), ofStorage);
+  }
+  void FailCommit(std::int32_t number, const std::string& description) {
+    commitFault_.emplace(number, description, 0, true);
+  }
   void FailCompact(std::int32_t number, const std::string& description) {
-    compactFault_.emplace(number, description);
+    compactFault_.emplace(number, description, 0, true);
   }
   // Nothing fails any more; what was written down stays.
   void Heal() {
     openFault_.reset();
+    commitFault_.reset();
     compactFault_.reset();
     statementFaults_.clear();
   }
@@ -58,10 +68,10 @@ class FaultyDatabase : public DatabaseServices {
   std::unique_ptr<DatabaseConnection> NewConnection() override {
     return std::make_unique<Connection>(*this, inner_.NewConnection());
   }
-  void CompactDatabase(std::string_view source, std::string_view destination) override {
-    compactions.emplace_back(source, destination);
+  void CompactDatabase(std::string_view source, const std::string& backupPath) override {
+    compactions.emplace_back(source, backupPath);
     if (compactFault_) throw DatabaseError(*compactFault_);
-    inner_.CompactDatabase(source, destination);
+    inner_.CompactDatabase(source, backupPath);
   }
 
  private:
@@ -98,7 +108,13 @@ class FaultyDatabase : public DatabaseServices {
     std::unique_ptr<Recordset> Execute(std::string_view sql) override {
       owner_.statements.emplace_back(sql);
       owner_.ThrowStatementFault(sql);
+      if (owner_.beforeStatement) owner_.beforeStatement(sql);
       return inner_->Execute(sql);
+    }
+    void Commit() override {
+      ++owner_.commits;
+      if (owner_.commitFault_) throw DatabaseError(*owner_.commitFault_);
+      inner_->Commit();
     }
     void Close() override { inner_->Close(); }
 
@@ -108,15 +124,18 @@ class FaultyDatabase : public DatabaseServices {
   };
 
   void ThrowStatementFault(std::string_view sql) const {
-    for (const std::string& part : statementFaults_) {
-      if (sql.find(part) != sql.npos) throw DatabaseError(kDbErrorFailed, "Testfehler");
+    for (const auto& [part, ofStorage] : statementFaults_) {
+      if (sql.find(part) != sql.npos) {
+        throw DatabaseError(kDbErrorFailed, "Testfehler", 0, ofStorage);
+      }
     }
   }
 
   DatabaseServices& inner_;
   std::optional<DatabaseError> openFault_;
+  std::optional<DatabaseError> commitFault_;
   std::optional<DatabaseError> compactFault_;
-  std::vector<std::string> statementFaults_;
+  std::vector<std::pair<std::string, bool>> statementFaults_;
 };
 
 }  // namespace orvane

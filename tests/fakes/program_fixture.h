@@ -25,6 +25,17 @@
 
 namespace orvane {
 
+// What keeps locks from other machines, once a test says so.
+class FakeFolderLocks : public FolderLocks {
+ public:
+  std::string Obstacle(const std::string& folder) override {
+    asked.push_back(folder);
+    return obstacle;
+  }
+  std::string obstacle;
+  std::vector<std::string> asked;
+};
+
 // The program on a fake machine: a host folder of its own with user 17, and nothing else that is
 // real but SQLite files.
 class ProgramFixture : public testing::Test {
@@ -53,7 +64,7 @@ class ProgramFixture : public testing::Test {
     return state.host.registry->Read(section, name).value_or("");
   }
   CallLogger NewLogger(const Clock& time) {
-    return {databases, time, locale, prompts, supportLog, state, call, panel};
+    return {journal, databases, time, locale, prompts, supportLog, state, call, panel};
   }
 
   TemporaryFolder folder;
@@ -76,16 +87,16 @@ class ProgramFixture : public testing::Test {
   ProgramState state;
   CurrentCall call;
   WorkQueue queue;
+  ImmediateBackground background;
+  FakeFolderLocks folderLocks;
+  TelList journal{databases, folderLocks, background, prompts, queue, supportLog};
   FakePanel panel;
 };
 
 // The same with an empty journal.
 class JournalFixture : public ProgramFixture {
  protected:
-  JournalFixture() {
-    CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
-  }
+  JournalFixture() { CreateJournalFile(UserFile("TelList.fdb")); }
 };
 
 }  // namespace orvane

@@ -1,4 +1,4 @@
-#include "journal/journal_calls.h"
+#include "journal/journal_entry.h"
 
 #include <algorithm>
 
@@ -15,17 +15,18 @@ class JournalCallsTest : public JournalFixture {
  protected:
   std::string Calls(const std::string& query = kQuery) {
     std::string text;
-    for (const JournalCall& c : ReadJournalCalls(prompts, state, query)) {
-      text += (c.time ? std::to_string(*c.time) : "-") + (c.external ? "|ext|" : "|int|") +
-              c.number + "|" + c.company + "|" + c.place + "|" + c.person + "\n";
-    }
-    EXPECT_FALSE(state.databases.journal->IsOpen());
+    journal.Read(state.host.userPath, query, [&text](const std::vector<JournalCall>& calls) {
+      for (const JournalCall& c : calls) {
+        text += (c.time ? std::to_string(*c.time) : "-") + (c.external ? "|ext|" : "|int|") +
+                c.number + "|" + c.company + "|" + c.place + "|" + c.person + "\n";
+      }
+    });
     return text;
   }
   std::string Insert() {
-    std::string kind = "1", company = "A", place = "B", person = "C";
-    TelList(prompts, state, kind, "04/03/2024 09:00:00", "0", "", "1", company, place, person, 0,
-            0);
+    NewCall begun;
+    begun.startText = "04/03/2024 09:00:00";
+    journal.Insert(state.host.userPath, begun);
     return RawSqlite(UserFile("TelList.fdb")).Run("SELECT count(*) FROM o");
   }
 };
@@ -48,19 +49,31 @@ TEST_F(JournalCallsTest, ReadsRowsWhateverTheyHold) {
   EXPECT_TRUE(prompts.boxes.empty());
 }
 
+TEST_F(JournalCallsTest, ReadsDurationsBesideTheRows) {
+  RawSqlite(UserFile("TelList.fdb"))
+      .Run(
+          "INSERT INTO i (ID,Zeit,Nr,Dauer) VALUES (3,45385.5,'217','1 Min. 5 Sek.'),"
+          " (2,45384.5,NULL,'Besetzt'), (1,NULL,'0301',NULL)");
+  std::string text;
+  journal.ReadDurations(state.host.userPath, CallDirection::kIncoming, [&text](const auto& calls) {
+    for (const JournalDuration& c : calls) {
+      text += (c.time ? std::to_string(*c.time) : "-") + "|" + c.number + "|" +
+              (c.seconds ? std::to_string(*c.seconds) : "-") + "\n";
+    }
+  });
+  EXPECT_EQ(text, "45385.500000|217|65\n45384.500000||-\n-|0301|-\n");
+}
+
 TEST_F(JournalCallsTest, ReadsWhileAnotherProgramWrites) {
   Insert();
   const std::string calls = Calls();
-  const std::string writable = state.databases.journalConnectionString;
   RawSqlite other(UserFile("TelList.fdb"));
   other.Run("BEGIN IMMEDIATE");
-  state.databases.journalConnectionString.clear();
   EXPECT_EQ(Calls(), calls);
   EXPECT_TRUE(prompts.boxes.empty());
   other.Run("ROLLBACK");
   // The next call must not find the journal open for reading only.
   EXPECT_EQ(Insert(), "2 ");
-  EXPECT_EQ(state.databases.journalConnectionString, writable);
 }
 
 TEST_F(JournalCallsTest, ShowsWhatItReadBeforeADamagedPage) {

@@ -29,9 +29,7 @@ TEST_F(CommandChannelTest, AUserNumberAloneShowsTheWindow) {
   EXPECT_EQ(state.host.userPath, state.host.dataPath + "User\\5\\");
   EXPECT_TRUE(panel.shown);
   EXPECT_EQ(panel.reloads, 0);
-  state.databases.journalConnectionString = "des Vorgängers";
   for (int time = 0; time < 2; ++time) Receive("TX:6");
-  EXPECT_EQ(state.databases.journalConnectionString, "");
   EXPECT_EQ(panel.reloads, 1);
 }
 

@@ -27,6 +27,7 @@ enum class DatabaseFailure {
   kFileTooLarge,
   kJetReadOnly,
   kDiskFull,
+  kDiskError,
   kOutOfMemory,
   kValueTooLarge,
   kSyntax,     // the statement, or a name in it; `subject` says what
@@ -36,9 +37,9 @@ enum class DatabaseFailure {
   kOther       // `subject` is the file or the engine's own words
 };
 
-// The number and the German description that every engine reports for it. `subject` is the file as
-// the program composed its path, or what the failure's comment says. `nativeNumber` is the engine's
-// own; without one it is the number that the program's rules know, or 0.
+// The number, the German description and what is in the way, as every engine reports it. `subject`
+// is the file as the program composed its path, or what the failure's comment says. `nativeNumber`
+// is the engine's own; without one it is the number that the program's rules know, or 0.
 DatabaseError ErrorOf(DatabaseFailure failure, std::string_view subject = {},
                       std::int32_t nativeNumber = 0);
 

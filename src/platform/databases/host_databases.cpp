@@ -6,6 +6,7 @@
 #include "platform/databases/jet/jet_header.h"
 #include "platform/databases/provider_connection.h"
 #include "platform/databases/sqlite/sqlite_database.h"
+#include "platform/databases/sqlite/sqlite_reading.h"
 #include "platform/databases/sqlite/sqlite_services.h"
 #include "platform/text/native_path.h"
 #include "platform/text/text_tools.h"
@@ -15,7 +16,7 @@ namespace {
 
 bool IsJetFile(const ConnectionProperties& properties) {
   const std::string file = properties.Get("Data Source");
-  return !file.empty() && ReadJetHeader(NativePath(file)).has_value();
+  return !file.empty() && JetHeader::Of(ReadThroughSqlite(NativePath(file), JetHeader::kBytes));
 }
 
 }  // namespace
@@ -31,11 +32,11 @@ std::unique_ptr<DatabaseConnection> HostDatabases::NewConnection() {
       });
 }
 
-void HostDatabases::CompactDatabase(std::string_view source, std::string_view destination) {
+void HostDatabases::CompactDatabase(std::string_view source, const std::string& backupPath) {
   const ConnectionProperties properties = ConnectionProperties::Parse(source);
   if (IsJetFile(properties))
     throw ErrorOf(DatabaseFailure::kJetReadOnly, properties.Get("Data Source"));
-  SqliteServices().CompactDatabase(source, destination);
+  SqliteServices().CompactDatabase(source, backupPath);
 }
 
 }  // namespace orvane

@@ -22,7 +22,7 @@ class HostDatabases : public DatabaseServices {
 
   std::unique_ptr<DatabaseConnection> NewConnection() override;
   // Only SQLite files; others are refused with kDbErrorFailed.
-  void CompactDatabase(std::string_view source, std::string_view destination) override;
+  void CompactDatabase(std::string_view source, const std::string& backupPath) override;
 
  private:
   DatabaseEngines engines_;

@@ -31,15 +31,39 @@ void ProviderConnection::SetConnectionString(std::string_view text) {
 void ProviderConnection::Open() {
   RequireClosed();
   database_ = opener_(properties_);
+  inTransaction_ = properties_.Mode() == DbMode::kWrite;
+  lost_.reset();
 }
 
 std::unique_ptr<Recordset> ProviderConnection::Execute(std::string_view sql) {
-  if (!IsOpen()) ThrowObjectClosed();
-  return database_->Execute(sql);
+  RequireUsable();
+  try {
+    return database_->Execute(sql);
+  } catch (const DatabaseError& error) {
+
+    throw;
+  }
+}
+
+void ProviderConnection::Commit() {
+  RequireUsable();
+  if (!inTransaction_) return;
+  try {
+    database_->Commit();
+  } catch (const DatabaseError& error) {
+    lost_ = error;
+    throw;
+  }
+  inTransaction_ = false;
 }
 
 void ProviderConnection::RequireClosed() const {
   if (IsOpen()) ThrowObjectOpen();
+}
+
+void ProviderConnection::RequireUsable() const {
+  if (!IsOpen()) ThrowObjectClosed();
+  if (lost_) throw DatabaseError(*lost_);
 }
 
 }  // namespace orvane

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/database.h"
 #include "platform/databases/connection_properties.h"
 #include "platform/databases/open_database.h"
+#include "platform/errors.h"
 
 namespace orvane {
 
@@ -29,14 +31,19 @@ class ProviderConnection : public DatabaseConnection {
   bool IsOpen() const override { return database_ != nullptr; }
   void Open() override;
   std::unique_ptr<Recordset> Execute(std::string_view sql) override;
+  void Commit() override;
   void Close() override { database_.reset(); }
 
  private:
   void RequireClosed() const;
+  void RequireUsable() const;
 
   DatabaseOpener opener_;
   ConnectionProperties properties_;
   std::unique_ptr<OpenDatabase> database_;
+  bool inTransaction_ = false;
+  // What took the transaction.
+  std::optional<DatabaseError> lost_;
 };
 
 }  // namespace orvane

@@ -8,6 +8,7 @@
 #include "platform/databases/host_databases.h"
 #include "platform/databases/long_work.h"
 #include "platform/event_loop.h"
+#include "platform/folder_locks.h"
 #include "platform/host_channel.h"
 #include "platform/host_registry.h"
 #include "platform/ini_file.h"
@@ -36,6 +37,8 @@ std::unique_ptr<SingleInstance> MakeInstance();
 std::unique_ptr<SerialControl> MakeSerial();
 // The system's list of serial ports, as SerialPortLister.
 std::vector<std::string> ListSerialPorts();
+
+std::unique_ptr<FolderLocks> MakeFolderLocks();
 
 // The widget outlives its chrome.
 std::unique_ptr<WindowChrome> MakeChrome(QWidget& window);

@@ -77,6 +77,9 @@ class LoggedConnection : public DatabaseConnection {
   std::unique_ptr<Recordset> Execute(std::string_view sql) override {
     return teller_.Do(name_, Beginning(sql), [&] { return connection_->Execute(sql); });
   }
+  void Commit() override {
+    teller_.Do(name_, "übernehmen", [this] { connection_->Commit(); });
+  }
   void Close() override { connection_->Close(); }
 
  private:
@@ -94,9 +97,9 @@ std::unique_ptr<DatabaseConnection> LoggedDatabases::NewConnection() {
   return std::make_unique<LoggedConnection>(databases_.NewConnection(), log_);
 }
 
-void LoggedDatabases::CompactDatabase(std::string_view source, std::string_view destination) {
+void LoggedDatabases::CompactDatabase(std::string_view source, const std::string& backupPath) {
   FailureTeller(log_).Do("Journal", "komprimieren",
-                         [&] { databases_.CompactDatabase(source, destination); });
+                         [&] { databases_.CompactDatabase(source, backupPath); });
 }
 
 }  // namespace orvane

@@ -12,7 +12,7 @@ class LoggedDatabases : public DatabaseServices {
       : databases_(databases), log_(log) {}
 
   std::unique_ptr<DatabaseConnection> NewConnection() override;
-  void CompactDatabase(std::string_view source, std::string_view destination) override;
+  void CompactDatabase(std::string_view source, const std::string& backupPath) override;
 
  private:
   DatabaseServices& databases_;

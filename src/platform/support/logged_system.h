@@ -22,6 +22,8 @@ class LoggedSystem {
   TapiControl& Told(TapiControl& plain) { return Kept(lines_, plain); }
   HostChannel& Told(HostChannel& plain) { return Kept(channel_, plain); }
   DatabaseServices& Told(DatabaseServices& plain) { return Kept(databases_, plain); }
+  // Those of the journal, beside the others.
+  DatabaseServices& ToldOfJournal(DatabaseServices& plain) { return Kept(journals_, plain); }
 
  private:
   template <typename Logged, typename Plain>
@@ -37,6 +39,7 @@ class LoggedSystem {
   std::unique_ptr<LoggedLines> lines_;
   std::unique_ptr<LoggedChannel> channel_;
   std::unique_ptr<LoggedDatabases> databases_;
+  std::unique_ptr<LoggedDatabases> journals_;
 };
 
 }  // namespace orvane

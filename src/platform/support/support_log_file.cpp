@@ -64,9 +64,16 @@ class SupportLogFile::Writer {
     changed_.notify_all();
   }
 
+  // The thread may outlive the log. MinGW's threads do not bear being detached while they end, so
+  // it does not go on before it is.
+  static void Start(const std::shared_ptr<Writer>& writer) {
+    const std::lock_guard detaching(writer->mutex_);
+    std::thread([writer] { writer->Run(); }).detach();
+  }
+
   void Run() {
-    Write(header_);
     std::unique_lock lock(mutex_);
+    lines_.push_front(header_);
     while (true) {
       changed_.wait(lock, [this] { return ending_ || !lines_.empty(); });
       if (lines_.empty()) break;
@@ -140,7 +147,7 @@ SupportLogFile::SupportLogFile(std::filesystem::path folder, std::initializer_li
     : masked_(masked),
       clock_(clock),
       writer_(std::make_shared<Writer>(std::move(folder), Line(header), limits)) {
-  std::thread([writer = writer_] { writer->Run(); }).detach();
+  Writer::Start(writer_);
 }
 
 SupportLogFile::~SupportLogFile() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/background.h"
 #include "platform/database.h"
 #include "platform/host_registry.h"
 #include "platform/ini_file.h"
@@ -12,6 +13,7 @@ struct DialSystem : OptionsSystem {
   RegistryFactory newRegistry;
   IniFile& ini;
   DatabaseServices& databases;
+  Background& background;
 };
 
 }  // namespace orvane

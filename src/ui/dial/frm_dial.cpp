@@ -23,21 +23,24 @@ constexpr int kCornerPixels = 20;
 
 }  // namespace
 
-frmDial::frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue)
+frmDial::frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+                 TelList& journal)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
       system_(system),
       state_(state),
       call_(call),
       queue_(queue),
-      settings_(system.ini, system.databases, system.tapi, system.prompts, system.log, state,
-                *this),
-      logger_(system.databases, system.clock, system.locale, system.prompts, system.log, state,
-              call, *this),
+      journal_(journal),
+      settings_(system.ini, system.tapi, system.prompts, system.log, state, *this,
+                [&journal] { journal.Renew(); }),
+      logger_(journal, system.databases, system.clock, system.locale, system.prompts, system.log,
+              state, call, *this),
       modem_({system.serial, system.loop, system.clock, system.prompts, queue}, state.settings,
              call, logger_, *this),
       tapi_(system.tapi, system.clock, system.locale, system.prompts, state.settings, call, queue,
             logger_, *this),
-      dial_(system.prompts, system.log, state, call, *this, modem_, tapi_),
+      redial_(system.newRegistry, system.background),
+      dial_(system.prompts, system.log, state, call, *this, redial_, modem_, tapi_),
       channel_(system.channel, system.loop, system.prompts, system.log, state, call, queue, *this),
       controls_(BuildDialControls(*this)),
       chrome_(system.newChrome(*this)) {

@@ -18,6 +18,7 @@
 #include "dialing/tapi_dialer.h"
 #include "journal/call_logger.h"
 #include "journal/current_call.h"
+#include "journal/tel_list.h"
 #include "platform/database.h"
 #include "platform/window_chrome.h"
 #include "remote/command_channel.h"
@@ -44,7 +45,8 @@ class frmDial final : public QWidget,
                       public OptionsOwner {
  public:
   // Everything referred to outlives the window. Builds the controls; Load does the rest.
-  frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue);
+  frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+          TelList& journal);
   ~frmDial() override;
   frmDial(const frmDial&) = delete;
   frmDial& operator=(const frmDial&) = delete;
@@ -139,8 +141,9 @@ class frmDial final : public QWidget,
   void RefuseDuringSession(const std::string& text);
   void ShowSpeedDialKind(int index);
 
-  // Rebuilds the call history from the journal.
+  // Asks the journal for the calls that the history is to show.
   void RefreshTelList();
+  void ShowCalls(std::vector<JournalCall> calls, const CallDays& days);
   CallFilter ChosenCalls() const;
   void ShowCallCount();
   void SaveCallColumns();
@@ -170,11 +173,13 @@ class frmDial final : public QWidget,
   ProgramState& state_;
   CurrentCall& call_;
   WorkQueue& queue_;
+  TelList& journal_;
 
   SettingsLoader settings_;
   CallLogger logger_;
   ModemDialer modem_;
   TapiDialer tapi_;
+  RedialMemory redial_;
   DialCommand dial_;
   CommandChannel channel_;
 
@@ -196,6 +201,8 @@ class frmDial final : public QWidget,
   bool speedDialSelectable_ = false;
   // The folder of the user whose calls the history shows.
   std::string shownJournal_;
+  // Of several questions to the journal only the last one counts.
+  int callsAskedFor_ = 0;
   CallColumns savedColumns_;
 };
 

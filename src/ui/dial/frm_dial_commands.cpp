@@ -7,7 +7,6 @@
 #include <QSignalBlocker>
 
 #include "app/attempt.h"
-#include "app/host_settings.h"
 #include "dialing/number_preparation.h"
 #include "platform/text/text_tools.h"
 #include "ui/dial/frm_dial.h"
@@ -129,7 +128,7 @@ void frmDial::OnGetClipboard() {
 
 void frmDial::OnRedial() {
   if (!NumberEnabled()) return;
-  Attempt([this] { SetNumberText(Stored(Registry(), setting::kRedial).value_or("")); });
+  Attempt([this] { SetNumberText(redial_.Text()); });
   controls_.numberField->setFocus();
 }
 

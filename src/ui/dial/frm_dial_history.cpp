@@ -8,7 +8,6 @@
 #include "app/attempt.h"
 #include "app/host_settings.h"
 #include "app/number_text.h"
-#include "journal/journal_calls.h"
 #include "ui/dial/call_list_view.h"
 #include "ui/dial/frm_dial.h"
 #include "ui/dial/history_controls.h"
@@ -21,21 +20,6 @@
 #include "ui/style/style_sheet.h"
 
 namespace orvane {
-namespace {
-
-// The hourglass while it lives.
-class BusyCursor {
- public:
-  explicit BusyCursor(Prompts& prompts) : prompts_(prompts) { prompts_.SetBusyCursor(true); }
-  ~BusyCursor() { prompts_.SetBusyCursor(false); }
-  BusyCursor(const BusyCursor&) = delete;
-  BusyCursor& operator=(const BusyCursor&) = delete;
-
- private:
-  Prompts& prompts_;
-};
-
-}  // namespace
 
 void frmDial::ConnectHistory() {
   connect(controls_.period, &QComboBox::activated, this, [this](int period) {
@@ -109,17 +93,23 @@ CallFilter frmDial::ChosenCalls() const {
 }
 
 void frmDial::RefreshTelList() {
-  const BusyCursor busy(system_.prompts);
+  system_.prompts.SetBusyCursor(true);
   const CallDays days = CallDaysOf(system_.clock.Now());
   shownJournal_ = state_.host.userPath;
   // Neither a message about the journal nor the wait for it must stand beside the calls of another
   // choice.
   controls_.callList->Clear();
   controls_.filterLabels[1]->clear();
-  controls_.callList->SetGroups(
-      GroupCalls(ReadJournalCalls(system_.prompts, state_, CallQuery(ChosenCalls(), days)), days,
-                 system_.locale));
+  journal_.Read(shownJournal_, CallQuery(ChosenCalls(), days),
+                [this, days, asked = ++callsAskedFor_](std::vector<JournalCall> calls) {
+                  if (asked == callsAskedFor_) ShowCalls(std::move(calls), days);
+                });
+}
+
+void frmDial::ShowCalls(std::vector<JournalCall> calls, const CallDays& days) {
+  controls_.callList->SetGroups(GroupCalls(std::move(calls), days, system_.locale));
   ShowCallCount();
+  system_.prompts.SetBusyCursor(false);
 }
 
 void frmDial::ShowCallCount() {

@@ -19,6 +19,7 @@ namespace orvane {
 namespace {
 
 constexpr std::string_view kMakerKey = "SOFTWARE\\Nordel";
+constexpr std::chrono::seconds kJournalFarewell{10};
 
 }  // namespace
 
@@ -105,12 +106,12 @@ void frmDial::Unload() {
 }
 
 void frmDial::ReleaseDatabases() {
-  for (auto* connection : {&state_.databases.journal, &state_.databases.host}) {
-    Attempt([connection] {
-      if (*connection) (*connection)->Close();
-    });
-    connection->reset();
-  }
+  // What was handed over is written before anything is closed.
+  journal_.Finish(kJournalFarewell);
+  Attempt([this] {
+    if (state_.databases.host) state_.databases.host->Close();
+  });
+  state_.databases.host.reset();
   areaCodes_.reset();
   state_.host.registry.reset();
 }

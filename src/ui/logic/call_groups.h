@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "journal/journal_calls.h"
+#include "journal/journal_entry.h"
 #include "platform/clock.h"
 #include "ui/logic/call_days.h"
 

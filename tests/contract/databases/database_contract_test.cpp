@@ -1,17 +1,18 @@
 // What every database connection owes the logic, whatever keeps the data.
 
-#include <gtest/gtest.h>
-
-#include "fakes/faulty_database.h"
-#include "fakes/temporary_folder.h"
-#include "journal_schema.h"
-#include "platform/databases/sqlite/sqlite_services.h"
+#include "contract/databases/contact_engine.h"
+#include "fakes/program_fixture.h"
+#include "fakes/recording_log.h"
+#include "journal/contact_lookup.h"
+#include "platform/support/logged_databases.h"
 
 namespace orvane {
 namespace {
 
-// An empty journal, reached straight or through the faulty services.
-class DatabaseContract : public testing::TestWithParam<bool> {
+enum class Way { kStraight, kFaulty, kLogged };
+
+// An empty journal, reached straight or through others' services.
+class DatabaseContract : public testing::TestWithParam<Way> {
  protected:
   DatabaseContract() { CreateJournalFile(folder_ / "TelList.fdb"); }
   std::unique_ptr<DatabaseConnection> Select(const char* file = "telList.fdb") {
@@ -32,15 +33,25 @@ class DatabaseContract : public testing::TestWithParam<bool> {
   TemporaryFolder folder_;
   SqliteServices sqlite_;
   FaultyDatabase faulty_{sqlite_};
-  DatabaseServices& services_ = GetParam() ? static_cast<DatabaseServices&>(faulty_) : sqlite_;
+  RecordingLog log_;
+  LoggedDatabases logged_{faulty_, log_};
+  DatabaseServices& services_ = Services();
+
+ private:
+  DatabaseServices& Services() {
+    if (GetParam() == Way::kStraight) return sqlite_;
+    if (GetParam() == Way::kFaulty) return faulty_;
+    return logged_;
+  }
 };
 
-void ExpectError(std::int32_t number, const std::function<void()>& action) {
+void ExpectError(std::int32_t number, const std::function<void()>& action, bool ofStorage = false) {
   try {
     action();
     ADD_FAILURE() << "no error, expected " << number;
   } catch (const DatabaseError& error) {
     EXPECT_EQ(error.Number(), number) << error.Description();
+    EXPECT_EQ(error.OfStorage(), ofStorage) << error.Description();
     EXPECT_FALSE(error.Description().empty());
   }
 }
@@ -117,6 +128,7 @@ TEST_P(DatabaseContract, OpensAgainWithItsConnectionString) {
   ExpectError(kDbErrorObjectOpen, [&] { connection->SetProvider("x"); });
   const std::string stored = connection->ConnectionString();
   connection->Execute("INSERT INTO o (ID,Firma) VALUES (1,'bleibt')");
+  connection->Commit();
   EXPECT_TRUE(connection->IsOpen());
   connection->Close();
   EXPECT_FALSE(connection->IsOpen());
@@ -126,20 +138,102 @@ TEST_P(DatabaseContract, OpensAgainWithItsConnectionString) {
     again->Open();
     EXPECT_EQ(again->ConnectionString(), stored);
     EXPECT_EQ(First(*again, "SELECT Firma FROM o"), Text("bleibt"));
+    again->Close();
   }
+}
+
+class FailingCommit : public DatabaseContract {};
+
+TEST_P(FailingCommit, KeepsNothing) {
+  const auto journal = Opened();
+  journal->Execute("INSERT INTO o (ID) VALUES (1)");
+  faulty_.FailCommit(kDbErrorFailed, "voll");
+  ExpectError(
+      kDbErrorFailed, [&] { journal->Commit(); }, true);
+  journal->Close();
+  faulty_.Heal();
+  journal->Open();
+  EXPECT_EQ(First(*journal, "SELECT Count(ID) FROM o"), Whole(0));
+  EXPECT_EQ(faulty_.commits, 1);
+  EXPECT_EQ(log_.lines.size(), GetParam() == Way::kLogged ? 1U : 0U);
 }
 
 TEST_P(DatabaseContract, FailsToOpenWhatIsNotThere) {
   const auto missing = Select("none.fdb");
-  for (int time = 0; time < 2; ++time) ExpectError(kDbErrorFailed, [&] { missing->Open(); });
+  for (int time = 0; time < 2; ++time) {
+    ExpectError(
+        kDbErrorFailed, [&] { missing->Open(); }, true);
+  }
   EXPECT_FALSE(missing->IsOpen());
   const auto unknown = Select();
   unknown->SetProvider("Unbekannt.1");
   ExpectError(kDbErrorProviderNotFound, [&] { unknown->Open(); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Sqlite, DatabaseContract, testing::Values(false));
-INSTANTIATE_TEST_SUITE_P(Faulty, DatabaseContract, testing::Values(true));
+INSTANTIATE_TEST_SUITE_P(Ways, DatabaseContract,
+                         testing::Values(Way::kStraight, Way::kFaulty, Way::kLogged));
+INSTANTIATE_TEST_SUITE_P(Ways, FailingCommit, testing::Values(Way::kFaulty, Way::kLogged));
+
+// The contacts, kept by each of the engines.
+class CommitContract : public ProgramFixture,
+                       public testing::WithParamInterface<ContactEngineEntry> {
+ protected:
+  void SetUp() override {
+    engine_ = GetParam().make();
+    if (!engine_->Obstacle().empty()) GTEST_SKIP() << engine_->Obstacle();
+    engine_->Select(state.host);
+  }
+  // Nothing when it cannot be opened.
+  std::unique_ptr<DatabaseConnection> Open(DbMode mode) {
+    state.databases.host = engine_->Databases().NewConnection();
+    state.databases.host->SetMode(mode);
+    state.databases.hostConnectionString.clear();
+    return ReopenDB(prompts, state) ? std::move(state.databases.host) : nullptr;
+  }
+  static void Insert(DatabaseConnection& contacts, int id) {
+    contacts.Execute("INSERT INTO Grp_Abt (ID,Bez) VALUES (" + std::to_string(id) + ",'neu')");
+  }
+  static DbValue New(DatabaseConnection& contacts) {
+    return First(contacts, "SELECT Count(ID) FROM Grp_Abt WHERE ID>100");
+  }
+  DbValue New() { return New(*Open(DbMode::kRead)); }
+
+  std::unique_ptr<ContactEngine> engine_;
+};
+
+TEST_P(CommitContract, KeepsAllOfATransactionOrNothing) {
+  auto writer = Open(DbMode::kWrite);
+  ASSERT_EQ(writer != nullptr, engine_->CanWrite());
+  if (!writer) return;
+  for (const bool commits : {false, true}) {
+    Insert(*writer, 101);
+    EXPECT_THROW(Insert(*writer, 101), DatabaseError);
+    EXPECT_THROW(writer->Execute("SELECT Umsatz FROM Grp_Abt"), DatabaseError);
+    Insert(*writer, 102);
+    EXPECT_EQ(New(*writer), Whole(2));
+    if (commits) writer->Commit();
+    writer->Close();
+    EXPECT_EQ(New(), Whole(commits ? 2 : 0));
+    writer = Open(DbMode::kWrite);
+  }
+  // After that, and in other modes, each statement is by itself.
+  writer->Commit();
+  Insert(*writer, 103);
+  writer->Commit();
+  Insert(*writer, 104);
+  writer->Close();
+  EXPECT_EQ(New(), Whole(4));
+  writer = Open(DbMode::kReadWrite);
+  Insert(*writer, 105);
+  writer->Commit();
+  Insert(*writer, 106);
+  writer->Close();
+  EXPECT_EQ(New(), Whole(6));
+  ExpectError(kDbErrorObjectClosed, [&] { writer->Commit(); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, CommitContract, testing::ValuesIn(ContactEngines()),
+                         [](const auto& entry) { return std::string(entry.param.name); });
 
 }  // namespace
 }  // namespace orvane

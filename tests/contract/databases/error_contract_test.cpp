@@ -88,6 +88,7 @@ TEST_P(ErrorContract, AStatementFailsWithTheNumberOfItsFailureAndChangesNothing)
       EXPECT_EQ(error.Number(), number) << error.Description();
       EXPECT_NE(error.Description().find(words), std::string::npos) << error.Description();
       EXPECT_EQ(native != 0 ? error.NativeNumber() : 0, native);
+      EXPECT_FALSE(error.OfStorage());
     }
     EXPECT_EQ(contacts.Execute("SELECT Firma1 FROM Adressen WHERE AdrID=2")->Field(0),
               DbValue("Muster GmbH"));

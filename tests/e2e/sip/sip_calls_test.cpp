@@ -22,7 +22,6 @@ class SipCallsTest : public ProgramFixture {
  protected:
   SipCallsTest() {
     CreateJournalFile(UserFile("TelList.fdb"));
-    state.databases.journal = databases.NewConnection();
     call.company = "Muster GmbH";
     Open("anna");
   }

@@ -55,11 +55,13 @@ class LoggedSystemTest : public JournalFixture {
     Prompts& boxes = logged.Told(prompts);
     HostChannel& toHost = logged.Told(channel);
     DatabaseServices& files = logged.Told(databases);
-    SettingsLoader settings(ini, files, lines, boxes, to, state, panel);
-    CallLogger logger(files, clock, locale, boxes, to, state, call, panel);
+    SettingsLoader settings(ini, lines, boxes, to, state, panel, [] {});
+    TelList calls(files, folderLocks, background, boxes, queue, to);
+    CallLogger logger(calls, files, clock, locale, boxes, to, state, call, panel);
     ModemDialer modem({port, loop, clock, boxes, queue}, state.settings, call, logger, panel);
     TapiDialer line(lines, clock, locale, boxes, state.settings, call, queue, logger, panel);
-    DialCommand dial(boxes, to, state, call, panel, modem, line);
+    RedialMemory redial(newRegistry, background);
+    DialCommand dial(boxes, to, state, call, panel, redial, modem, line);
     CommandChannel commands(toHost, loop, boxes, to, state, call, queue, panel);
     SetRegistry("CTI", "2");
     SetRegistry("TapiBez", "Simulierte Leitung 1");
@@ -129,7 +131,7 @@ TEST_F(LoggedSystemTest, TheMaskedLogTellsEveryStepAndNoNumberOrName) {
                            "Klick: auflegen",
                            "trennen",
                            "beendet, Dauer: ",
-                           "Dauer ins Journal schreiben: ",
+                           "Dauer ins Journal geschrieben: ",
                            "abgelehnt: unbekannter Befehl",
                            "[Fehler 87117] Der Schlüsselbefehl",
                            "COM1 öffnen (",

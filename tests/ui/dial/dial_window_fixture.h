@@ -60,8 +60,9 @@ class DialWindowFixture : public ProgramFixture {
                              locale, prompts, supportLog, newChrome},
                             newRegistry,
                             ini,
-                            databases};
-    window = std::make_unique<frmDial>(system, state, call, queue);
+                            databases,
+                            background};
+    window = std::make_unique<frmDial>(system, state, call, queue, journal);
   }
 
   void ShowWindow() {

@@ -229,9 +229,9 @@ TEST_F(DialWindowHistory, SaysWhyThereIsNothingToShow) {
        "(-2147467259) Fehler bei Anmeldung!"},
       {[&] { WriteFile(Journal(), std::string(4096, 'x')); }, "Nicht erkennbares Datenbankformat",
        "(-2147467259) Fehler bei Anmeldung!"},
-      {[&] { state.databases.journal.reset(); },
-       "Telefonliste konnte nicht initialisiert werden!\r\rObjektvariable nicht festgelegt",
-       "Zugriffsfehler bei 'Perch: ReopenTelDB',  91"}};
+      {[&] { databases.FailOpen(kDbErrorProviderNotFound, "Provider fehlt"); },
+       "Telefonliste konnte nicht initialisiert werden!\r\rProvider fehlt",
+       "Zugriffsfehler bei 'Perch: ReopenTelDB',  3706"}};
   QImage waiting;
   prompts.whileShown = [&] {
     EXPECT_TRUE(prompts.busy);
@@ -251,7 +251,7 @@ TEST_F(DialWindowHistory, SaysWhyThereIsNothingToShow) {
     Find<QLineEdit>("txtFilter")->setText(QStringLiteral("x"));
     Find<QLineEdit>("txtFilter")->clear();
   }
-  state.databases.journal = databases.NewConnection();
+  databases.Heal();
   std::filesystem::remove(Journal());
   CreateJournalFile(Journal(), kCalls);
   EXPECT_EQ(ShownAgain(), "Heute:  0641 1 0409; Gestern: 217; Älter: 0221471");

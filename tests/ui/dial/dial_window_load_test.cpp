@@ -133,7 +133,7 @@ TEST_F(DialWindowLoad, ClosesInEveryWayForGood) {
     EXPECT_FALSE(window->IsLoaded() || window->isVisible());
     EXPECT_EQ(state.host.userNumber, 0);
     EXPECT_EQ(state.host.registry, nullptr);
-    EXPECT_EQ(state.databases.journal, nullptr);
+    EXPECT_EQ(state.databases.host, nullptr);
     EXPECT_FALSE(serial.PortOpen());
     EXPECT_TRUE(channel.Windows().empty());
     const auto saved = newRegistry();

@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
+#include <type_traits>
 #include <utility>
 
 #include "platform/databases/database_errors.h"
@@ -77,16 +78,36 @@ class OdbcDatabase : public OpenDatabase {
   OdbcDatabase& operator=(const OdbcDatabase&) = delete;
 
   std::unique_ptr<Recordset> Execute(std::string_view sql) override {
+    return Ask([text = databases_->access_.translate(sql)](OdbcSession& session) {
+      return session.Execute(text);
+    });
+  }
+  void Begin() {
+    Ask([](OdbcSession& session) {
+      session.Begin();
+      return true;
+    });
+  }
+  void Commit() override {
+    Ask([](OdbcSession& session) {
+      session.Commit();
+      return true;
+    });
+  }
+
+ private:
+  template <typename Question>
+  std::invoke_result_t<Question, OdbcSession&> Ask(const Question& question) {
     if (!session_) throw ErrorOf(DatabaseFailure::kServerLost);
     try {
-      return databases_->Execute(session_, sql);
+      return databases_->Ask(
+          std::function([question, session = session_] { return question(*session); }));
     } catch (const DatabaseError& error) {
       if (error.Number() == kDbErrorTimeout) databases_->GiveUp(text_, std::move(session_));
       throw;
     }
   }
 
- private:
   std::shared_ptr<OdbcDatabases> databases_;
   std::string text_;
   OdbcDatabases::Session session_;
@@ -101,7 +122,9 @@ std::unique_ptr<OpenDatabase> OdbcDatabases::Open(const ConnectionProperties& pr
   }
   auto session = background_.contains(text) ? TakeBackgroundSession(text, properties)
                                             : FirstSession(text, properties);
-  return std::make_unique<OdbcDatabase>(shared_from_this(), text, std::move(session));
+  auto database = std::make_unique<OdbcDatabase>(shared_from_this(), text, std::move(session));
+  if (properties.Mode() == DbMode::kWrite) database->Begin();
+  return database;
 }
 
 DatabaseError OdbcDatabases::NoAnswer(const ConnectionProperties& properties) const {
@@ -148,11 +171,9 @@ OdbcDatabases::Session OdbcDatabases::TakeBackgroundSession(
   }
 }
 
-std::unique_ptr<Recordset> OdbcDatabases::Execute(const Session& session,
-                                                  std::string_view sql) const {
-  using Rows = std::unique_ptr<Recordset>;
-  const auto attempt =
-      Start<Rows>([session, text = access_.translate(sql)] { return session->Execute(text); });
+template <typename Result>
+Result OdbcDatabases::Ask(std::function<Result()> question) const {
+  const auto attempt = Start<Result>(std::move(question));
   if (!Await(*attempt)) throw ErrorOf(DatabaseFailure::kStatementTooLong);
   return attempt->Take();
 }

@@ -53,7 +53,8 @@ class OdbcDatabases : public std::enable_shared_from_this<OdbcDatabases> {
                                       const ConnectionProperties& properties) const;
   Session FirstSession(const std::string& text, const ConnectionProperties& properties);
   Session TakeBackgroundSession(const std::string& text, const ConnectionProperties& properties);
-  std::unique_ptr<Recordset> Execute(const Session& session, std::string_view sql) const;
+  template <typename Result>
+  Result Ask(std::function<Result()> question) const;
   // Leaves a statement that takes too long to itself.
   void GiveUp(const std::string& text, Session session);
   void Close(Session session) const;

@@ -22,12 +22,12 @@ struct FileNumber {
   DatabaseFailure failure;
 };
 constexpr FileNumber kFileNumbers[] = {
-    {-1011, DatabaseFailure::kOutOfMemory},        {-1023, DatabaseFailure::kFileMissing},
-    {-1024, DatabaseFailure::kFileLocked},         {-1028, DatabaseFailure::kFileNotRecognised},
-    {-1032, DatabaseFailure::kFileLocked},         {-1206, DatabaseFailure::kFileDamaged},
-    {-1302, DatabaseFailure::kFileLocked},         {-1808, DatabaseFailure::kDiskFull},
-    {-1809, DatabaseFailure::kFileWriteProtected}, {-1811, DatabaseFailure::kFileMissing},
-    {-1905, DatabaseFailure::kPasswordRefused}};
+    {-1011, DatabaseFailure::kOutOfMemory},       {-1022, DatabaseFailure::kDiskError},
+    {-1023, DatabaseFailure::kFileMissing},       {-1024, DatabaseFailure::kFileLocked},
+    {-1028, DatabaseFailure::kFileNotRecognised}, {-1032, DatabaseFailure::kFileLocked},
+    {-1206, DatabaseFailure::kFileDamaged},       {-1302, DatabaseFailure::kFileLocked},
+    {-1808, DatabaseFailure::kDiskFull},          {-1809, DatabaseFailure::kFileWriteProtected},
+    {-1811, DatabaseFailure::kFileMissing},       {-1905, DatabaseFailure::kPasswordRefused}};
 
 bool IsIn(const std::string& text, const char* part) {
   return text.find(part) != std::string::npos;
@@ -96,7 +96,7 @@ DatabaseError OdbcConnectError(const std::vector<OdbcDiagnosis>& diagnoses,
   if (subject.isFile) {
     const auto refusal = login != nullptr
                              ? DatabaseFailure::kPasswordRefused
-                             : FileFailureOf(diagnoses).value_or(DatabaseFailure::kOther);
+                             : FileFailureOf(diagnoses).value_or(DatabaseFailure::kDiskError);
     return ErrorOf(refusal, subject.database, login != nullptr ? login->native : native);
   }
   if (login != nullptr) return ErrorOf(DatabaseFailure::kLoginRefused, subject.user, login->native);

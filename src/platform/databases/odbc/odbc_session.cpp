@@ -260,6 +260,8 @@ OdbcSession::OdbcSession(const std::string& connectionString, OdbcSubject subjec
 }
 
 OdbcSession::~OdbcSession() {
+  // Drivers refuse to disconnect in the middle of a transaction.
+  if (inTransaction_) SQLEndTran(SQL_HANDLE_DBC, handles_->connection.Get(), SQL_ROLLBACK);
   SQLDisconnect(handles_->connection.Get());
 }
 
@@ -278,6 +280,26 @@ std::unique_ptr<Recordset> OdbcSession::Execute(const std::string& sql) {
   }
   if (failed) statement.ThrowFailure();
   return std::make_unique<MemoryRecordset>(std::move(names), std::move(rows));
+}
+
+void OdbcSession::Begin() {
+  const SQLHANDLE connection = handles_->connection.Get();
+  if (!Good(SQLSetConnectAttrW(connection, SQL_ATTR_AUTOCOMMIT, AsPointer(SQL_AUTOCOMMIT_OFF),
+                               SQL_IS_UINTEGER))) {
+    throw OdbcStatementError(DiagnosesOf(SQL_HANDLE_DBC, connection), subject_);
+  }
+  inTransaction_ = true;
+}
+
+void OdbcSession::Commit() {
+  const SQLHANDLE connection = handles_->connection.Get();
+  if (!Good(SQLEndTran(SQL_HANDLE_DBC, connection, SQL_COMMIT))) {
+    throw OdbcStatementError(DiagnosesOf(SQL_HANDLE_DBC, connection), subject_);
+  }
+  inTransaction_ = false;
+  // What was kept is kept, even if the driver should refuse this.
+  SQLSetConnectAttrW(connection, SQL_ATTR_AUTOCOMMIT, AsPointer(SQL_AUTOCOMMIT_ON),
+                     SQL_IS_UINTEGER);
 }
 
 void OdbcSession::Cancel() {

@@ -25,6 +25,11 @@ class OdbcSession {
 
   // Runs one statement in the server's own dialect and reads all rows. Throws DatabaseError.
   std::unique_ptr<Recordset> Execute(const std::string& sql);
+  // From here on what is executed becomes permanent with Commit, or not at all when the session
+  // ends before. Throws DatabaseError.
+  void Begin();
+  // Throws DatabaseError. Each statement is by itself again.
+  void Commit();
   // Asks the server to give up the statement that another thread is running here, if any.
   void Cancel();
 
@@ -34,6 +39,7 @@ class OdbcSession {
 
   OdbcSubject subject_;
   std::unique_ptr<Handles> handles_;
+  bool inTransaction_ = false;
   std::mutex runningMutex_;
   Statement* running_ = nullptr;
 };

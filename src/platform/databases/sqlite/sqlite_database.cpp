@@ -20,10 +20,13 @@ std::unique_ptr<Recordset> SqliteDatabase::Execute(std::string_view sql) {
   return file_->Run(statement.sql, statement.dates);
 }
 
-std::unique_ptr<OpenDatabase> OpenSqlite(const ConnectionProperties& properties) {
+std::unique_ptr<OpenDatabase> OpenSqlite(const ConnectionProperties& properties,
+                                         std::chrono::milliseconds writeLockWait) {
   if (!EqualsIgnoringCase(properties.Provider(), kJetProvider)) ThrowProviderNotFound();
+  const DbMode mode = properties.Mode();
   return std::make_unique<SqliteDatabase>(
-      std::make_shared<SqliteFile>(properties.Get("Data Source"), properties.Mode()));
+      std::make_shared<SqliteFile>(properties.Get("Data Source"), mode,
+                                   mode == DbMode::kWrite ? writeLockWait : kDatabaseLockWait));
 }
 
 }  // namespace orvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -13,13 +14,15 @@ class SqliteDatabase : public OpenDatabase {
  public:
   explicit SqliteDatabase(std::shared_ptr<SqliteFile> file) : file_(std::move(file)) {}
   std::unique_ptr<Recordset> Execute(std::string_view sql) override;
+  void Commit() override { file_->Commit(); }
 
  private:
   std::shared_ptr<SqliteFile> file_;
 };
 
 // Opens the file that stands in for a Jet file. Its password is not looked at: SQLite files have
-// none.
-std::unique_ptr<OpenDatabase> OpenSqlite(const ConnectionProperties& properties);
+// none. `writeLockWait` is how long one who writes waits for others.
+std::unique_ptr<OpenDatabase> OpenSqlite(const ConnectionProperties& properties,
+                                         std::chrono::milliseconds writeLockWait = kWriteLockWait);
 
 }  // namespace orvane

@@ -9,6 +9,7 @@
 
 #include "platform/databases/database_errors.h"
 #include "platform/databases/memory_recordset.h"
+#include "platform/databases/sqlite/sqlite_errors.h"
 #include "platform/databases/sqlite/sqlite_functions.h"
 #include "platform/errors.h"
 #include "platform/text/native_path.h"
@@ -80,6 +81,29 @@ int Authorize(void* /*unused*/, int action, const char* table, const char* /*unu
   }
 }
 
+// Lets the program's own statements do everything for as long as it lives.
+class Unrestricted {
+ public:
+  explicit Unrestricted(sqlite3* database) : database_(database) {
+    sqlite3_set_authorizer(database_, nullptr, nullptr);
+  }
+  ~Unrestricted() { sqlite3_set_authorizer(database_, Authorize, nullptr); }
+  Unrestricted(const Unrestricted&) = delete;
+  Unrestricted& operator=(const Unrestricted&) = delete;
+
+ private:
+  sqlite3* database_;
+};
+
+// What a copy fails with, or SQLITE_OK.
+int CopyPages(sqlite3* from, sqlite3* to) {
+  sqlite3_backup* const backup = sqlite3_backup_init(to, "main", from, "main");
+  if (backup == nullptr) return sqlite3_extended_errcode(to);
+  constexpr int kAllPages = -1;
+  sqlite3_backup_step(backup, kAllPages);
+  return sqlite3_backup_finish(backup);
+}
+
 DbValue ColumnValue(sqlite3_stmt* statement, int column) {
   switch (sqlite3_column_type(statement, column)) {
     case SQLITE_NULL:
@@ -103,63 +127,6 @@ MemoryRecordset::Row ReadRow(sqlite3_stmt* statement, int columns) {
   return row;
 }
 
-// What a result code of an open file means. `extended` is the code with its details.
-DatabaseFailure FailureOfCode(int extended) {
-  switch (extended) {
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_ROWID:
-      return DatabaseFailure::kDuplicate;
-    case SQLITE_CONSTRAINT_NOTNULL:
-      return DatabaseFailure::kNullField;
-    default:
-      break;
-  }
-  switch (extended & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-    case SQLITE_PROTOCOL:
-      return DatabaseFailure::kFileLocked;
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-      return DatabaseFailure::kFileDamaged;
-    case SQLITE_READONLY:
-    case SQLITE_PERM:
-    case SQLITE_CANTOPEN:
-      return DatabaseFailure::kFileWriteProtected;
-    case SQLITE_FULL:
-      return DatabaseFailure::kDiskFull;
-    case SQLITE_NOMEM:
-      return DatabaseFailure::kOutOfMemory;
-    case SQLITE_TOOBIG:
-      return DatabaseFailure::kValueTooLarge;
-    case SQLITE_CONSTRAINT:
-    case SQLITE_MISMATCH:
-      return DatabaseFailure::kRule;
-    default:
-      return DatabaseFailure::kOther;
-  }
-}
-
-// The codes that the program's rules know are not covered up by the engine's own.
-DatabaseError ErrorOfCode(int extended, const std::string& shownPath) {
-  const DatabaseFailure failure = FailureOfCode(extended);
-  const bool known =
-      failure == DatabaseFailure::kDuplicate || failure == DatabaseFailure::kNullField;
-  return ErrorOf(failure, shownPath, known ? 0 : extended);
-}
-
-int VacuumInto(sqlite3* database, const std::string& utf8Path) {
-  sqlite3_stmt* prepared = nullptr;
-  int code = sqlite3_prepare_v2(database, "VACUUM INTO ?", -1, &prepared, nullptr);
-  const Statement statement(prepared);
-  if (code != SQLITE_OK) return code;
-  code = sqlite3_bind_text(prepared, 1, utf8Path.c_str(), -1, SQLITE_TRANSIENT);
-  if (code != SQLITE_OK) return code;
-  code = sqlite3_step(prepared);
-  return code == SQLITE_DONE ? SQLITE_OK : code;
-}
-
 bool IsRefusedStatement(int code) {
   const int primary = code & 0xFF;
   return primary == SQLITE_ERROR || primary == SQLITE_AUTH || primary == SQLITE_RANGE;
@@ -167,12 +134,13 @@ bool IsRefusedStatement(int code) {
 
 }  // namespace
 
-SqliteFile::SqliteFile(const std::string& shownPath, DbMode mode)
-    : shownPath_(shownPath), lockDeadline_(std::chrono::steady_clock::now() + kDatabaseLockWait) {
+SqliteFile::SqliteFile(const std::string& shownPath, DbMode mode,
+                       std::chrono::milliseconds lockWait)
+    : shownPath_(shownPath), lockDeadline_(std::chrono::steady_clock::now() + lockWait) {
   Connect(FindFile(shownPath), mode);
   Harden();
   CheckSchema();
-  if (mode == DbMode::kWrite || mode == DbMode::kReadWrite) PrepareWriting();
+  if (mode == DbMode::kWrite || mode == DbMode::kReadWrite) PrepareWriting(mode);
   RestrictStatements();
 }
 
@@ -226,17 +194,16 @@ void SqliteFile::CheckSchema() {
   ThrowFailure(code);
 }
 
-void SqliteFile::PrepareWriting() {
+void SqliteFile::PrepareWriting(DbMode mode) {
   if (sqlite3_db_readonly(database_.get(), "main") != 0) ThrowFailure(SQLITE_READONLY);
-  // The rollback journal exists only while a statement writes, so a copy of the file taken at any
+  // The rollback journal exists only while somebody writes, so a copy of the file taken at any
   // other time is whole; EXTRA makes its removal, and with it the row, survive a power cut.
   Command("PRAGMA journal_mode=DELETE");
-  // The trial is rolled back, so nothing of it has to reach the disk.
-  Command("PRAGMA synchronous=OFF");
-  Command("BEGIN IMMEDIATE");
-  Command("PRAGMA user_version=1");
-  Command("ROLLBACK");
   Command("PRAGMA synchronous=EXTRA");
+  inTransaction_ = mode == DbMode::kWrite;
+  Command(inTransaction_ ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE");
+  Command("SAVEPOINT trial; PRAGMA user_version=1; ROLLBACK TO trial; RELEASE trial");
+  if (!inTransaction_) Command("ROLLBACK");
 }
 
 void SqliteFile::RestrictStatements() {
@@ -244,6 +211,7 @@ void SqliteFile::RestrictStatements() {
 }
 
 void SqliteFile::Command(const char* sql) {
+  const Unrestricted own(database_.get());
   const int code = sqlite3_exec(database_.get(), sql, nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) ThrowFailure(code);
 }
@@ -255,7 +223,7 @@ int SqliteFile::WaitForLock(void* self, int /*count*/) {
 }
 
 DatabaseError SqliteFile::Failure(int code) const {
-  if (!IsRefusedStatement(code)) return ErrorOfCode(code, shownPath_);
+  if (!IsRefusedStatement(code)) return SqliteError(code, shownPath_);
   return ErrorOf(DatabaseFailure::kSyntax, sqlite3_errmsg(database_.get()), code);
 }
 
@@ -265,6 +233,7 @@ void SqliteFile::ThrowFailure(int code) const {
 
 std::unique_ptr<Recordset> SqliteFile::Run(const std::string& sql,
                                            const std::vector<double>& values) {
+  RequireTransaction();
   lockDeadline_ = std::chrono::steady_clock::now() + kDatabaseLockWait;
   sqlite3_stmt* prepared = nullptr;
   int code = sqlite3_prepare_v2(database_.get(), sql.c_str(), -1, &prepared, nullptr);
@@ -282,26 +251,59 @@ std::unique_ptr<Recordset> SqliteFile::Run(const std::string& sql,
   while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {
     rows.push_back(ReadRow(prepared, columnCount));
   }
-  if (code != SQLITE_DONE && rows.empty()) ThrowFailure(code);
+  // What a transaction goes on with must be all.
+  if (code != SQLITE_DONE && (rows.empty() || inTransaction_)) ThrowFailure(code);
   std::optional<DatabaseError> failure;
   if (code != SQLITE_DONE) failure = Failure(code);
   return std::make_unique<MemoryRecordset>(std::move(columns), std::move(rows), std::move(failure));
 }
 
-void SqliteFile::CopyInto(const std::string& utf8Path) {
-  lockDeadline_ = std::chrono::steady_clock::now() + kDatabaseLockWait;
-  // The copy is attached while it is written, which no other statement may do.
-  sqlite3_set_authorizer(database_.get(), nullptr, nullptr);
-  const int code = VacuumInto(database_.get(), utf8Path);
-  RestrictStatements();
-  if (code != SQLITE_OK) ThrowFailure(code);
+// A rule of the file may end the transaction, and whoever went on would write for good, among
+// others.
+void SqliteFile::RequireTransaction() const {
+  if (inTransaction_ && sqlite3_get_autocommit(database_.get()) != 0) {
+    throw ErrorOf(DatabaseFailure::kOther, shownPath_);
+  }
 }
 
-void SqliteFile::SyncToDisk() {
-  sqlite3_file* file = nullptr;
-  int code = sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-  if (code == SQLITE_OK) code = file->pMethods->xSync(file, SQLITE_SYNC_FULL);
-  if (code != SQLITE_OK) ThrowFailure(code);
+void SqliteFile::Commit() {
+  RequireTransaction();
+  Command("COMMIT");
+  inTransaction_ = false;
+}
+
+void SqliteFile::KeepOthersOut() {
+  // The mode keeps the lock from now on. Set before, it would keep the half of the lock that is
+  // there while waiting for the rest, against another process that does the same.
+  Command("BEGIN EXCLUSIVE; PRAGMA locking_mode=EXCLUSIVE; COMMIT");
+}
+
+void SqliteFile::CheckPages() {
+  const Unrestricted own(database_.get());
+  if (Run("PRAGMA quick_check(1)", {})->Field(0) != DbValue("ok")) {
+    throw ErrorOf(DatabaseFailure::kFileDamaged, shownPath_);
+  }
+}
+
+void SqliteFile::CopyInto(const std::string& utf8Path, const std::string& shownCopy) {
+  CheckPages();
+  sqlite3* opened = nullptr;
+  int code =
+      sqlite3_open_v2(utf8Path.c_str(), &opened,
+                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+  const SqliteHandle copy(opened);
+  // A copy that fails is thrown away, and one that does not is brought to the disk as a whole.
+  const char* const kUnguarded = "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF";
+  if (code == SQLITE_OK) code = sqlite3_exec(opened, kUnguarded, nullptr, nullptr, nullptr);
+  if (code == SQLITE_OK) code = CopyPages(database_.get(), opened);
+  // All pages could be read before, so it is the copy.
+  if (code != SQLITE_OK) throw SqliteError(code, shownCopy);
+}
+
+void SqliteFile::Compact() {
+  // The lock now ends with the change that VACUUM is, which takes the rollback journal along.
+  Command("PRAGMA locking_mode=NORMAL");
+  Command("VACUUM");
 }
 
 }  // namespace orvane

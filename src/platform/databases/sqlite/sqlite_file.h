@@ -13,8 +13,10 @@ struct sqlite3;
 
 namespace orvane {
 
-// The rule for every wait for another process's lock: Open as a whole and each statement.
+// The longest wait for other processes' locks: of Open as a whole, and of each statement.
 inline constexpr std::chrono::milliseconds kDatabaseLockWait{1000};
+// The same of what needs the file for itself.
+inline constexpr std::chrono::milliseconds kWriteLockWait{10'000};
 
 struct SqliteCloser {
   void operator()(sqlite3* database) const;
@@ -26,10 +28,12 @@ using SqliteHandle = std::unique_ptr<sqlite3, SqliteCloser>;
 class SqliteFile {
  public:
   // Opens an existing file; `shownPath` is the path as the program composed it. In the modes that
-  // write, a write lock is taken and a first page is written and rolled back, so that a file or
-  // folder that cannot be written to is known now and not when a call has to be saved.
-  // kUnknown writes where it can and reads otherwise. Throws DatabaseError kDbErrorFailed.
-  SqliteFile(const std::string& shownPath, DbMode mode);
+  // write, a first page is written and rolled back, so that a file or folder that cannot be written
+  // to is known now and not when a call has to be saved. With kWrite that is the beginning of a
+  // transaction that keeps all others out until Commit; what was not committed dies with the
+  // object. kUnknown writes where it can and reads otherwise. Throws DatabaseError kDbErrorFailed.
+  SqliteFile(const std::string& shownPath, DbMode mode,
+             std::chrono::milliseconds lockWait = kDatabaseLockWait);
   // Serves a database in memory, which is filled already, in the place of the file.
   SqliteFile(const std::string& shownPath, SqliteHandle filled);
   ~SqliteFile();
@@ -40,16 +44,24 @@ class SqliteFile {
   // DatabaseError; a failed statement changed nothing.
   std::unique_ptr<Recordset> Run(const std::string& sql, const std::vector<double>& values);
 
-  // Writes a compact copy; the file must not exist. What was written of a failed copy stays behind.
-  void CopyInto(const std::string& utf8Path);
-  // Returns when the file's content is on the disk, which a fresh copy's is not by itself.
-  void SyncToDisk();
+  // Throws DatabaseError when nothing of the transaction was kept.
+  void Commit();
+
+  // Keeps others out until Compact or the end of the object.
+  void KeepOthersOut();
+  // Copies the whole file into the empty file `utf8Path`, which the user knows as `shownCopy`.
+  // Throws DatabaseError; so a damaged file never takes the place of an older copy.
+  void CopyInto(const std::string& utf8Path, const std::string& shownCopy);
+  // Gives back the room that is not used. Throws DatabaseError; the file is then as it was.
+  void Compact();
 
  private:
   void Connect(const std::string& utf8Path, DbMode mode);
   void Harden();
   void CheckSchema();
-  void PrepareWriting();
+  void PrepareWriting(DbMode mode);
+  void RequireTransaction() const;
+  void CheckPages();
   void RestrictStatements();
   void Command(const char* sql);
   static int WaitForLock(void* self, int count);
@@ -59,6 +71,7 @@ class SqliteFile {
   std::string shownPath_;
   std::chrono::steady_clock::time_point lockDeadline_;
   SqliteHandle database_;
+  bool inTransaction_ = false;
 };
 
 }  // namespace orvane

@@ -1,6 +1,7 @@
 #include "platform/databases/sqlite/sqlite_services.h"
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "platform/databases/connection_properties.h"
@@ -8,6 +9,7 @@
 #include "platform/databases/provider_connection.h"
 #include "platform/databases/sqlite/sqlite_database.h"
 #include "platform/errors.h"
+#include "platform/system/file_flush.h"
 #include "platform/text/native_path.h"
 #include "platform/text/text_tools.h"
 
@@ -23,52 +25,65 @@ std::string FileOf(std::string_view connectionString) {
   return properties.Get("Data Source");
 }
 
-// A file that is gone, together with the journal of its writer, when the object dies.
+std::string Utf8(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+// An empty file that is gone when the object dies, unless it has taken another's place.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(fs::path path) : path_(std::move(path)) { Remove(); }
-  ~TemporaryFile() { Remove(); }
+  // Whoever may not look into the file `like` may not look into this one.
+  TemporaryFile(fs::path path, const fs::path& like) : path_(std::move(path)) {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+    const std::ofstream created(path_);
+    fs::permissions(path_, fs::status(like, ignored).permissions() | fs::perms::owner_write,
+                    ignored);
+  }
+  ~TemporaryFile() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+  }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-  std::string Utf8() const {
-    const std::u8string text = path_.u8string();
-    return {text.begin(), text.end()};
-  }
   const fs::path& Path() const { return path_; }
 
  private:
-  void Remove() const {
-    std::error_code ignored;
-    fs::remove(path_, ignored);
-    fs::path journal = path_;
-    fs::remove(journal += "-journal", ignored);
-  }
-
   fs::path path_;
 };
+
+// Replaces the backup by what the file holds now.
+void BackUp(SqliteFile& database, const fs::path& file, const std::string& backupPath) {
+  std::error_code error;
+  const fs::path target = fs::absolute(NativePath(backupPath), error);
+  if (fs::equivalent(target, file, error)) throw ErrorOf(DatabaseFailure::kFileExists, backupPath);
+  fs::path beside = target;
+  const TemporaryFile copy(beside += ".neu", file);
+  database.CopyInto(Utf8(copy.Path()), backupPath);
+  // After a power cut there must be a whole backup under the name, so this one has to be on the
+  // disk before it gets it.
+  if (!FlushToDisk(copy.Path())) throw ErrorOf(DatabaseFailure::kDiskError, backupPath);
+  fs::rename(copy.Path(), target, error);
+  if (error) throw ErrorOf(DatabaseFailure::kFileUnreadable, backupPath);
+}
 
 }  // namespace
 
 std::unique_ptr<DatabaseConnection> SqliteServices::NewConnection() {
-  return std::make_unique<ProviderConnection>(OpenSqlite);
+  return std::make_unique<ProviderConnection>(
+      [wait = writeLockWait_](const ConnectionProperties& properties) {
+        return OpenSqlite(properties, wait);
+      });
 }
 
-void SqliteServices::CompactDatabase(std::string_view source, std::string_view destination) {
-  const std::string sourceFile = FileOf(source);
-  const std::string shownDestination = FileOf(destination);
-  std::error_code error;
-  const fs::path target = fs::absolute(NativePath(shownDestination), error);
-  if (fs::exists(fs::symlink_status(target, error)))
-    throw ErrorOf(DatabaseFailure::kFileExists, shownDestination);
-
-  SqliteFile original(sourceFile, DbMode::kUnknown);
-  fs::path copyPath = target;
-  const TemporaryFile copy(copyPath += "-compacting");
-  original.CopyInto(copy.Utf8());
-  SqliteFile(copy.Utf8(), DbMode::kUnknown).SyncToDisk();
-  fs::rename(copy.Path(), target, error);
-  if (error) throw ErrorOf(DatabaseFailure::kFileUnreadable, shownDestination);
+void SqliteServices::CompactDatabase(std::string_view source, const std::string& backupPath) {
+  const std::string shownPath = FileOf(source);
+  SqliteFile database(shownPath, DbMode::kReadWrite, writeLockWait_);
+  database.KeepOthersOut();
+  BackUp(database, NativePath(shownPath), backupPath);
+  database.Compact();
 }
 
 }  // namespace orvane

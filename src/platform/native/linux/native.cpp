@@ -10,6 +10,7 @@
 #include "platform/channel/linux/lock_file_instance.h"
 #include "platform/channel/linux/socket_host_channel.h"
 #include "platform/databases/jet/linux/jet_files.h"
+#include "platform/databases/linux/mount_locks.h"
 #include "platform/databases/odbc/odbc_databases.h"
 #include "platform/desktop/linux/compositor.h"
 #include "platform/desktop/linux/qt_window_chrome.h"
@@ -69,6 +70,10 @@ std::unique_ptr<SerialControl> MakeSerial() {
 
 std::vector<std::string> ListSerialPorts() {
   return SerialPortNames();
+}
+
+std::unique_ptr<FolderLocks> MakeFolderLocks() {
+  return std::make_unique<MountLocks>();
 }
 
 std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {

@@ -44,6 +44,11 @@ std::vector<std::string> ListSerialPorts() {
   return SerialPortNames();
 }
 
+// A server of Windows files is the one that locks.
+std::unique_ptr<FolderLocks> MakeFolderLocks() {
+  return std::make_unique<TrustedFolderLocks>();
+}
+
 std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {
   return std::make_unique<SystemWindowChrome>(window);
 }

@@ -12,12 +12,14 @@ struct Case {
   std::int32_t number;
   std::int32_t native;
   const char* words;
+  bool ofStorage = false;
 };
 
-void Expect(const Case& expected, const DatabaseError& error) {
+void Expect(const Case& expected, const DatabaseError& error, bool ofStorage) {
   SCOPED_TRACE(error.Description());
   EXPECT_EQ(error.Number(), expected.number);
   EXPECT_EQ(error.NativeNumber(), expected.native);
+  EXPECT_EQ(error.OfStorage(), ofStorage);
   EXPECT_NE(error.Description().find(expected.words), std::string::npos) << expected.words;
 }
 
@@ -30,7 +32,8 @@ TEST(OdbcFailures, OfAServer) {
       {{{"08001", 17, ""}}, -2147467259, 17, "Server existiert nicht oder Zugriff verweigert."},
       {{{"01000", 0, "Can't open lib 'x'"}}, 3706, 0, "SQL Server"},
       {{}, -2147467259, 17, "Server existiert nicht"}};
-  for (const Case& entry : connecting) Expect(entry, OdbcConnectError(entry.diagnoses, server));
+  for (const Case& entry : connecting)
+    Expect(entry, OdbcConnectError(entry.diagnoses, server), true);
   const Case running[] = {{{{"42S02", 208, "Objekt"}}, -2147217900, 208, "Objekt"},
                           {{{"23000", 2627, ""}}, -2147467259, 2627, "doppelte"},
                           {{{"23505", 7, ""}}, -2147467259, -1605, "doppelte"},
@@ -38,10 +41,11 @@ TEST(OdbcFailures, OfAServer) {
                           {{{"23000", 547, ""}}, -2147467259, 547, "Gültigkeitsregel"},
                           {{{"HYT00", 0, ""}}, -2147217871, 0, "Timeout"},
                           {{{"57014", 1, ""}}, -2147217871, 1, "Timeout"},
-                          {{{"57P01", 1, ""}}, -2147467259, 1, "Netzwerkfehler"},
-                          {{{"08S01", 0, ""}}, -2147467259, 11, "Netzwerkfehler"},
+                          {{{"57P01", 1, ""}}, -2147467259, 1, "Netzwerkfehler", true},
+                          {{{"08S01", 0, ""}}, -2147467259, 11, "Netzwerkfehler", true},
                           {{{"HY000", 5, "Eigenes"}}, -2147467259, 5, "Eigenes"}};
-  for (const Case& entry : running) Expect(entry, OdbcStatementError(entry.diagnoses, server));
+  for (const Case& entry : running)
+    Expect(entry, OdbcStatementError(entry.diagnoses, server), entry.ofStorage);
 }
 
 TEST(OdbcFailures, OfAFile) {
@@ -54,11 +58,12 @@ TEST(OdbcFailures, OfAFile) {
       {{{"HY000", -1206, ""}}, -2147467259, -1206, "beschädigt"},
       {{{"HY000", -9999, ""}}, -2147467259, -9999, "Fehler beim Lesen oder Schreiben"},
       {{{"IM002", 0, ""}}, 3706, 0, "C:\\x.fdb"}};
-  for (const Case& entry : connecting) Expect(entry, OdbcConnectError(entry.diagnoses, file));
+  for (const Case& entry : connecting) Expect(entry, OdbcConnectError(entry.diagnoses, file), true);
   const Case running[] = {{{{"23000", -1605, ""}}, -2147467259, -1605, "doppelte"},
-                          {{{"HY000", -1302, ""}}, -2147467259, -1302, "verwendet"},
-                          {{{"HY000", -1809, ""}}, -2147467259, -1809, "schreibgeschützt"}};
-  for (const Case& entry : running) Expect(entry, OdbcStatementError(entry.diagnoses, file));
+                          {{{"HY000", -1302, ""}}, -2147467259, -1302, "verwendet", true},
+                          {{{"HY000", -1809, ""}}, -2147467259, -1809, "schreibgeschützt", true}};
+  for (const Case& entry : running)
+    Expect(entry, OdbcStatementError(entry.diagnoses, file), entry.ofStorage);
 }
 
 }  // namespace

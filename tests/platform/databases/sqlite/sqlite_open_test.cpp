@@ -7,7 +7,7 @@ namespace {
 
 constexpr DbMode kModes[] = {DbMode::kUnknown, DbMode::kRead, DbMode::kWrite, DbMode::kReadWrite};
 
-using SqliteOpen = SqliteFile;
+using SqliteOpen = SqliteFixture;
 
 TEST_F(SqliteOpen, RefusesFilesThatAreNoDatabase) {
   const std::string whole = ReadFile(journal_);
@@ -44,10 +44,11 @@ TEST_F(SqliteOpen, DoesNotTrustTheFile) {
   RawSqlite(journal_).Run(
       "CREATE TRIGGER t AFTER INSERT ON o BEGIN DELETE FROM o; END;"
       "CREATE VIEW v AS SELECT 1 AS a;"
+      "CREATE TABLE once (a INTEGER PRIMARY KEY ON CONFLICT ROLLBACK);"
       "CREATE TABLE blobs (a BLOB); INSERT INTO blobs VALUES (zeroblob(2000000))");
   const auto connection = Open(journal_);
   const auto failure = [&](const std::string& sql, std::int32_t number = kDbErrorFailed) {
-    return FailureOf([&] { connection->Execute(sql); }, number);
+    return FailureOf([&] { connection->Execute(sql); }, number, false);
   };
   connection->Execute(InsertCall(1));
   for (const char* const sql :
@@ -59,7 +60,18 @@ TEST_F(SqliteOpen, DoesNotTrustTheFile) {
   EXPECT_TRUE(Contains(failure("SELECT a FROM blobs"), "zu groß"));
   const std::string huge(1'100'000, 'x');
   EXPECT_TRUE(Contains(failure("INSERT INTO o (ID,Firma) VALUES (2,'" + huge + "')"), "zu groß"));
-  EXPECT_EQ(RawSqlite(journal_).Run("SELECT ID FROM o"), "1 ");
+  connection->Commit();
+  EXPECT_EQ(RawSqlite(journal_).Run("SELECT ID FROM o; PRAGMA user_version"), "1 0 ");
+
+  // A file that ends the transaction by itself does not get the rest of it for good.
+  connection->Close();
+  connection->Open();
+  connection->Execute("INSERT INTO once (a) VALUES (1)");
+  for (const char* const sql : {"INSERT INTO once (a) VALUES (1)", "DELETE FROM o"}) {
+    EXPECT_NE(failure(sql), "no failure") << sql;
+  }
+  EXPECT_THROW(connection->Commit(), DatabaseError);
+  EXPECT_EQ(RawSqlite(journal_).Run("SELECT ID FROM o UNION ALL SELECT a FROM once"), "1 ");
 }
 
 }  // namespace

@@ -19,13 +19,14 @@ inline std::string InsertCall(int id) {
          ",-1,#04/03/2024 09:05:07#,'" + std::string(90, 'F') + "','" + std::string(90, 'P') + "')";
 }
 
-// What the action's failure says; a test failure of its own when the number is another one.
+// What the action's failure says; a test failure of its own when it is of another kind.
 inline std::string FailureOf(const std::function<void()>& action,
-                             std::int32_t number = kDbErrorFailed) {
+                             std::int32_t number = kDbErrorFailed, bool ofStorage = true) {
   try {
     action();
   } catch (const DatabaseError& error) {
     EXPECT_EQ(error.Number(), number) << error.Description();
+    EXPECT_EQ(error.OfStorage(), ofStorage) << error.Description();
     return error.Description();
   }
   return "no failure";
@@ -36,18 +37,25 @@ inline bool Contains(const std::string& text, const std::string& part) {
 }
 
 // An empty journal in a folder of its own.
-class SqliteFile : public testing::Test {
+class SqliteFixture : public testing::Test {
  protected:
-  SqliteFile() { CreateJournalFile(journal_); }
+  SqliteFixture() { CreateJournalFile(journal_); }
 
-  static std::unique_ptr<DatabaseConnection> Open(const std::filesystem::path& file,
-                                                  DbMode mode = DbMode::kWrite) {
-    auto connection = SqliteServices().NewConnection();
+  static std::unique_ptr<DatabaseConnection> Open(
+      const std::filesystem::path& file, DbMode mode = DbMode::kWrite,
+      std::chrono::milliseconds writeLockWait = kWriteLockWait) {
+    auto connection = SqliteServices(writeLockWait).NewConnection();
     connection->SetMode(mode);
     connection->SetProvider("Microsoft.Jet.OLEDB.4.0");
     connection->SetProperty("Data Source", file.string());
     connection->Open();
     return connection;
+  }
+  // One statement for good.
+  void Write(const std::string& sql) const {
+    const auto connection = Open(journal_);
+    connection->Execute(sql);
+    connection->Commit();
   }
   // The names of everything in the folder.
   std::string Names() const {

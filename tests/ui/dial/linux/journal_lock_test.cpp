@@ -21,8 +21,8 @@ TEST_F(DialWindowHistory, IsReadPastAnotherProgramThatWrites) {
     SCOPED_TRACE(lock);
     {
       const ChildProcess other([&, file = Journal()](const auto& say) {
-        RawSqlite journal(file);
-        journal.Run(lock);
+        RawSqlite held(file);
+        held.Run(lock);
         say("locked");
         pause();
         return 0;

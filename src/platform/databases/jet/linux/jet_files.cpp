@@ -55,6 +55,7 @@ class JetDatabase : public OpenDatabase {
     if (!IsQuery(sql)) throw ErrorOf(DatabaseFailure::kJetReadOnly, shownPath_);
     return SqliteDatabase(files_->TablesFor(shownPath_, sql)).Execute(sql);
   }
+  void Commit() override {}  // never open for writing
 
  private:
   std::shared_ptr<JetFiles> files_;

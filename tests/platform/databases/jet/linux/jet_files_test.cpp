@@ -97,8 +97,7 @@ TEST(JetFiles, AreOpenedByTheirPasswordAndForReading) {
   }
   EXPECT_EQ(Column(*journal, "SELECT Max(ID) FROM o"), "600 ");
   EXPECT_THROW(services.Databases().CompactDatabase(
-                   "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + contacts,
-                   "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/nirgends/x"),
+                   "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + contacts, "/nirgends/x"),
                DatabaseError);
 }
 

@@ -2,15 +2,20 @@
 
 #include <sys/stat.h>
 
+#include <chrono>
+
 #include "fakes/child_process.h"
+#include "platform/databases/host_databases.h"
 #include "platform/databases/sqlite/sqlite_test_support.h"
 
 namespace orvane {
 namespace {
 
 constexpr const char* kInUse = "wird bereits von einem anderen Programm verwendet";
+constexpr const char* kReads = "BEGIN; SELECT * FROM o";
+constexpr useconds_t kForLong = 100'000'000;
 
-class SqliteAccess : public SqliteFile {
+class SqliteAccess : public SqliteFixture {
  protected:
   // Another process that has done something to the file and holds on for a while.
   std::unique_ptr<ChildProcess> Other(const std::string& sql, useconds_t microseconds) const {
@@ -24,37 +29,68 @@ class SqliteAccess : public SqliteFile {
     return other;
   }
 };
-constexpr useconds_t kForLong = 100'000'000;
 
+// A reader is in nobody's way but of one who needs the file for himself, and then it is.
 TEST_F(SqliteAccess, SaysWhenAnotherProcessLocksTheFile) {
-  auto other = Other("BEGIN EXCLUSIVE", kForLong);
-  for (const DbMode mode : {DbMode::kUnknown, DbMode::kWrite}) {
-    EXPECT_TRUE(Contains(FailureOf([&] { Open(journal_, mode); }), kInUse));
+  const std::tuple<const char*, DbMode, const char*> kCases[] = {
+      {"BEGIN EXCLUSIVE", DbMode::kUnknown, kInUse},
+      {"BEGIN EXCLUSIVE", DbMode::kWrite, kInUse},
+      {"BEGIN IMMEDIATE", DbMode::kUnknown, "no failure"},
+      {"BEGIN IMMEDIATE", DbMode::kWrite, kInUse},
+      {kReads, DbMode::kUnknown, "no failure"},
+      {kReads, DbMode::kWrite, kInUse}};
+  for (const auto& [sql, mode, answer] : kCases) {
+    const auto other = Other(sql, kForLong);
+    const std::string failure = FailureOf([&, wanted = mode] {
+      Open(journal_, wanted, std::chrono::milliseconds{200})->Execute("SELECT Max(ID) FROM o");
+    });
+    EXPECT_TRUE(Contains(failure, answer)) << sql << static_cast<int>(mode) << failure;
   }
-  other.reset();
-  EXPECT_NO_THROW(Open(journal_)->Execute(InsertCall(1)));
+  EXPECT_EQ(FailureOf([this] { Write(InsertCall(1)); }), "no failure");
 }
 
-// Some rounds, because a busy machine may hold up the other process for longer than the wait.
-TEST_F(SqliteAccess, WaitsForAShortLock) {
-  bool opened = false;
-  for (int round = 0; round < 10 && !opened; ++round) {
-    const auto other = Other("BEGIN IMMEDIATE", 200'000);
-    opened = FailureOf([this] { Open(journal_); }) == "no failure";
+TEST_F(SqliteAccess, WaitsToHaveTheFileForItself) {
+  for (const char* const sql : {"BEGIN IMMEDIATE", kReads}) {
+    const auto other = Other(sql, 1'300'000);
+    EXPECT_EQ(FailureOf([this] { Open(journal_); }), "no failure") << sql;
   }
-  EXPECT_TRUE(opened);
 }
 
-// A reader lets the file be opened, but a statement cannot be completed: it must fail as a whole.
-TEST_F(SqliteAccess, FailsWhileAnotherProcessReadsOn) {
-  const auto insert = [this](int id) {
-    return FailureOf([&] { Open(journal_)->Execute(InsertCall(id)); });
+// Looking what kind of file it is, or failing to open it, must not let others in.
+TEST_F(SqliteAccess, KeepsOthersOutWhateverElseTheProgramDoesWithTheFile) {
+  ChildProcess other([this](const ChildProcess::Say& say) {
+    while (!std::filesystem::exists(folder_ / "go")) usleep(1000);
+    RawSqlite(journal_).Run("SELECT count(*) FROM o");
+    say("read");
+    return 0;
+  });
+  const auto writer = Open(journal_);
+  HostDatabases databases{{}};
+  const auto reader = databases.NewConnection();
+  reader->SetProvider("Microsoft.Jet.OLEDB.4.0");
+  reader->SetProperty("Data Source", journal_.string());
+  EXPECT_TRUE(Contains(FailureOf([&] { reader->Open(); }), kInUse));
+  folder_.Write("go", "");
+  EXPECT_EQ(other.Line(), "database is locked");
+}
+
+TEST_F(SqliteAccess, TwoWritersLoseNothingAndShareNoNumber) {
+  const auto write = [this](const ChildProcess::Say& say) {
+    for (int call = 0; call < 200; ++call) {
+      const auto connection = Open(journal_);
+      const DbValue last = connection->Execute("SELECT Max(ID) FROM o")->Field(0);
+      const auto* const id = std::get_if<std::int64_t>(&last);
+      connection->Execute(InsertCall(id == nullptr ? 1 : static_cast<int>(*id) + 1));
+      connection->Commit();
+    }
+    say("all written");
+    return 0;
   };
-  auto reader = Other("BEGIN; SELECT * FROM o", kForLong);
-  EXPECT_TRUE(Contains(insert(1), kInUse));
-  reader.reset();
-  EXPECT_EQ(insert(2), "no failure");
-  EXPECT_EQ(RawSqlite(journal_).Run("SELECT ID FROM o"), "2 ");
+  ChildProcess one(write), two(write);
+  EXPECT_EQ(one.Line(), "all written");
+  EXPECT_EQ(two.Line(), "all written");
+  EXPECT_EQ(RawSqlite(journal_).Run("SELECT count(*)||','||min(ID)||','||max(ID) FROM o"),
+            "400,1,400 ");
 }
 
 // Permissions do not bind the system's administrator, so the child becomes an ordinary user.
