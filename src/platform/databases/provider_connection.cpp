@@ -40,7 +40,6 @@ std::unique_ptr<Recordset> ProviderConnection::Execute(std::string_view sql) {
   try {
     return database_->Execute(sql);
   } catch (const DatabaseError& error) {
-
     throw;
   }
 }
