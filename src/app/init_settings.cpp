@@ -88,6 +88,8 @@ void SettingsLoader::ShowDialMethod() {
       panel_.SetDialMethodStatus("TAPI-Fehler!", "Bitte konfigurieren.");
       if (OpenConfiguredLine(tapi_, settings)) {
         panel_.SetDialMethodStatus("<Bereit>", "TAPI initialisiert");
+      } else {
+        log_.Tell(LogTopic::kLine, {"die eingestellte Leitung ist nicht dabei"});
       }
   }
 }
@@ -95,20 +97,20 @@ void SettingsLoader::ShowDialMethod() {
 void SettingsLoader::TellSettings() const {
   const HostEnvironment& host = state_.host;
   const DialSettings& settings = state_.settings;
-  const char* way = settings.dialMethod == kDialMethodNone    ? "keiner"
-                    : settings.dialMethod == kDialMethodModem ? "Modem"
-                                                              : "Leitung";
+  const bool byLine = settings.dialMethod == kDialMethodTapi;
+  const std::string way = byLine ? "Leitung „"
+                          : settings.dialMethod == kDialMethodModem
+                              ? "Modem an COM" + std::to_string(settings.comPortNumber)
+                              : "keiner";
   log_.Tell(
       LogTopic::kProgram,
       {"Talmix in ", host.hostPath, ", Benutzer ", std::to_string(host.userNumber), ", Kontakte ",
        host.useSqlServer ? "auf dem Server " + host.sqlServerName : std::string("in CONTACT.FDB")});
-  log_.Tell(LogTopic::kProgram, {"Wählweg ",
+  log_.Tell(LogTopic::kProgram, {"Wählweg: ",
                                  way,
-                                 ", COM",
-                                 std::to_string(settings.comPortNumber),
-                                 ", Leitung „",
-                                 {LogPart::Kind::kLineName, settings.tapiLineName},
-                                 "“, Amt intern „",
+                                 {LogPart::Kind::kLineName, byLine ? settings.tapiLineName : ""},
+                                 byLine ? "“" : "",
+                                 ", Amt intern „",
                                  settings.outsideLineInt,
                                  "“, extern „",
                                  settings.outsideLineExt,

@@ -93,8 +93,12 @@ void DialCommand::PlaceOrEnd() {
 void DialCommand::TellClick() const {
   const char* way = way_ == Way::kModem  ? ", über das Modem"
                     : way_ == Way::kLine ? ", über die Leitung"
-                                         : ", kein Weg eingerichtet";
-  log_.Tell(LogTopic::kCall, {panel_.SessionOn() ? "Klick: auflegen, " : "Klick: wählen, ",
+                                         : ", kein Wählweg bereit";
+  if (panel_.SessionOn()) {
+    log_.Tell(LogTopic::kCall, {"Auflegen", way});
+    return;
+  }
+  log_.Tell(LogTopic::kCall, {"Wählen: ",
                               {LogPart::Kind::kNumber, dialString_},
                               panel_.ExternTicked() ? " (extern)" : " (intern)",
                               way});

@@ -45,12 +45,16 @@ void CallLogger::Resolve() {
       ResolveExtension(prompts_, state_, call_);
     }
   }
-  log_.Tell(LogTopic::kCall, {"Kontakt: Adresse ",
-                              std::to_string(call_.addressKey),
-                              ", Person ",
-                              std::to_string(call_.personKey),
-                              ", ",
-                              {LogPart::Kind::kName, call_.company}});
+  if (call_.addressKey == 0 && call_.personKey == 0) {
+    log_.Tell(LogTopic::kCall, {"Kontakt: nicht gefunden"});
+  } else {
+    log_.Tell(LogTopic::kCall, {"Kontakt: ",
+                                {LogPart::Kind::kName, call_.company},
+                                ", Adresse ",
+                                std::to_string(call_.addressKey),
+                                ", Person ",
+                                std::to_string(call_.personKey)});
+  }
   display_.SetContactLabel(call_.company + "\r\n" + call_.place + "\r\n\r\n" + call_.person);
 }
 

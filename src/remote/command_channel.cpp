@@ -91,7 +91,9 @@ void CommandChannel::ExecuteCommands() {
     RunCommands();
   } catch (const std::exception&) {
     // A missing field or a number out of range ends the commands; the host expects no answer.
-    log_.Tell(LogTopic::kHost, {"abgelehnt: ein Feld fehlt oder ist keine Zahl"});
+    log_.Tell(LogTopic::kHost,
+              {state_.host.startArgs.empty() ? "ohne Befehl"
+                                             : "abgelehnt: ein Feld fehlt oder ist keine Zahl"});
   }
 }
 

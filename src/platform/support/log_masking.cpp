@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::string_view kLeftOut = "…";
 constexpr std::string_view kMessagePrefix = "TX:";
+// Before the only quoted word of the program's own.
+constexpr std::string_view kProcedure = "Prozedur: ";
 constexpr std::ptrdiff_t kDigitsShown = 3;
 // Longer ones are no user numbers and no keys, and telephone numbers begin with 0.
 constexpr std::size_t kLongestKey = 7;
@@ -85,7 +87,7 @@ std::string MaskedMessage(std::string_view message) {
   return masked;
 }
 
-// What stands in quotes is data, unless it is the path of a file.
+// What stands in quotes is data, unless it is the path of a file or a part of the program.
 std::string MaskedDetail(std::string_view text) {
   std::string masked;
   while (!text.empty()) {
@@ -94,9 +96,10 @@ std::string MaskedDetail(std::string_view text) {
     if (open == std::string_view::npos) break;
     const std::size_t close = std::min(text.find(text[open], open + 1), text.size());
     const std::string_view quoted = text.substr(open + 1, close - open - 1);
-    const bool isPath = quoted.find_first_of("\\/") != std::string_view::npos;
+    const bool isKnown =
+        masked.ends_with(kProcedure) || quoted.find_first_of("\\/") != std::string_view::npos;
     masked += text[open];
-    masked += isPath ? quoted : kLeftOut;
+    masked += isKnown ? quoted : kLeftOut;
     if (close < text.size()) masked += text[close];
     text.remove_prefix(std::min(close + 1, text.size()));
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/errors.h"
+#include "platform/support/error_text.h"
 #include "platform/text/stopwatch.h"
 
 namespace orvane {
@@ -26,9 +27,9 @@ class FailureTeller {
       log_.Tell(LogTopic::kDatabase, {std::string(database),
                                       ", ",
                                       std::string(what),
-                                      ": Fehler ",
-                                      std::to_string(error.Number()),
-                                      ", eigene Nummer ",
+                                      ": ",
+                                      ErrorText(error.Number()),
+                                      ", Nummer der Datenbank ",
                                       std::to_string(error.NativeNumber()),
                                       ", ",
                                       {LogPart::Kind::kDetail, description},

@@ -1,50 +1,51 @@
 #include "platform/support/logged_lines.h"
 
-#include <array>
-#include <cstdio>
 #include <utility>
 
+#include "platform/support/error_text.h"
+#include "platform/support/line_words.h"
 #include "platform/text/stopwatch.h"
 
 namespace orvane {
 namespace {
 
-std::string StateText(std::int32_t state) {
-  static constexpr std::pair<std::int32_t, const char*> kNames[] = {
-      {kLineCallIdle, "frei"},
-      {kLineCallDialing, "wählt"},
-      {kLineCallRingback, "es läutet"},
-      {kLineCallBusy, "besetzt"},
-      {kLineCallConnected, "verbunden"},
-      {kLineCallProceeding, "wird vermittelt"},
-      {kLineCallDisconnected, "getrennt"}};
-  std::array<char, 16> number{};
-  std::snprintf(number.data(), number.size(), "0x%X", static_cast<unsigned>(state));
-  for (const auto& [known, name] : kNames) {
-    if (known == state) return std::string(name) + " (" + number.data() + ")";
-  }
-  return number.data();
-}
-
+// The number 0 is whatever call there may be: the program also asks for it when it ends.
 std::string CallText(std::int32_t handle) {
-  return "Gespräch " + std::to_string(handle) + ": ";
+  return handle == 0 ? "Gespräch, falls eines läuft: "
+                     : "Gespräch " + std::to_string(handle) + ": ";
 }
 
 std::string LineText(std::int32_t line) {
   return "Leitung #" + std::to_string(line) + " ";
 }
 
+// Up as long as this lives.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Raised() { flag_ = false; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 }  // namespace
 
 template <typename Request>
 auto LoggedLines::Told(std::initializer_list<LogPart> what, const Request& request) {
   log_.Tell(LogTopic::kLine, what);
+  const Raised asking(asking_);
   const Stopwatch watch;
   try {
     return request();
   } catch (const TapiError& error) {
-    log_.Tell(LogTopic::kLine, {"Fehler ", std::to_string(error.Number()), ", ",
-                                error.Description(), " (", watch.Text(), ")"});
+    // A call that has just ended by itself, or none at all, is no failure.
+    const bool isOver = error.Number() == kLineErrorInvalidCall;
+    log_.Tell(LogTopic::kLine, {isOver ? std::string("es läuft keines mehr")
+                                       : ErrorText(error.Number()) + ", " + error.Description(),
+                                " (", watch.Text(), ")"});
     throw;
   }
 }
@@ -52,6 +53,7 @@ auto LoggedLines::Told(std::initializer_list<LogPart> what, const Request& reque
 void LoggedLines::Initialise() {
   Told({"Leitungen suchen"}, [this] { lines_.Initialise(); });
   const int count = lines_.LineCount();
+  log_.Tell(LogTopic::kLine, {"Leitungen gefunden: ", std::to_string(count)});
   for (int line = 0; log_.Listening() && line < count; ++line) {
     const std::string name = lines_.LineName(line);
     log_.Tell(LogTopic::kLine, {LineText(line), "„", {LogPart::Kind::kLineName, name}, "“"});
@@ -65,6 +67,7 @@ std::int32_t LoggedLines::OpenLine(std::int32_t line, std::int32_t privileges,
 }
 
 void LoggedLines::CloseLine(std::int32_t line) {
+  if (line == kNoTapiLine) return lines_.CloseLine(line);
   Told({LineText(line), "schließen"}, [&] { lines_.CloseLine(line); });
 }
 
@@ -77,6 +80,7 @@ std::int32_t LoggedLines::MakeCall(std::int32_t line, const std::string& dialStr
 }
 
 void LoggedLines::DropCall(std::int32_t line, std::int32_t callHandle) {
+  if (line == kNoTapiLine) return lines_.DropCall(line, callHandle);
   Told({CallText(callHandle), "trennen"}, [&] { lines_.DropCall(line, callHandle); });
 }
 
@@ -89,29 +93,15 @@ void LoggedLines::SetEvents(TapiEvents* events) {
   lines_.SetEvents(events == nullptr ? nullptr : this);
 }
 
-void LoggedLines::OnBusy(std::int32_t callHandle) {
-  log_.Tell(LogTopic::kLine, {CallText(callHandle), "die Gegenstelle ist besetzt"});
-  events_->OnBusy(callHandle);
-}
-
-void LoggedLines::OnConnected(std::int32_t callHandle) {
-  log_.Tell(LogTopic::kLine, {CallText(callHandle), "die Verbindung steht"});
-  events_->OnConnected(callHandle);
-}
-
-void LoggedLines::OnDisconnected(std::int32_t callHandle) {
-  log_.Tell(LogTopic::kLine, {CallText(callHandle), "die Verbindung ist beendet"});
-  events_->OnDisconnected(callHandle);
-}
-
 void LoggedLines::OnLineMessage(const std::string& result, const std::string& function,
                                 std::int32_t code) {
-  log_.Tell(LogTopic::kLine, {"Meldung ", result, " ", function, " ", std::to_string(code)});
+  const std::string text = LineMessageText({result, function, code, asking_});
+  log_.Tell(LogTopic::kLine, {{LogPart::Kind::kDetail, text}});
   events_->OnLineMessage(result, function, code);
 }
 
 void LoggedLines::OnCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) {
-  log_.Tell(LogTopic::kLine, {CallText(callHandle), StateText(state)});
+  log_.Tell(LogTopic::kLine, {CallText(callHandle), CallStateText(state)});
   events_->OnCallState(callHandle, callId, state);
 }
 

@@ -28,20 +28,23 @@ class LoggedLines : public TapiControl, private TapiEvents {
   void SetEvents(TapiEvents* events) override;
 
  private:
-  void OnBusy(std::int32_t callHandle) override;
-  void OnConnected(std::int32_t callHandle) override;
-  void OnDisconnected(std::int32_t callHandle) override;
+  // Each of these comes with a state of the call that says the same.
+  void OnBusy(std::int32_t callHandle) override { events_->OnBusy(callHandle); }
+  void OnConnected(std::int32_t callHandle) override { events_->OnConnected(callHandle); }
+  void OnDisconnected(std::int32_t callHandle) override { events_->OnDisconnected(callHandle); }
   void OnLineMessage(const std::string& result, const std::string& function,
                      std::int32_t code) override;
   void OnCallState(std::int32_t callHandle, std::int32_t callId, std::int32_t state) override;
 
-  // Does it; tells what was done and how long it took, or what stood in the way.
+  // Does it; tells what is to be done, and what stood in the way and for how long.
   template <typename Request>
   auto Told(std::initializer_list<LogPart> what, const Request& request);
 
   TapiControl& lines_;
   SupportLog& log_;
   TapiEvents* events_ = nullptr;
+  // While a request runs, whose success is reported as an event.
+  bool asking_ = false;
 };
 
 }  // namespace orvane

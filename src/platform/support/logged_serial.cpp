@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/support/error_text.h"
 #include "platform/text/stopwatch.h"
 #include "platform/text/text_tools.h"
 
@@ -10,7 +11,7 @@ namespace orvane {
 namespace {
 
 std::string FailureText(const SerialError& error) {
-  return "Fehler " + std::to_string(error.Number()) + ", " + error.Description();
+  return ErrorText(error.Number()) + ", " + error.Description();
 }
 
 }  // namespace
@@ -29,7 +30,7 @@ void LoggedSerial::Tell(std::string_view what, const std::function<void()>& step
 }
 
 void LoggedSerial::SetCommPort(int port) {
-  Tell("COM" + std::to_string(port) + " gewählt", [&] { port_.SetCommPort(port); });
+  Tell("COM" + std::to_string(port) + " auswählen", [&] { port_.SetCommPort(port); });
 }
 
 void LoggedSerial::SetPortOpen(bool open) {
@@ -39,7 +40,7 @@ void LoggedSerial::SetPortOpen(bool open) {
 }
 
 void LoggedSerial::Output(std::string_view bytes) {
-  Tell("gesendet: " + std::string(Trimmed(bytes, "\r")), [&] { port_.Output(bytes); });
+  Tell(std::string(Trimmed(bytes, "\r")) + " senden", [&] { port_.Output(bytes); });
 }
 
 void LoggedSerial::SetReceiveHandler(std::function<void()> handler) {

@@ -39,6 +39,7 @@ TEST(LogMasking, HidesWhomTheUserCalls) {
       {Kind::kDetail, "Datei 'C:\\Daten\\TelList.fdb' gesperrt (5)",
        "Datei 'C:\\Daten\\TelList.fdb' gesperrt (5)"},
       {Kind::kDetail, "ohne Ende 'Meier", "ohne Ende '…"},
+      {Kind::kDetail, "Prozedur: \"DialTAPI\", bei \"Meier\"", "Prozedur: \"DialTAPI\", bei \"…\""},
   };
   for (const auto& [kind, text, masked] : kCases) EXPECT_EQ(Masked({kind, text}), masked) << text;
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/errors.h"
@@ -298,11 +299,22 @@ void SipLines::Reach(Call& call, std::int32_t state) {
 }
 
 void SipLines::Close(const Call& call, const std::string& reason) {
-  if (IsBusy(reason) && call.state != kLineCallConnected) {
-    Report(call.handle, kLineCallBusy);
-    events_.Add([handle = call.handle](TapiEvents& events) { events.OnBusy(handle); });
+  if (call.state != kLineCallConnected) {
+    if (IsBusy(reason)) {
+      Report(call.handle, kLineCallBusy);
+      events_.Add([handle = call.handle](TapiEvents& events) { events.OnBusy(handle); });
+    } else if (call.dialled && !call.hangUp) {
+      ReportRefusal(reason);
+    }
   }
   End(call.handle);
+}
+
+// Why a call did not come about: a number of the far side's with its words, or baresip's words.
+void SipLines::ReportRefusal(const std::string& reason) {
+  events_.Add([reason](TapiEvents& events) {
+    events.OnLineMessage("REFUSED", "SIP: " + reason, std::atoi(reason.c_str()));
+  });
 }
 
 // Frees the line and reports the end, if the call is still there.

@@ -82,6 +82,7 @@ class SipLines : public LineServiceProvider, private BaresipControl::Listener {
   void Close(const Call& call, const std::string& reason);
   void End(std::int32_t handle);
   void Report(std::int32_t handle, std::int32_t state);
+  void ReportRefusal(const std::string& reason);
 
   CallHandles& handles_;
   LineEventQueue events_;

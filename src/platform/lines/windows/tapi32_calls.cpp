@@ -167,6 +167,7 @@ void Tapi32Calls::Follow(Call& call, std::int32_t state, DWORD mode) {
       break;
     case kLineCallDisconnected:
       if (mode == LINEDISCONNECTMODE_BUSY && before != kLineCallBusy) ReportBusy(call);
+      ReportRefusal(call, mode);
       End(call);
       // Some drivers let a call go only when it is dropped here too.
       if (call.dialled) RequestDrop(call);
@@ -207,6 +208,17 @@ void Tapi32Calls::Report(const Call& call, std::int32_t state) {
 void Tapi32Calls::ReportFailure(const std::string& function, std::int32_t result) {
   events_.Add(
       [function, result](TapiEvents& events) { events.OnLineMessage("FAILED", function, result); });
+}
+
+// Why a call that was dialled here did not come about, when it was not simply busy.
+void Tapi32Calls::ReportRefusal(const Call& call, DWORD mode) {
+  if (!call.dialled || call.dropWanted || call.wasConnected || mode <= LINEDISCONNECTMODE_NORMAL ||
+      mode == LINEDISCONNECTMODE_BUSY) {
+    return;
+  }
+  events_.Add([mode](TapiEvents& events) {
+    events.OnLineMessage("REFUSED", "TapiMakeCall", static_cast<std::int32_t>(mode));
+  });
 }
 
 // All of the end at once, so that no other call begins in between: TAPI's "idle" may come much

@@ -74,6 +74,7 @@ class Tapi32Calls {
   void ReportBusy(const Call& call);
   void Report(const Call& call, std::int32_t state);
   void ReportFailure(const std::string& function, std::int32_t result);
+  void ReportRefusal(const Call& call, DWORD mode);
   void End(Call& call);
   // Forgets the call as soon as TAPI has answered the request to dial it.
   void Release(Call& call);

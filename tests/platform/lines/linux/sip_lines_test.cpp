@@ -87,6 +87,26 @@ TEST_F(SipLinesTest, ACallThatBaresipRefusesEnds) {
   ExpectUsable();
 }
 
+TEST_F(SipLinesTest, ARefusalTellsItsReasonUnlessItWasHungUpHere) {
+  Open();
+  lines.MakeCall(0, lab.rejected);
+  EXPECT_TRUE(Saw(Log{"32", "REFUSED SIP: 603 Decline"}));
+  EXPECT_TRUE(Saw(kEnd));
+  for (const std::string& number : {lab.busy, lab.farEndHangsUp, lab.noAnswer}) {
+    SCOPED_TRACE(number);
+    events.log.clear();
+    lines.MakeCall(0, number);
+    if (number == lab.noAnswer) {
+      ASSERT_TRUE(Saw({"32"}));
+      lines.DropCall(0, events.handle);
+    }
+    EXPECT_TRUE(Saw(kEnd));
+    EXPECT_TRUE(std::none_of(events.log.begin(), events.log.end(), [](const std::string& event) {
+      return event.starts_with("REFUSED");
+    }));
+  }
+}
+
 TEST_F(SipLinesTest, HangsUpOnlyItsOwnCallAndOnlyOnce) {
   Open();
   lines.OpenLine(1);
