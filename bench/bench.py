@@ -7,7 +7,6 @@ the modem, and a telephone and a far end for the SIP line. Reports the median an
 percentile; it judges nothing.
 """
 import pathlib
-import re
 import subprocess
 import time
 
@@ -63,13 +62,8 @@ class Bench(ScriptedRun):
         if len(answer) != 2:
             raise Failed("the telephone for the SIP line did not start")
         self.system.environment["ORVANE_BARESIP_PORT"], line = answer
-        registry = self.root / "config" / "Nordel" / "registry.ini"
-        text = registry.read_text()
         for name, value in (("CTI", "2"), ("TapiBez", line)):
-            text, count = re.subn(rf"(?m)^(.*\\{name}=).*$", rf'\g<1>"{value}"', text)
-            if count != 1:
-                raise Failed(f"the installation has no setting {name}")
-        registry.write_text(text)
+            self.demo.put_setting(name, value)
         return FarEnd(folder / "far_end.log")
 
     def start_dialer(self, **options):

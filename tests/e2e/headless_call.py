@@ -5,9 +5,10 @@
 
 The line is simulated, modem or sip. Starts everything it needs (display, window manager, session
 bus, demo host with dialer and line) and clicks with real pointer events. Exits with 0 only when the
-line heard the right digits and the hang-up, and the journal holds the call. Whatever it started is
-ended when it leaves.
+line heard the right digits and the hang-up, the journal holds the call, and the log for support
+tells it without saying whose. Whatever it started is ended when it leaves.
 """
+import pathlib
 import re
 import time
 
@@ -34,6 +35,17 @@ COURSES = {
 }
 TALK_S = 1.5  # long enough for a duration to tell
 
+# What the log tells on the way of a call; the last three digits are in the open.
+LOG_HEAD = r"Orvane \d+\.\d+\.\d+, .+ \(.+\), Qt \d+\.\d+\.\d+, gestartet mit TX:17"
+MASKED = r"\*[* /-]*" + CONTACT_DIGITS[-3:]
+LINE_STEPS = (rf"Leitung #0 wählt {MASKED}", "verbunden", "Auflegen", "trennen", "getrennt", "Dauer: ")
+LOG_STEPS = {
+    "modem": (r"COM1 öffnen \(", r"AT senden \(", r"empfangen: \d+ Zeichen", rf"ATDT {MASKED} senden \(",
+              "Auflegen", r"ATH0 senden \(", "COM1 schließen"),
+    "simulated": LINE_STEPS,
+    "sip": LINE_STEPS,
+}
+
 
 class Call(ScriptedRun):
     def __init__(self, folder, programs, out, line):
@@ -42,6 +54,7 @@ class Call(ScriptedRun):
         self.expected, self.in_call, self.ended = COURSES[line]
 
     def begin(self):
+        self.demo.put_setting("BriskoLog", 1)
         self.host = self.start_demo_host(line=self.line)
         for caption in (HOST, DIALER):
             wait_for(f"the window {caption}", lambda: tree.window(caption))
@@ -105,6 +118,30 @@ class Call(ScriptedRun):
         if bool(rows[0]["Dauer"]) == (self.line == "modem"):
             raise Failed("the journal's duration is wrong")
 
+    def check_log(self):
+        folder = pathlib.Path(self.system.environment["XDG_DATA_HOME"]) / "Orvane"
+        log = (folder / "Orvane.log").read_text()
+        self.tell("\nLog for support:\n" + log)
+        self.check_steps(log)
+        self.check_secrecy(log)
+
+    def check_steps(self, log):
+        place = 0
+        for step in (rf"\A{LOG_HEAD}\n", rf"empfangen: TX:17~Dial~1\|{MASKED}\|…\|…\|…\|",
+                     rf"Wählen: {MASKED} \(extern\)", *LOG_STEPS[self.line], r"\|KillMySelf\|",
+                     r"Ende\n\Z"):
+            found = re.compile(step).search(log, place)
+            if not found:
+                raise Failed(f"the log does not tell '{step}' in its place")
+            place = found.end()
+
+    def check_secrecy(self, log):
+        names, numbers = self.demo.contacts()
+        digits = re.sub(r"[ /-]", "", log)
+        told = [name for name in names if name in log] + [number for number in numbers if number in digits]
+        if told or len(names) < 15 or len(numbers) < 15:
+            raise Failed(f"the log tells {told} of {len(names)} names and {len(numbers)} numbers")
+
     def play(self):
         self.begin()
         self.type_number()
@@ -115,6 +152,7 @@ class Call(ScriptedRun):
         self.tell("\nThe dialer ended by the host's command.")
         self.check_line()
         self.check_journal()
+        self.check_log()
         self.tell("\nThe call happened as it should.")
 
 

@@ -20,6 +20,12 @@ def dial_command(number, company="Probe & Söhne", rest="Meier, Eva|Gießen|1|2"
     return f"{START_COMMAND}~Dial~1|{number}|{company}|{rest}"
 
 
+def read(database, query, *values):
+    with contextlib.closing(sqlite3.connect(f"file:{database}?mode=ro", uri=True)) as connection:
+        connection.row_factory = sqlite3.Row
+        return connection.execute(query, values).fetchall()
+
+
 class Demo:
     """What is in the folder of a demo."""
 
@@ -35,14 +41,29 @@ class Demo:
     def speed_dial(self):
         return self.user_file("Kurzwahl.dat")
 
+    def put_setting(self, name, value):
+        """Stores a value of the host's key; the installation leaves it alone if it is not its own."""
+        file = self.root / "config" / "Nordel" / "registry.ini"
+        key = rf"SOFTWARE\Nordel\Talmix18\{name}="
+        lines = file.read_text().splitlines() if file.exists() else ["[HKEY_CURRENT_USER]"]
+        kept = [line for line in lines if not line.lower().startswith(key.lower())]
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text("\n".join([*kept, f'{key}"{value}"', ""]))
+
     def area_codes(self):
         return self.root / "host" / "res" / "VPB.rgt"
 
     def read_journal(self, query, *values):
-        address = f"file:{self.journal()}?mode=ro"
-        with contextlib.closing(sqlite3.connect(address, uri=True)) as journal:
-            journal.row_factory = sqlite3.Row
-            return journal.execute(query, values).fetchall()
+        return read(self.journal(), query, *values)
+
+    def contacts(self):
+        """What the contacts are known by: names, places, and numbers from the area code on."""
+        file = self.root / "host" / "Daten" / "CONTACT.FDB"
+        names = read(file, "SELECT Firma1, Ort FROM Adressen UNION SELECT VName, NName FROM AdrDetail")
+        numbers = read(file, "SELECT RawZentrTel FROM Adressen UNION SELECT RawTel1 FROM AdrDetail"
+                             " UNION SELECT RawHandy FROM AdrDetail")
+        return ([text for row in names for text in row if text],
+                [number.removeprefix("49") for number, in numbers if number])
 
     def log(self, name):
         file = self.root / name
