@@ -5,11 +5,12 @@
 # links to its own headers only, so a header of a folder that is not among the stated dependencies
 # is not found: a wrong arrow between modules fails the build.
 #
-#   orvane_module(<target> FOLDERS <folders below src...> [DEPENDS <targets...>])
+#   orvane_module(<target> FOLDERS <folders below src...> [DEPENDS <targets...>]
+#     [USES <targets whose headers its users do not see...>])
 #
 # Qt comes from the list in OrvaneQt.cmake and not from DEPENDS.
 function(orvane_module target)
-  cmake_parse_arguments(ARG "" "" "FOLDERS;DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "FOLDERS;DEPENDS;USES" ${ARGN})
   set(root "${CMAKE_BINARY_DIR}/include/${target}")
   file(REMOVE_RECURSE "${root}")
   set(sources)
@@ -35,7 +36,7 @@ function(orvane_module target)
   if(sources)
     add_library(${target} STATIC ${sources} ${headers})
     set(scope PUBLIC)
-    target_link_libraries(${target} PRIVATE orvane_compiler)
+    target_link_libraries(${target} PRIVATE orvane_compiler ${ARG_USES})
     add_dependencies(${target} orvane_header_rules)
   else()
     add_library(${target} INTERFACE)

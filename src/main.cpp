@@ -63,9 +63,9 @@ void SpeakGerman(QApplication& application, QTranslator& translator) {
   }
 }
 
-// Off by default; a registry that cannot be read leaves it off.
-std::unique_ptr<orvane::SupportLog> OpenSupportLog(const std::string& commandLine,
-                                                   const orvane::Clock& clock) {
+// Null while it is off, as by default and when the registry cannot be read.
+std::unique_ptr<orvane::SupportLogFile> MakeSupportLog(const std::string& commandLine,
+                                                       const orvane::Clock& clock) {
   using namespace orvane;
   bool on = false;
   bool open = false;
@@ -75,7 +75,7 @@ std::unique_ptr<orvane::SupportLog> OpenSupportLog(const std::string& commandLin
     on = IsOn(*registry, setting::kSupportLog);
     open = IsOn(*registry, setting::kSupportLogOpen);
   });
-  if (!on) return std::make_unique<NoSupportLog>();
+  if (!on) return nullptr;
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   return std::make_unique<SupportLogFile>(
       std::filesystem::path((folder + QStringLiteral("/Orvane")).toStdU16String()),
@@ -95,8 +95,10 @@ std::unique_ptr<orvane::SupportLog> OpenSupportLog(const std::string& commandLin
 int Run(const std::string& commandLine, const orvane::DriverThreads& driverThreads) {
   using namespace orvane;
   SystemClock clock;
-  const auto log = OpenSupportLog(commandLine, clock);
-  LoggedSystem logged(*log);
+  NoSupportLog nobody;
+  const auto logFile = MakeSupportLog(commandLine, clock);
+  SupportLog& log = logFile ? static_cast<SupportLog&>(*logFile) : nobody;
+  LoggedSystem logged(log);
   QtPrompts screen;
   Prompts& prompts = logged.Told(screen);
   HostHelper messages(prompts);
@@ -121,13 +123,14 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
   HostDatabases journalDatabases{native::Databases(journalWork, driverThreads)};
   const auto folderLocks = native::MakeFolderLocks();
   TelList journal(logged.ToldOfJournal(journalDatabases), *folderLocks, background, prompts, queue,
-                  *log);
+                  log);
   const DialSystem system{{logged.Told(tapi), logged.Told(*serial), native::ListSerialPorts,
-                           channel, loop, clock, locale, messages, *log, native::MakeChrome},
+                           channel, loop, clock, locale, messages, native::MakeChrome},
                           native::MakeRegistry,
                           *ini,
                           logged.Told(databases),
-                          background};
+                          background,
+                          log};
   frmDial window(system, state, call, queue, journal);
 
   StartupOutcome outcome = StartupOutcome::kRefused;
@@ -136,12 +139,15 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
         native::MakeRegistry, *instance, state, messages, dialogMessages,
         QFileInfo(QApplication::applicationFilePath()).absolutePath().toStdString(), commandLine,
         {[&](const std::string& text) { SendToRunningInstance(channel, text); },
+         [&] {
+           if (logFile) logFile->Begin();
+         },
          [&] { window.Channel().ExecuteCommands(); }});
   });
   // Without a window nothing would ever end the program.
   const bool runs = outcome == StartupOutcome::kRunning && window.IsLoaded();
   const int result = runs ? loop.Run() : 0;
-  log->Tell(LogTopic::kProgram, {runs ? "Ende" : "Ende ohne Fenster"});
+  log.Tell(LogTopic::kProgram, {runs ? "Ende" : "Ende ohne Fenster"});
   // A network folder that is silent to the end: nothing must be cleaned up under its feet.
   if (!background.Finish(std::chrono::milliseconds(0))) std::_Exit(result);
   return result;

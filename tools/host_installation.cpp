@@ -8,6 +8,8 @@
 
 #include "app/date_time.h"
 #include "app/host_paths.h"
+#include "app/host_settings.h"
+#include "app/speed_dial_file.h"
 #include "app/unscramble_setting.h"
 #include "contact_file.h"
 #include "journal_schema.h"
@@ -17,8 +19,6 @@
 
 namespace orvane {
 namespace {
-
-constexpr std::size_t kSpeedDialPlaces = 8;
 
 // The host's form of a path: every separator is "\", one at the end.
 std::string HostFolderText(const std::filesystem::path& folder) {
@@ -40,14 +40,12 @@ std::string GlobalIni(const HostInstallationOptions& options) {
          "\r\nInternMax3=" + options.internalMax3 + "\r\n";
 }
 
-// All eight places, the empty ones too, as the options dialog writes them.
-std::string SpeedDialBlock(const std::vector<SpeedDialEntry>& entries) {
-  std::string block;
-  for (std::size_t i = 0; i < kSpeedDialPlaces; ++i) {
-    const auto entry = i < entries.size() ? entries[i] : SpeedDialEntry{};
-    block += entry.name + "|" + entry.number + "|";
+SpeedDialRows RowsOf(const std::vector<SpeedDialEntry>& entries) {
+  SpeedDialRows rows;
+  for (std::size_t i = 0; i < std::min(entries.size(), rows.size()); ++i) {
+    rows[i] = {entries[i].name, entries[i].number};
   }
-  return block + "¿";
+  return rows;
 }
 
 // Local time in days since 1899-12-30.
@@ -65,18 +63,15 @@ std::string Scramble(const std::string& text) {
 void WriteRegistry(HostRegistry& registry, const std::string& hostPath,
                    const HostInstallationOptions& options) {
   BindHostRegistry(registry);
-  const std::array<std::pair<std::string, std::string>, 9> values = {{
-      {"TXPfad", hostPath},
-      {"SrvName", Scramble(options.serverName)},
-      {"SrvLogin", Scramble(options.serverLogin)},
-      {"SrvPass", Scramble(options.serverPassword)},
-      {"CTI", std::to_string(options.dialMethod)},
-      {"COMPort", std::to_string(options.comPort)},
-      {"TapiBez", options.tapiLineName},
-      {"AmtInt", options.outsideLineInt},
-      {"AmtExt", options.outsideLineExt},
-  }};
-  for (const auto& [name, value] : values) registry.Write("", name, value);
+  Store(registry, setting::kHostFolder, hostPath);
+  Store(registry, setting::kServerName, Scramble(options.serverName));
+  Store(registry, setting::kServerLogin, Scramble(options.serverLogin));
+  Store(registry, setting::kServerPassword, Scramble(options.serverPassword));
+  Store(registry, setting::kDialMethod, std::to_string(options.dialMethod));
+  Store(registry, setting::kComPort, std::to_string(options.comPort));
+  Store(registry, setting::kLineName, options.tapiLineName);
+  Store(registry, setting::kOutsideLineInt, options.outsideLineInt);
+  Store(registry, setting::kOutsideLineExt, options.outsideLineExt);
 }
 
 }  // namespace
@@ -91,8 +86,9 @@ HostInstallation BuildHostInstallation(const std::filesystem::path& folder, Host
   HostInstallation installation{HostFolderText(folder), data / "Global.ini", data / "CONTACT.FDB",
                                 userRes / "TelList.fdb", userRes / "Kurzwahl.dat"};
   WriteFile(installation.globalIni, EncodeAnsi(GlobalIni(options)));
-  WriteFile(installation.speedDialFile, EncodeAnsi(SpeedDialBlock(options.internalSpeedDial) +
-                                                   SpeedDialBlock(options.externalSpeedDial)));
+  WriteFile(installation.speedDialFile,
+            EncodeAnsi(SpeedDialFileText(
+                {RowsOf(options.internalSpeedDial), RowsOf(options.externalSpeedDial)})));
   if (std::filesystem::exists(options.areaCodeFile)) {
     // Not every library overwrites when it is told to.
     std::filesystem::remove(folder / "res" / "VPB.rgt");

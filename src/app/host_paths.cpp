@@ -58,7 +58,7 @@ void ReadServerSettings(HostEnvironment& host, Prompts& prompts) {
 void BindHostRegistry(HostRegistry& registry) {
   registry.SetApplicationName("Talmix" + std::string(kHostVersion));
   registry.SetRootKey(kRootCurrentUser);
-  registry.SetKeyPath("SOFTWARE\\Nordel\\Talmix" + std::string(kHostVersion));
+  registry.SetKeyPath(std::string(kMakerKey) + "\\Talmix" + std::string(kHostVersion));
 }
 
 std::string ReadHostSetting(const HostEnvironment& host, Prompts& prompts,

@@ -12,6 +12,9 @@ namespace orvane {
 // The host's major version; part of its registry names and of its tray window's name.
 inline constexpr std::string_view kHostVersion = "18";
 
+// The key of the host's maker, of the current user.
+inline constexpr std::string_view kMakerKey = "SOFTWARE\\Nordel";
+
 // The database password of the files that the host brings: contacts and area codes.
 inline constexpr std::string_view kHostFilePassword = "4rdxtz8w";
 

@@ -25,7 +25,8 @@ struct ByteSetting {
   std::string_view fallback;
 };
 
-// A number as decimal text, read as far as the text begins with one.
+// A number as decimal text, read as far as the text begins with one; of a window only whole numbers
+// count.
 struct NumberSetting {
   std::string_view section;
   std::string_view name;
@@ -65,10 +66,10 @@ inline constexpr NumberSetting kWindowState{kDialSection, "WS"};
 // The outgoing calls, the longest period, all kinds of calls.
 inline constexpr NumberSetting kCallTab{kDialSection, "TelTab", 1};
 inline constexpr NumberSetting kCallPeriod{kDialSection, "cboFilter", 0};
-inline constexpr NumberSetting kCallKinds[] = {{kDialSection, "cTel0", 1},
-                                               {kDialSection, "cTel1", 1},
-                                               {kDialSection, "cTel2", 1},
-                                               {kDialSection, "cTel3", 1}};
+inline constexpr NumberSetting kCallKindsShown[] = {{kDialSection, "cTel0", 1},
+                                                    {kDialSection, "cTel1", 1},
+                                                    {kDialSection, "cTel2", 1},
+                                                    {kDialSection, "cTel3", 1}};
 inline constexpr TextSetting kCallColumns{kDialSection, "TelSpalten"};
 
 // Not of the host's key but of its maker's.

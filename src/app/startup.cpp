@@ -48,6 +48,7 @@ StartupOutcome RunStartup(const RegistryFactory& newRegistry, SingleInstance& in
     if (!host.startArgs.front().empty()) hooks.sendToRunningInstance(host.startArgs.front());
     return StartupOutcome::kForwarded;
   }
+  hooks.claimed();
   host.registry = newRegistry();
   if (host.registry) BindHostRegistry(*host.registry);
   if (!ReadHostPaths(host, firstHelper)) {

@@ -16,6 +16,8 @@ enum class StartupOutcome { kRefused, kForwarded, kRunning };
 // What start-up hands over to, above this folder.
 struct StartupHooks {
   std::function<void(const std::string&)> sendToRunningInstance;
+  // This is the instance that runs.
+  std::function<void()> claimed;
   std::function<void()> executeCommands;
 };
 

@@ -23,7 +23,10 @@ void ChooseExtern(DialPanel& panel, const std::string& number) {
 void DialCommand::Click() {
   call_.canonicalNumber.clear();
   const std::string number = PrepareDialNumber(panel_.NumberText(), state_.settings.countryPrefix);
-  if (state_.host.userNumber == 0) return;
+  if (state_.host.userNumber == 0) {
+    log_.Tell(LogTopic::kCall, {"Wählen ohne Wirkung: noch kein Benutzer"});
+    return;
+  }
   const bool places = !panel_.SessionOn();
   if (places) Prepare(number);
   PlaceOrEnd();
@@ -91,6 +94,7 @@ void DialCommand::PlaceOrEnd() {
 }
 
 void DialCommand::TellClick() const {
+  if (!log_.Listening()) return;
   const char* way = way_ == Way::kModem  ? ", über das Modem"
                     : way_ == Way::kLine ? ", über die Leitung"
                                          : ", kein Wählweg bereit";

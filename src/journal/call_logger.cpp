@@ -66,7 +66,7 @@ void CallLogger::LogEnd(bool isBusy) {
     display_.AddStatus("Getrennt um " + locale_.Time(now));
     display_.AddStatus("Gesprächsdauer: " + duration);
   }
-  log_.Tell(LogTopic::kCall, {"beendet, Dauer: ", duration});
+  log_.Tell(LogTopic::kCall, {isBusy ? "beendet: " : "beendet nach ", duration});
   // A call that was taken at the telephone itself has no row.
   if (!call_.startText.empty()) {
     journal_.Complete(call_.userPath,

@@ -55,7 +55,8 @@ void HealJournal(const std::string& userPath, DatabaseServices& databases, Suppo
   if (chosen.empty()) return;
   std::error_code error;
   std::filesystem::rename(NativePath(chosen), NativePath(journal), error);
-  log.Tell(LogTopic::kDatabase, {"TelList.fdb fehlte und wurde aus ", chosen,
+  log.Tell(LogTopic::kDatabase, {"TelList.fdb fehlte und wurde aus ",
+                                 {LogPart::Kind::kPath, chosen},
                                  error ? " nicht wiederhergestellt" : " wiederhergestellt"});
 }
 

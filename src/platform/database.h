@@ -49,6 +49,7 @@ class DatabaseConnection {
   virtual ~DatabaseConnection() = default;
 
   virtual void SetMode(DbMode mode) = 0;
+  // Handed over as it is stated for the host's databases; every cursor is client-side here.
   virtual void SetCursorLocation(DbCursorLocation location) = 0;
   virtual void SetProvider(std::string_view provider) = 0;
   // "Data Source" (a path with "\" or a server), "Jet OLEDB:Database Password", "Password",

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace orvane {
 
@@ -30,6 +31,12 @@ class DatabaseError : public PlatformError {
                 bool ofStorage = false)
       : PlatformError(number, description), nativeNumber_(nativeNumber), ofStorage_(ofStorage) {}
   std::int32_t NativeNumber() const { return nativeNumber_; }
+  // What the engine or its driver says of it, in its own language; empty when it says nothing.
+  const std::string& NativeText() const { return nativeText_; }
+  DatabaseError& Saying(std::string nativeText) {
+    nativeText_ = std::move(nativeText);
+    return *this;
+  }
   // Whether what keeps the data is in the way (locked, full, write-protected, damaged, missing, out
   // of reach) and not what was asked of it, which may well succeed another time.
   bool OfStorage() const { return ofStorage_; }
@@ -37,6 +44,7 @@ class DatabaseError : public PlatformError {
  private:
   std::int32_t nativeNumber_;
   bool ofStorage_ = false;
+  std::string nativeText_;
 };
 
 // Numbers and German descriptions that the run-time library gives to failures that have nothing to

@@ -19,6 +19,7 @@ struct LogPart {
     kLineName,  // a telephone line, which may be named after its user
     kMessage,   // a message between the host and the dialer
     kModem,     // what is sent to a modem
+    kPath,      // of a file or folder
     kDetail     // a failure in somebody else's words: what it quotes may be data
   };
 

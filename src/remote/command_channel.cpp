@@ -76,7 +76,10 @@ void CommandChannel::UnhookWindow() {
 
 void CommandChannel::OnCopyData(const CopyData& data) {
   const auto text = CopyDataText(data);
-  if (!text) return;
+  if (!text) {
+    log_.Tell(LogTopic::kHost, {"abgelehnt: nicht die Kennung des Talmix"});
+    return;
+  }
   state_.host.startArgs = FieldsOf(*text);
   ++generation_;
   if (GetField(*text, 2, "|") == "KillMySelf") {
@@ -91,9 +94,9 @@ void CommandChannel::ExecuteCommands() {
     RunCommands();
   } catch (const std::exception&) {
     // A missing field or a number out of range ends the commands; the host expects no answer.
-    log_.Tell(LogTopic::kHost,
-              {state_.host.startArgs.empty() ? "ohne Befehl"
-                                             : "abgelehnt: ein Feld fehlt oder ist keine Zahl"});
+    log_.Tell(LogTopic::kHost, {state_.host.startArgs.empty()
+                                    ? "ohne Befehl"
+                                    : "abgelehnt: ein Feld fehlt, oder eine Zahl ist zu groß"});
   }
 }
 

@@ -24,9 +24,10 @@ class StartupTest : public ProgramFixture {
   }
   StartupOutcome Run(const std::string& commandLine) {
     prompts.boxes.clear();
-    return RunStartup(
-        newRegistry, instance, state, first, second, "C:\\Programme\\Brisko", commandLine,
-        {[this](const std::string& text) { sent.push_back(text); }, [this] { ++executed; }});
+    return RunStartup(newRegistry, instance, state, first, second, "C:\\Programme\\Brisko",
+                      commandLine,
+                      {[this](const std::string& text) { sent.push_back(text); },
+                       [this] { ++claimed; }, [this] { ++executed; }});
   }
   void ExpectRefused(const std::string& commandLine, const Box& box) {
     SCOPED_TRACE(commandLine);
@@ -38,7 +39,7 @@ class StartupTest : public ProgramFixture {
 
   HostHelper first{prompts}, second{prompts};
   Texts sent;
-  int executed = 0;
+  int claimed = 0, executed = 0;
 };
 
 TEST_F(StartupTest, RefusesWithTheReason) {

@@ -47,6 +47,10 @@ TEST(NumberPreparationTest, FiltersCharactersWithoutRegardToCase) {
   EXPECT_EQ(FilterChars("aBcä1", "Abä", false), "c1");
   EXPECT_EQ(FilterChars("Tel: +49 (30) 1-2!", kNumberFieldCharacters, true), " +49 (30) 1-2!");
   EXPECT_EQ(FilterChars("\xff\x80z", "z", true), "z");
+  EXPECT_EQ(FilterChars("\x80"
+                        "5",
+                        kDigits, true),
+            "5");
   for (const char* text : {"", "0", "00 - 00", "*#!"}) EXPECT_FALSE(HoldsNumber(text)) << text;
   for (const char* text : {"1", "0 - 9", "*31#"}) EXPECT_TRUE(HoldsNumber(text)) << text;
 }

@@ -38,6 +38,7 @@ class FakeTapi : public TapiControl {
   void CloseLine(std::int32_t line) override {
     log.push_back("close " + std::to_string(line));
     if (line == goneLine) throw TapiError(-2147483615, "Gerät entfernt");
+    tag = TapiTag::kClosed;
   }
   std::int32_t MakeCall(std::int32_t line, const std::string& dialString,
                         std::int16_t options) override {

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <string>
 
+#include "platform/tapi_control.h"
+
 namespace orvane {
 namespace {
 
@@ -14,17 +16,18 @@ struct Entry {
 
 constexpr Entry kEntries[] = {
     {0x80000001U, "Die Leitung wird von einem anderen Programm benutzt."},
-    {0x80000002U, "Die Leitung gibt es nicht."},
-    {0x80000005U, "Die Leitung ist belegt."},
+    {static_cast<std::uint32_t>(kLineErrorBadDevice), "Die Leitung gibt es nicht."},
+    {static_cast<std::uint32_t>(kLineErrorCallUnavailable), "Die Leitung ist belegt."},
     {0x8000000FU, "Die Leitung ist belegt."},
-    {0x80000010U, "Die Nummer kann nicht gewählt werden."},
-    {0x80000018U, "Dieses Gespräch gibt es nicht."},
-    {0x8000002BU, "Die Leitung ist nicht geöffnet."},
+    {static_cast<std::uint32_t>(kLineErrorInvalidAddress), "Die Nummer kann nicht gewählt werden."},
+    {static_cast<std::uint32_t>(kLineErrorInvalidCall), "Dieses Gespräch gibt es nicht."},
+    {static_cast<std::uint32_t>(kLineErrorInvalidLine), "Die Leitung ist nicht geöffnet."},
     {0x8000002FU, "Über diese Leitung kann nicht gesprochen werden."},
     {0x80000042U, "Das Gerät der Leitung ist nicht bereit."},
     {0x80000043U, "Der Treiber der Leitung fehlt."},
     {0x80000046U, "Das Gespräch gehört einem anderen Programm."},
-    {0x80000049U, "Die Leitung bietet das nicht an."},
+    {static_cast<std::uint32_t>(kLineErrorOperationUnavailable),
+     "Die Leitung bietet das nicht an."},
     {0x8000004BU, "Der Leitung fehlen die Mittel dafür."},
 };
 

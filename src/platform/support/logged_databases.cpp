@@ -33,6 +33,8 @@ class FailureTeller {
                                       std::to_string(error.NativeNumber()),
                                       ", ",
                                       {LogPart::Kind::kDetail, description},
+                                      error.NativeText().empty() ? "" : " / ",
+                                      {LogPart::Kind::kDetail, error.NativeText()},
                                       " (",
                                       watch.Text(),
                                       ")"});

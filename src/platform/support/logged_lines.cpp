@@ -51,9 +51,11 @@ auto LoggedLines::Told(std::initializer_list<LogPart> what, const Request& reque
 }
 
 void LoggedLines::Initialise() {
+  const Stopwatch watch;
   Told({"Leitungen suchen"}, [this] { lines_.Initialise(); });
   const int count = lines_.LineCount();
-  log_.Tell(LogTopic::kLine, {"Leitungen gefunden: ", std::to_string(count)});
+  log_.Tell(LogTopic::kLine,
+            {"Leitungen gefunden: ", std::to_string(count), " (", watch.Text(), ")"});
   for (int line = 0; log_.Listening() && line < count; ++line) {
     const std::string name = lines_.LineName(line);
     log_.Tell(LogTopic::kLine, {LineText(line), "„", {LogPart::Kind::kLineName, name}, "“"});
@@ -73,9 +75,10 @@ void LoggedLines::CloseLine(std::int32_t line) {
 
 std::int32_t LoggedLines::MakeCall(std::int32_t line, const std::string& dialString,
                                    std::int16_t options) {
+  const Stopwatch watch;
   const std::int32_t handle = Told({LineText(line), "wählt ", {LogPart::Kind::kNumber, dialString}},
                                    [&] { return lines_.MakeCall(line, dialString, options); });
-  log_.Tell(LogTopic::kLine, {CallText(handle), "angefordert"});
+  log_.Tell(LogTopic::kLine, {CallText(handle), "angefordert (", watch.Text(), ")"});
   return handle;
 }
 

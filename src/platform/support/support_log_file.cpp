@@ -68,12 +68,17 @@ class SupportLogFile::Writer {
   // it does not go on before it is.
   static void Start(const std::shared_ptr<Writer>& writer) {
     const std::lock_guard detaching(writer->mutex_);
-    std::thread([writer] { writer->Run(); }).detach();
+    try {
+      std::thread([writer] { writer->Run(); }).detach();
+      writer->ended_ = false;
+    } catch (const std::system_error&) {
+      writer->alive_ = false;
+    }
   }
 
   void Run() {
     std::unique_lock lock(mutex_);
-    lines_.push_front(header_);
+    Open();
     while (true) {
       changed_.wait(lock, [this] { return ending_ || !lines_.empty(); });
       if (lines_.empty()) break;
@@ -100,17 +105,28 @@ class SupportLogFile::Writer {
     return folder_ / (age == 0 ? "Orvane.log" : "Orvane." + std::to_string(age) + ".log");
   }
 
+  void Open() {
+    std::error_code error;
+    std::filesystem::create_directories(folder_, error);
+    written_ = std::filesystem::file_size(File(0), error);
+    if (error) written_ = 0;
+    if (written_ + header_.size() >= limits_.bytes) {
+      Rotate();
+    } else {
+      OpenFile();
+    }
+  }
+
+  void OpenFile() {
+    file_.open(File(0), std::ios::app | std::ios::binary);
+    file_ << header_ << '\n';
+    written_ += header_.size() + 1;
+    if (!file_.flush()) alive_ = false;
+  }
+
   void Write(const std::string& line) {
     if (!alive_) return;
-    std::error_code error;
-    if (file_.is_open() && written_ + line.size() >= limits_.bytes) Rotate();
-    if (!file_.is_open()) {
-      std::filesystem::create_directories(folder_, error);
-      file_.open(File(0), std::ios::app | std::ios::binary);
-      written_ = std::filesystem::file_size(File(0), error);
-      if (error) written_ = 0;
-      if (written_ + line.size() >= limits_.bytes) Rotate();
-    }
+    if (written_ + line.size() >= limits_.bytes) Rotate();
     file_ << line << '\n';
     written_ += line.size() + 1;
     if (!file_) alive_ = false;
@@ -123,9 +139,10 @@ class SupportLogFile::Writer {
     for (int age = limits_.kept; age > 0; --age) {
       std::filesystem::rename(File(age - 1), File(age), error);
     }
-    file_.open(File(0), std::ios::app | std::ios::binary);
-    file_ << header_ << '\n';
-    written_ = header_.size() + 1;
+    // The last one moved the file itself; where that fails, it would grow without end.
+    if (error) alive_ = false;
+    written_ = 0;
+    OpenFile();
   }
 
   const std::filesystem::path folder_;
@@ -139,14 +156,18 @@ class SupportLogFile::Writer {
   std::condition_variable changed_;
   std::deque<std::string> lines_;
   bool ending_ = false;
-  bool ended_ = false;
+  // Nothing is waited for before it begins.
+  bool ended_ = true;
 };
 
 SupportLogFile::SupportLogFile(std::filesystem::path folder, std::initializer_list<LogPart> header,
                                bool masked, const Clock& clock, Limits limits)
     : masked_(masked),
       clock_(clock),
-      writer_(std::make_shared<Writer>(std::move(folder), Line(header), limits)) {
+      writer_(std::make_shared<Writer>(
+          std::move(folder), MomentText(clock.Now()) + "Programm  " + Line(header), limits)) {}
+
+void SupportLogFile::Begin() {
   Writer::Start(writer_);
 }
 

@@ -21,10 +21,13 @@ class SupportLogFile : public SupportLog {
     int kept = 3;
   };
 
-  // `header` begins each file and each run of the program; `masked`: without numbers and names. The
-  // clock outlives the log.
+  // `header` begins each file and each run of the program, with the moment of this call; `masked`:
+  // without numbers and names. The clock outlives the log.
   SupportLogFile(std::filesystem::path folder, std::initializer_list<LogPart> header, bool masked,
                  const Clock& clock, Limits limits);
+  // Begins to write; what was told before is kept until then. A program that ends without it leaves
+  // no trace: it may only have been a messenger of one that writes into the same file.
+  void Begin();
   // Waits for what was told, but not long for a disk that does not answer.
   ~SupportLogFile() override;
   SupportLogFile(const SupportLogFile&) = delete;

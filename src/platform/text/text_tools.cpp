@@ -53,7 +53,8 @@ std::string FirstCharacters(std::string_view text, std::size_t count) {
   std::size_t end = 0;
   std::size_t taken = 0;
   while (end < text.size()) {
-    if (BeginsCharacter(text[end]) && ++taken > count) break;
+    // A stray byte at the front stands for itself.
+    if ((end == 0 || BeginsCharacter(text[end])) && ++taken > count) break;
     ++end;
   }
   return std::string(text.substr(0, end));

@@ -4,6 +4,7 @@
 #include "platform/database.h"
 #include "platform/host_registry.h"
 #include "platform/ini_file.h"
+#include "platform/support_log.h"
 #include "ui/options/options_system.h"
 
 namespace orvane {
@@ -14,6 +15,7 @@ struct DialSystem : OptionsSystem {
   IniFile& ini;
   DatabaseServices& databases;
   Background& background;
+  SupportLog& log;
 };
 
 }  // namespace orvane

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "app/host_settings.h"
-#include "app/init_settings.h"
 #include "app/program_state.h"
+#include "app/settings_loader.h"
 #include "app/settings_panel.h"
 #include "app/work_queue.h"
 #include "dialing/dial_command.h"

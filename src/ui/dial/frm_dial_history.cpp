@@ -28,7 +28,7 @@ void frmDial::ConnectHistory() {
   for (std::size_t kind = 0; kind < controls_.callKinds.size(); ++kind) {
     connect(controls_.callKinds[kind], &QCheckBox::clicked, this, [this, kind](bool checked) {
       queue_.Submit(
-          [this, kind, checked] { OnCallFilter(setting::kCallKinds[kind], checked ? 1 : 0); });
+          [this, kind, checked] { OnCallFilter(setting::kCallKindsShown[kind], checked ? 1 : 0); });
     });
   }
   const auto onTab = [this](int tab) {
@@ -67,7 +67,7 @@ void frmDial::LoadHistory() {
   }
   controls_.period->setCurrentIndex(stored(setting::kCallPeriod, kCallPeriods));
   for (std::size_t kind = 0; kind < controls_.callKinds.size(); ++kind) {
-    controls_.callKinds[kind]->setChecked(stored(setting::kCallKinds[kind], 2) == 1);
+    controls_.callKinds[kind]->setChecked(stored(setting::kCallKindsShown[kind], 2) == 1);
   }
   Attempt([this] {
     const auto columns = ParseCallColumns(Stored(Registry(), setting::kCallColumns).value_or(""));

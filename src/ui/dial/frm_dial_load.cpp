@@ -18,7 +18,6 @@
 namespace orvane {
 namespace {
 
-constexpr std::string_view kMakerKey = "SOFTWARE\\Nordel";
 constexpr std::chrono::seconds kJournalFarewell{10};
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/attempt.h"
 #include "app/host_paths.h"
 #include "app/host_settings.h"
 #include "platform/errors.h"
@@ -42,15 +43,14 @@ class RegistryChanges {
   };
 
   void PutBack(const Former& former) {
-    try {
+    // The registry refused a value just now; the others may still go in.
+    Attempt([&] {
       if (former.value) {
         registry_.Write(former.section, former.name, *former.value);
       } else {
         registry_.Remove(former.section, former.name);
       }
-    } catch (const RegistryError&) {
-      // It refused a value just now; the others may still go in.
-    }
+    });
   }
 
   HostRegistry& registry_;

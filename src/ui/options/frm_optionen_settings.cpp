@@ -46,11 +46,8 @@ FieldRows RowsOf(const SpeedDialFields& fields) {
 void frmOptionen::Load() {
   std::optional<ErrorState> failure;
   const auto step = [&failure](const auto& work) {
-    try {
-      work();
-    } catch (const std::exception& error) {
-      if (!failure) failure = ErrorStateOf(error);
-    }
+    const auto failed = Attempt(work);
+    if (!failure) failure = failed;
   };
   lineBefore_ = state_.settings.tapiLineId;
   userPath_ = state_.host.userPath;

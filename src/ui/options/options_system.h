@@ -9,7 +9,6 @@
 #include "platform/prompts.h"
 #include "platform/serial_control.h"
 #include "platform/serial_ports.h"
-#include "platform/support_log.h"
 #include "platform/tapi_control.h"
 #include "platform/window_chrome.h"
 
@@ -27,7 +26,6 @@ struct OptionsSystem {
   Clock& clock;
   LocaleFormat& locale;
   Prompts& prompts;
-  SupportLog& log;
   std::function<std::unique_ptr<WindowChrome>(QWidget&)> newChrome;
 };
 

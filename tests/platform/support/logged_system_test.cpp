@@ -1,6 +1,6 @@
 #include "platform/support/logged_system.h"
 
-#include "app/init_settings.h"
+#include "app/settings_loader.h"
 #include "dialing/dial_command.h"
 #include "dialing/number_preparation.h"
 #include "fakes/program_fixture.h"
@@ -97,6 +97,7 @@ class LoggedSystemTest : public JournalFixture {
   std::string WrittenLog(bool masked) {
     {
       SupportLogFile log(folder / "log", {"Orvane"}, masked, clock, {});
+      log.Begin();
       Play(log);
     }
     std::ifstream file(folder / "log" / "Orvane.log");
@@ -130,7 +131,7 @@ TEST_F(LoggedSystemTest, TheMaskedLogTellsEveryStepAndNoNumberOrName) {
                            "verbunden (0x100)",
                            "Auflegen, über die Leitung",
                            "trennen",
-                           "beendet, Dauer: ",
+                           "beendet nach ",
                            "Dauer ins Journal geschrieben: ",
                            "abgelehnt: unbekannter Befehl",
                            "[Fehler 87117] Der Schlüsselbefehl",

@@ -15,18 +15,30 @@ namespace {
 using Lines = std::vector<std::string>;
 using Kind = LogPart::Kind;
 
+constexpr const char* kHeader = "2024-04-03 09:05:07.000 Programm  Orvane, TX:17";
+
 class SupportLogFileTest : public testing::Test {
  protected:
   std::unique_ptr<SupportLogFile> Open(bool masked = true, SupportLogFile::Limits limits = {}) {
-    return std::make_unique<SupportLogFile>(
+    auto log = std::make_unique<SupportLogFile>(
         folder_ / "Orvane", std::initializer_list<LogPart>{"Orvane, ", {Kind::kMessage, "TX:17"}},
         masked, clock_, limits);
+    log->Begin();
+    return log;
   }
   Lines Read(const char* name = "Orvane.log") const {
     std::ifstream file(folder_ / "Orvane" / name);
     Lines lines;
     for (std::string line; std::getline(file, line);) lines.push_back(line);
     return lines;
+  }
+
+  // Waits until so many lines stand behind the header.
+  void RunOut(std::size_t lines) const {
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (Read().size() <= lines && std::chrono::steady_clock::now() < limit) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
   }
 
   TemporaryFolder folder_;
@@ -42,11 +54,22 @@ TEST_F(SupportLogFileTest, HoldsTheHeaderAndEachLineWithItsMoment) {
     log->Tell(LogTopic::kBox, {"zwei\r\nZeilen"});
     clock_.now.millisecond = 0;
   }
-  EXPECT_EQ(Read(),
-            (Lines{"Orvane, TX:17", "2024-04-03 09:05:07.000 Modem     gesendet: ATDT ****234 ",
-                   "2024-04-03 09:05:07.042 Meldung   zwei  Zeilen", "Orvane, TX:17",
-                   "2024-04-03 09:05:07.000 Modem     gesendet: ATDT 0301234 ",
-                   "2024-04-03 09:05:07.042 Meldung   zwei  Zeilen"}));
+  EXPECT_EQ(Read(), (Lines{kHeader, "2024-04-03 09:05:07.000 Modem     gesendet: ATDT ****234 ",
+                           "2024-04-03 09:05:07.042 Meldung   zwei  Zeilen", kHeader,
+                           "2024-04-03 09:05:07.000 Modem     gesendet: ATDT 0301234 ",
+                           "2024-04-03 09:05:07.042 Meldung   zwei  Zeilen"}));
+}
+
+// A second start hands its text over and goes.
+TEST_F(SupportLogFileTest, LeavesNoTraceUnlessItBegins) {
+  SupportLogFile messenger(folder_ / "Orvane", {"Orvane"}, true, clock_, {});
+  EXPECT_TRUE(messenger.Listening());
+  messenger.Tell(LogTopic::kProgram, {"vorher"});
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "Orvane"));
+  messenger.Begin();
+  messenger.Tell(LogTopic::kProgram, {"nachher"});
+  RunOut(2);
+  EXPECT_EQ(Read().size(), 3U);
 }
 
 TEST_F(SupportLogFileTest, KeepsThreeFullFilesThatEachBeginWithTheHeader) {
@@ -58,7 +81,8 @@ TEST_F(SupportLogFileTest, KeepsThreeFullFilesThatEachBeginWithTheHeader) {
   for (const char* name : {"Orvane.log", "Orvane.1.log", "Orvane.2.log", "Orvane.3.log"}) {
     const Lines lines = Read(name);
     ASSERT_FALSE(lines.empty()) << name;
-    EXPECT_EQ(lines.front(), "Orvane, TX:17");
+    EXPECT_EQ(lines.front(), kHeader);
+    EXPECT_NE(lines.at(1), kHeader);
     EXPECT_LE(std::filesystem::file_size(folder_ / "Orvane" / name), kBytes);
   }
   EXPECT_TRUE(Read("Orvane.4.log").empty());
@@ -69,10 +93,7 @@ TEST_F(SupportLogFileTest, KeepsThreeFullFilesThatEachBeginWithTheHeader) {
 TEST_F(SupportLogFileTest, AnEndedProgramLeavesWhatItTold) {
   const auto log = Open();
   log->Tell(LogTopic::kProgram, {"vorher"});
-  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-  while (Read().size() < 2 && std::chrono::steady_clock::now() < limit) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
+  RunOut(1);
   EXPECT_EQ(Read().size(), 2U);
 }
 

@@ -57,11 +57,12 @@ class DialWindowFixture : public ProgramFixture {
       return made;
     };
     const DialSystem system{{tapi, serial, [this] { return serialPorts; }, channel, loop, clock,
-                             locale, prompts, supportLog, newChrome},
+                             locale, prompts, newChrome},
                             newRegistry,
                             ini,
                             databases,
-                            background};
+                            background,
+                            supportLog};
     window = std::make_unique<frmDial>(system, state, call, queue, journal);
   }
 

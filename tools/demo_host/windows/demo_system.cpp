@@ -15,7 +15,7 @@ namespace {
 void RefuseBesideAHost(const std::filesystem::path& demoHost) {
   const auto registry = NewHostRegistry();
   BindHostRegistry(*registry);
-  const std::string installed = registry->Read("", "TXPfad").value_or("");
+  const std::string installed = Stored(*registry, setting::kHostFolder).value_or("");
   std::error_code error;
   const auto folder = NativePath(installed);
   // The demo's own is stored as it is composed here; the library cannot compare folders.

@@ -84,10 +84,8 @@ DatabaseFailure StatementFailureOf(const OdbcDiagnosis& diagnosis) {
   return DatabaseFailure::kOther;
 }
 
-}  // namespace
-
-DatabaseError OdbcConnectError(const std::vector<OdbcDiagnosis>& diagnoses,
-                               const OdbcSubject& subject) {
+DatabaseError OdbcConnectFailure(const std::vector<OdbcDiagnosis>& diagnoses,
+                                 const OdbcSubject& subject) {
   const OdbcDiagnosis* const login = First(diagnoses, IsLoginRefusal);
   if (login == nullptr && First(diagnoses, IsDriverMissing) != nullptr) {
     return ErrorOf(DatabaseFailure::kDriverMissing, subject.database);
@@ -103,8 +101,8 @@ DatabaseError OdbcConnectError(const std::vector<OdbcDiagnosis>& diagnoses,
   return ErrorOf(DatabaseFailure::kServerNotFound, {}, native);
 }
 
-DatabaseError OdbcStatementError(const std::vector<OdbcDiagnosis>& diagnoses,
-                                 const OdbcSubject& subject) {
+DatabaseError OdbcStatementFailure(const std::vector<OdbcDiagnosis>& diagnoses,
+                                   const OdbcSubject& subject) {
   const OdbcDiagnosis first = diagnoses.empty() ? OdbcDiagnosis{} : diagnoses.front();
   if (subject.isFile) {
     if (const auto failure = FileFailureOf(diagnoses)) {
@@ -117,6 +115,22 @@ DatabaseError OdbcStatementError(const std::vector<OdbcDiagnosis>& diagnoses,
   const bool looked =
       failure == DatabaseFailure::kNullField || failure == DatabaseFailure::kDuplicate;
   return ErrorOf(failure, first.text, looked && !known ? 0 : first.native);
+}
+
+std::string TextOf(const std::vector<OdbcDiagnosis>& diagnoses) {
+  return diagnoses.empty() ? std::string() : diagnoses.front().text;
+}
+
+}  // namespace
+
+DatabaseError OdbcConnectError(const std::vector<OdbcDiagnosis>& diagnoses,
+                               const OdbcSubject& subject) {
+  return OdbcConnectFailure(diagnoses, subject).Saying(TextOf(diagnoses));
+}
+
+DatabaseError OdbcStatementError(const std::vector<OdbcDiagnosis>& diagnoses,
+                                 const OdbcSubject& subject) {
+  return OdbcStatementFailure(diagnoses, subject).Saying(TextOf(diagnoses));
 }
 
 }  // namespace orvane

@@ -223,7 +223,9 @@ int SqliteFile::WaitForLock(void* self, int /*count*/) {
 }
 
 DatabaseError SqliteFile::Failure(int code) const {
-  if (!IsRefusedStatement(code)) return SqliteError(code, shownPath_);
+  if (!IsRefusedStatement(code)) {
+    return SqliteError(code, shownPath_).Saying(sqlite3_errmsg(database_.get()));
+  }
   return ErrorOf(DatabaseFailure::kSyntax, sqlite3_errmsg(database_.get()), code);
 }
 

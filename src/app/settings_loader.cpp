@@ -1,7 +1,6 @@
-#include "app/init_settings.h"
+#include "app/settings_loader.h"
 
-#include <exception>
-
+#include "app/attempt.h"
 #include "app/error_report.h"
 #include "app/host_paths.h"
 #include "app/ini_value.h"
@@ -95,6 +94,7 @@ void SettingsLoader::ShowDialMethod() {
 }
 
 void SettingsLoader::TellSettings() const {
+  if (!log_.Listening()) return;
   const HostEnvironment& host = state_.host;
   const DialSettings& settings = state_.settings;
   const bool byLine = settings.dialMethod == kDialMethodTapi;
@@ -102,10 +102,13 @@ void SettingsLoader::TellSettings() const {
                           : settings.dialMethod == kDialMethodModem
                               ? "Modem an COM" + std::to_string(settings.comPortNumber)
                               : "keiner";
-  log_.Tell(
-      LogTopic::kProgram,
-      {"Talmix in ", host.hostPath, ", Benutzer ", std::to_string(host.userNumber), ", Kontakte ",
-       host.useSqlServer ? "auf dem Server " + host.sqlServerName : std::string("in CONTACT.FDB")});
+  log_.Tell(LogTopic::kProgram, {"Talmix in ",
+                                 {LogPart::Kind::kPath, host.hostPath},
+                                 ", Benutzer ",
+                                 std::to_string(host.userNumber),
+                                 ", Kontakte ",
+                                 host.useSqlServer ? "auf dem Server " + host.sqlServerName
+                                                   : std::string("in CONTACT.FDB")});
   log_.Tell(LogTopic::kProgram, {"Wählweg: ",
                                  way,
                                  {LogPart::Kind::kLineName, byLine ? settings.tapiLineName : ""},
@@ -119,7 +122,7 @@ void SettingsLoader::TellSettings() const {
 }
 
 void SettingsLoader::InitSettings() {
-  try {
+  const auto failure = Attempt([this] {
     ReadRegistrySettings();
     renewJournal_();
     ReadFiles();
@@ -127,17 +130,13 @@ void SettingsLoader::InitSettings() {
     panel_.SetSpeedDialToolTip(
         "Kurzwahlspeicher: Eintrag auswählen, um seine Rufnummer zu übernehmen");
     ShowDialMethod();
-  } catch (const std::exception& error) {
-    ShowError(prompts_, ErrorStateOf(error), kProcedure);
-  }
+  });
+  if (failure) ShowError(prompts_, *failure, kProcedure);
 }
 
 void SettingsLoader::ReopenConfiguredLine() {
-  try {
-    ShowDialMethod();
-  } catch (const std::exception&) {
-    // The window shows that the line is not there.
-  }
+  // The window shows that the line is not there.
+  Attempt([this] { ShowDialMethod(); });
 }
 
 }  // namespace orvane

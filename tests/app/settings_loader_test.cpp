@@ -1,4 +1,4 @@
-#include "app/init_settings.h"
+#include "app/settings_loader.h"
 
 #include "fakes/program_fixture.h"
 
@@ -74,8 +74,13 @@ TEST_F(InitSettingsTest, ShowsTheDialMethod) {
     EXPECT_EQ(panel.status, status);
     EXPECT_EQ(state.settings.tapiLineId, lineId);
   }
-  // No line was opened the first time, so TAPI counts as closed and is initialised again.
-  EXPECT_EQ(tapi.log, (std::vector<std::string>{"init", "init", "open 1 4 6 9", "open 0 4 6 9"}));
+  // A line that is known is opened; one that is missed is looked for anew until one was opened.
+  EXPECT_EQ(tapi.log, (std::vector<std::string>{"init", "open 1 4 6 9", "open 0 4 6 9"}));
+  tapi.tag = TapiTag::kClosed;
+  tapi.log.clear();
+  SetRegistry("TapiBez", "ISDN 3");
+  for (int time = 0; time < 2; ++time) Init();
+  EXPECT_EQ(tapi.log, (std::vector<std::string>{"init", "init"}));
 }
 
 TEST_F(InitSettingsTest, UsesDefaultsAndReadsTheIni) {
