@@ -22,7 +22,7 @@ from tests.harness.waiting import Failed, end_processes, wait_for
 TIME_LIMIT_S = 900
 STARTS = 30
 MESSAGES = 100
-CALLS = 30
+CALL_TURNS, CALLS_EACH = 5, 6
 SIP_CALLS = 15
 HISTORY_CALLS = 600
 HISTORY_OPENINGS = 30
@@ -68,6 +68,13 @@ class Bench(ScriptedRun):
 
     def start_dialer(self, **options):
         return self.start("orvane", START_COMMAND, **options)
+
+    def start_visible_dialer(self):
+        self.display.forget_events()
+        dialer = self.start_dialer()
+        self.display.wait_for_window()
+        time.sleep(0.5)
+        return dialer
 
     def places(self):
         """Where the number field and the dial button are."""
@@ -137,9 +144,27 @@ class Bench(ScriptedRun):
         self.row("host's message to number on the screen", shown)
 
     def measure_calls(self, sender, modem, button):
-        seconds = []
+        """Without and with the log for support, in turns."""
+        seconds = {"0": [], "1": []}
         self.display.move(button)
-        for index in range(CALLS + 1):
+        for _ in range(CALL_TURNS):
+            for log, times in seconds.items():
+                self.demo.put_setting("BriskoLog", log)
+                dialer = self.start_visible_dialer()
+                # The first call opens the databases for the first time.
+                times += self.timed_calls(sender, modem, CALLS_EACH + 1)[1:]
+                end_processes(dialer)
+        self.demo.put_setting("BriskoLog", "0")
+        log = pathlib.Path(self.system.environment["XDG_DATA_HOME"]) / "Orvane" / "Orvane.log"
+        if log.read_text().count("ATDT") != CALL_TURNS * (CALLS_EACH + 1):
+            raise Failed("the log for support was not on in every other turn")
+        self.row("click on the dial button to ATDT on the wire", seconds["0"])
+        self.row("the same with the log for support", seconds["1"])
+
+    def timed_calls(self, sender, modem, calls):
+        """Seconds from letting go of the dial button to the modem's hearing of each call."""
+        seconds = []
+        for index in range(calls):
             self.hand_over(sender, NUMBERS[index % 2])
             time.sleep(0.1)
             # The button acts when it is let go.
@@ -152,8 +177,7 @@ class Bench(ScriptedRun):
             self.display.command("click 1")
             modem.wait_for(b"ATH0")
             time.sleep(0.1)
-        # The first call opens the databases for the first time.
-        self.row("click on the dial button to ATDT on the wire", seconds[1:])
+        return seconds
 
     def measure_sip_calls(self, sender, far_end, button):
         area = (button.x, button.y, button.width, button.height)
@@ -220,21 +244,19 @@ class Bench(ScriptedRun):
         self.measure_classification()
         field, button = self.places()
         self.measure_start()
-        dialer = self.start_dialer()
-        self.display.wait_for_window()
-        time.sleep(0.5)
+        dialer = self.start_visible_dialer()
         sender = self.start("orvane-message-sender", text=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.measure_messages(sender, field)
+        end_processes(dialer)
         self.measure_calls(sender, modem, button)
+        dialer = self.start_visible_dialer()
+        self.hand_over(sender, NUMBERS[0])
         self.measure_quiet(dialer, modem)
         end_processes(dialer)
         self.fill_journal()
         self.measure_history()
         far_end = self.start_sip()
-        self.display.forget_events()
-        self.start_dialer()
-        self.display.wait_for_window()
-        time.sleep(0.5)
+        self.start_visible_dialer()
         self.measure_sip_calls(sender, far_end, button)
 
     def history_places(self):
@@ -265,10 +287,7 @@ class Bench(ScriptedRun):
         def shown():
             return self.display.pixels(*area)
 
-        self.display.forget_events()
-        dialer = self.start_dialer()
-        self.display.wait_for_window()
-        time.sleep(0.5)
+        dialer = self.start_visible_dialer()
         # The window moves to make room when the history opens for the first time.
         self.display.move(closed)
         self.display.command("click 1")

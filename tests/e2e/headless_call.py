@@ -38,7 +38,7 @@ TALK_S = 1.5  # long enough for a duration to tell
 # What the log tells on the way of a call; the last three digits are in the open.
 LOG_HEAD = r"Orvane \d+\.\d+\.\d+, .+ \(.+\), Qt \d+\.\d+\.\d+, gestartet mit TX:17"
 MASKED = r"\*[* /-]*" + CONTACT_DIGITS[-3:]
-LINE_STEPS = (rf"Leitung #0 wählt {MASKED}", "verbunden", "Auflegen", "trennen", "getrennt", "Dauer: ")
+LINE_STEPS = (rf"Leitung #0 wählt {MASKED}", "verbunden", "Auflegen", "trennen", "getrennt", "beendet")
 LOG_STEPS = {
     "modem": (r"COM1 öffnen \(", r"AT senden \(", r"empfangen: \d+ Zeichen", rf"ATDT {MASKED} senden \(",
               "Auflegen", r"ATH0 senden \(", "COM1 schließen"),
@@ -127,7 +127,7 @@ class Call(ScriptedRun):
 
     def check_steps(self, log):
         place = 0
-        for step in (rf"\A{LOG_HEAD}\n", rf"empfangen: TX:17~Dial~1\|{MASKED}\|…\|…\|…\|",
+        for step in (rf"\A.*{LOG_HEAD}\n", rf"empfangen: TX:17~Dial~1\|{MASKED}\|…\|…\|…\|",
                      rf"Wählen: {MASKED} \(extern\)", *LOG_STEPS[self.line], r"\|KillMySelf\|",
                      r"Ende\n\Z"):
             found = re.compile(step).search(log, place)
