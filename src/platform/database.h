@@ -69,12 +69,12 @@ class DatabaseConnection {
   // other processes, readers included. Other engines let others in meanwhile.
   virtual void Open() = 0;
   // Runs one statement in the Jet dialect. Throws DatabaseError; a failed statement changed
-  // nothing, and a transaction goes on. Only a failure of the storage takes the transaction with
-  // it: whatever comes then fails in the same way, Commit too, and nothing is kept.
+  // nothing, and a transaction goes on. Only a failure of the storage may take the transaction
+  // along: whatever comes then fails too, Commit included, and nothing is kept.
   virtual std::unique_ptr<Recordset> Execute(std::string_view sql) = 0;
-  // Makes permanent what the transaction changed; all of it or, when this throws DatabaseError,
-  // nothing. After that the connection is like one of another mode, where each statement is by
-  // itself and Commit does nothing.
+  // Makes permanent what the transaction changed, and lets others in. After that the connection is
+  // like one of another mode, where each statement is by itself and Commit does nothing. Throws
+  // DatabaseError when nothing was kept; then there is only Close left.
   virtual void Commit() = 0;
   // Leaves the database as it was before a transaction that was not committed. Closing a closed
   // connection does nothing.

@@ -32,37 +32,22 @@ void ProviderConnection::Open() {
   RequireClosed();
   database_ = opener_(properties_);
   inTransaction_ = properties_.Mode() == DbMode::kWrite;
-  lost_.reset();
 }
 
 std::unique_ptr<Recordset> ProviderConnection::Execute(std::string_view sql) {
-  RequireUsable();
-  try {
-    return database_->Execute(sql);
-  } catch (const DatabaseError& error) {
-    throw;
-  }
+  if (!IsOpen()) ThrowObjectClosed();
+  return database_->Execute(sql);
 }
 
 void ProviderConnection::Commit() {
-  RequireUsable();
+  if (!IsOpen()) ThrowObjectClosed();
   if (!inTransaction_) return;
-  try {
-    database_->Commit();
-  } catch (const DatabaseError& error) {
-    lost_ = error;
-    throw;
-  }
+  database_->Commit();
   inTransaction_ = false;
 }
 
 void ProviderConnection::RequireClosed() const {
   if (IsOpen()) ThrowObjectOpen();
-}
-
-void ProviderConnection::RequireUsable() const {
-  if (!IsOpen()) ThrowObjectClosed();
-  if (lost_) throw DatabaseError(*lost_);
 }
 
 }  // namespace orvane

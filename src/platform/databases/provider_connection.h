@@ -1,14 +1,12 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/database.h"
 #include "platform/databases/connection_properties.h"
 #include "platform/databases/open_database.h"
-#include "platform/errors.h"
 
 namespace orvane {
 
@@ -36,14 +34,11 @@ class ProviderConnection : public DatabaseConnection {
 
  private:
   void RequireClosed() const;
-  void RequireUsable() const;
 
   DatabaseOpener opener_;
   ConnectionProperties properties_;
   std::unique_ptr<OpenDatabase> database_;
   bool inTransaction_ = false;
-  // What took the transaction.
-  std::optional<DatabaseError> lost_;
 };
 
 }  // namespace orvane

@@ -31,7 +31,7 @@ class OdbcDatabases : public std::enable_shared_from_this<OdbcDatabases> {
   OdbcDatabases(OdbcAccess access, LongWork& work, DriverThreads threads, OdbcLimits limits = {})
       : access_(std::move(access)), work_(work), threads_(std::move(threads)), limits_(limits) {}
 
-  // Throws DatabaseError.
+  // Throws DatabaseError. With DbMode::kWrite all or nothing is kept; others are not kept out.
   std::unique_ptr<OpenDatabase> Open(const ConnectionProperties& properties);
 
  private:

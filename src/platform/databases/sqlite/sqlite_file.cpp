@@ -11,6 +11,7 @@
 #include "platform/databases/memory_recordset.h"
 #include "platform/databases/sqlite/sqlite_errors.h"
 #include "platform/databases/sqlite/sqlite_functions.h"
+#include "platform/databases/sqlite/sqlite_path.h"
 #include "platform/errors.h"
 #include "platform/text/native_path.h"
 
@@ -26,11 +27,6 @@ struct Finalizer {
 };
 using Statement = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
-std::string Utf8Path(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
 // The file's absolute path. Throws unless it is a file that could be a database.
 std::string FindFile(const std::string& shownPath) {
   if (shownPath.empty()) throw ErrorOf(DatabaseFailure::kFileMissing, shownPath);
@@ -45,7 +41,7 @@ std::string FindFile(const std::string& shownPath) {
       std::filesystem::file_size(path, error) < kSmallestFileBytes) {
     throw ErrorOf(DatabaseFailure::kFileNotRecognised, shownPath);
   }
-  return Utf8Path(path);
+  return SqlitePath(path);
 }
 
 struct Limit {
@@ -223,9 +219,8 @@ int SqliteFile::WaitForLock(void* self, int /*count*/) {
 }
 
 DatabaseError SqliteFile::Failure(int code) const {
-  if (!IsRefusedStatement(code)) {
+  if (!IsRefusedStatement(code))
     return SqliteError(code, shownPath_).Saying(sqlite3_errmsg(database_.get()));
-  }
   return ErrorOf(DatabaseFailure::kSyntax, sqlite3_errmsg(database_.get()), code);
 }
 
@@ -260,11 +255,11 @@ std::unique_ptr<Recordset> SqliteFile::Run(const std::string& sql,
   return std::make_unique<MemoryRecordset>(std::move(columns), std::move(rows), std::move(failure));
 }
 
-// A rule of the file may end the transaction, and whoever went on would write for good, among
-// others.
+// A full disk or a rule of the file may end the transaction, and whoever went on would write for
+// good, among others.
 void SqliteFile::RequireTransaction() const {
   if (inTransaction_ && sqlite3_get_autocommit(database_.get()) != 0) {
-    throw ErrorOf(DatabaseFailure::kOther, shownPath_);
+    throw ErrorOf(DatabaseFailure::kDiskError, shownPath_);
   }
 }
 
@@ -287,11 +282,11 @@ void SqliteFile::CheckPages() {
   }
 }
 
-void SqliteFile::CopyInto(const std::string& utf8Path, const std::string& shownCopy) {
+void SqliteFile::CopyInto(const std::filesystem::path& file, const std::string& shownCopy) {
   CheckPages();
   sqlite3* opened = nullptr;
   int code =
-      sqlite3_open_v2(utf8Path.c_str(), &opened,
+      sqlite3_open_v2(SqlitePath(file).c_str(), &opened,
                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
   const SqliteHandle copy(opened);
   // A copy that fails is thrown away, and one that does not is brought to the disk as a whole.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -49,9 +50,9 @@ class SqliteFile {
 
   // Keeps others out until Compact or the end of the object.
   void KeepOthersOut();
-  // Copies the whole file into the empty file `utf8Path`, which the user knows as `shownCopy`.
-  // Throws DatabaseError; so a damaged file never takes the place of an older copy.
-  void CopyInto(const std::string& utf8Path, const std::string& shownCopy);
+  // Copies the whole file into the empty one `file`, which the user knows as `shownCopy`. Throws
+  // DatabaseError, also when this file is damaged: it must not take the place of an older copy.
+  void CopyInto(const std::filesystem::path& file, const std::string& shownCopy);
   // Gives back the room that is not used. Throws DatabaseError; the file is then as it was.
   void Compact();
 

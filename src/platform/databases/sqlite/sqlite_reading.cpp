@@ -5,15 +5,16 @@
 #include <algorithm>
 
 #include "platform/databases/sqlite/sqlite_file.h"
+#include "platform/databases/sqlite/sqlite_path.h"
 
 namespace orvane {
 
 std::string ReadThroughSqlite(const std::filesystem::path& file, std::size_t bytes) {
-  const std::u8string path = file.u8string();
   sqlite3* opened = nullptr;
-  sqlite3_open_v2(std::string(path.begin(), path.end()).c_str(), &opened,
-                  SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int failed = sqlite3_open_v2(SqlitePath(file).c_str(), &opened,
+                                     SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
   const SqliteHandle database(opened);
+  if (failed != SQLITE_OK) return {};
   sqlite3_file* content = nullptr;
   sqlite3_file_control(opened, "main", SQLITE_FCNTL_FILE_POINTER, &content);
   if (content == nullptr || content->pMethods == nullptr) return {};

@@ -25,11 +25,6 @@ std::string FileOf(std::string_view connectionString) {
   return properties.Get("Data Source");
 }
 
-std::string Utf8(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
 // An empty file that is gone when the object dies, unless it has taken another's place.
 class TemporaryFile {
  public:
@@ -61,7 +56,7 @@ void BackUp(SqliteFile& database, const fs::path& file, const std::string& backu
   if (fs::equivalent(target, file, error)) throw ErrorOf(DatabaseFailure::kFileExists, backupPath);
   fs::path beside = target;
   const TemporaryFile copy(beside += ".neu", file);
-  database.CopyInto(Utf8(copy.Path()), backupPath);
+  database.CopyInto(copy.Path(), backupPath);
   // After a power cut there must be a whole backup under the name, so this one has to be on the
   // disk before it gets it.
   if (!FlushToDisk(copy.Path())) throw ErrorOf(DatabaseFailure::kDiskError, backupPath);

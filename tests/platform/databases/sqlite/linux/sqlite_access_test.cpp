@@ -109,9 +109,9 @@ TEST_F(SqliteAccess, SaysWhenTheFileIsProtected) {
                  << std::oct << file << " in " << folder << " mode " << static_cast<int>(mode));
     chmod(journal_.c_str(), file);
     chmod(folder_.Path().c_str(), folder);
-    ChildProcess child([&](const ChildProcess::Say& say) {
+    ChildProcess child([&, wanted = mode](const ChildProcess::Say& say) {
       if (geteuid() == 0 && setuid(kNobody) != 0) return 1;
-      Open(journal_, mode)->Execute("SELECT Max(ID) FROM o");
+      Open(journal_, wanted)->Execute("SELECT Max(ID) FROM o");
       say("opened");
       return 0;
     });
