@@ -66,7 +66,8 @@ void CallLogger::LogEnd(bool isBusy) {
     display_.AddStatus("Getrennt um " + locale_.Time(now));
     display_.AddStatus("Gesprächsdauer: " + duration);
   }
-  log_.Tell(LogTopic::kCall, {isBusy ? "beendet: " : "beendet nach ", duration});
+  log_.Tell(LogTopic::kCall, {isBusy ? "beendet: " : "beendet nach ",
+                              duration.empty() ? "weniger als 1 Sek." : duration});
   // A call that was taken at the telephone itself has no row.
   if (!call_.startText.empty()) {
     journal_.Complete(call_.userPath,

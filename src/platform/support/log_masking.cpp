@@ -128,10 +128,10 @@ std::string MaskedMessage(std::string_view message) {
   return masked;
 }
 
+// With a drive, of a server, of this system, or of this system as the host writes it.
 bool IsPath(std::string_view text) {
   const bool isDrive = text.size() > 2 && text[1] == ':' && (text[2] == '\\' || text[2] == '/');
-  return isDrive || text.starts_with("\\\\") ||
-         (text.size() > 1 && text[0] == '/' && !IsDigit(text[1]));
+  return isDrive || (text.size() > 1 && (text[0] == '/' || text[0] == '\\') && !IsDigit(text[1]));
 }
 
 // The folder of a system's user bears his name.

@@ -52,6 +52,7 @@ TEST(LogMasking, HidesWhomTheUserCalls) {
       {Kind::kDetail, "Fehler -2147467259 (0x80004005), 40009",
        "Fehler -2147467259 (0x80004005), 40009"},
       {Kind::kDetail, "Datei '/home/eva.meier/talmix/x.fdb'", "Datei '/home/…/talmix/x.fdb'"},
+      {Kind::kDetail, "Datei '\\home\\eva\\talmix\\x.fdb'", "Datei '\\home\\…\\talmix\\x.fdb'"},
       {Kind::kPath, "C:\\Users\\Eva Meier\\Talmix\\", "C:\\Users\\…\\Talmix\\"},
       {Kind::kPath, "T:\\Talmix\\Daten\\", "T:\\Talmix\\Daten\\"},
       {Kind::kDetail, "Prozedur: \"DialTAPI\", bei \"Meier\"", "Prozedur: \"DialTAPI\", bei \"…\""},
