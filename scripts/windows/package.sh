@@ -29,8 +29,8 @@ cp -r LICENSE docs/licences.md docs/licences "$folder/Lizenzen"
 for part in libqt6core6 qt6-translations-l10n mingw-w64-common gcc-mingw-w64-base nsis; do
   cp "/usr/share/doc/$part/copyright" "$folder/Lizenzen/$part.txt"
 done
-cp -r docs/handbuch.md docs/datenbanken.md docs/sip-lines.md docs/measurements.md \
-  docs/changelog.md docs/images "$folder/Handbuch"
+cp -r docs/handbuch.md docs/datenbanken.md docs/sip-lines.md docs/wartungsprotokoll.md \
+  docs/measurements.md docs/changelog.md docs/images "$folder/Handbuch"
 
 # Notepad and the installer's own functions read this form everywhere.
 list="$build/packages/files.txt"
