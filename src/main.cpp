@@ -20,7 +20,6 @@
 #include "app/startup.h"
 #include "app/version.h"
 #include "app/work_queue.h"
-#include "journal/current_call.h"
 #include "journal/tel_list.h"
 #include "platform/databases/driver_threads.h"
 #include "platform/databases/host_databases.h"
@@ -115,7 +114,6 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
   TapiLines tapi{LineProviders(loop, callHandles)};
   QtLocaleFormat locale;
   ProgramState state;
-  CurrentCall call;
   WorkQueue queue;
   QtBackground background;
   // An engine is used by one thread; here nobody has to paint while it works.
@@ -131,7 +129,7 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
                           logged.Told(databases),
                           background,
                           log};
-  frmDial window(system, state, call, queue, journal);
+  frmDial window(system, state, queue, journal);
 
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {

@@ -18,8 +18,10 @@ class DialPanel : public CallDisplay {
   // True gives both dial buttons the dial picture and releases button 0; false gives them the
   // hang-up picture and presses button 0.
   virtual void SetDialButtonIdle(bool idle) = 0;
-  // Whether dial button 0 is pressed: a telephone session is running.
-  virtual bool SessionOn() const = 0;
+  // Both dial buttons take clicks, or do not.
+  virtual void SetDialButtonsEnabled(bool enabled) = 0;
+  // Gives the focus to the dial button of the view that is shown.
+  virtual void FocusDialButton() = 0;
 
   // Whether `chkExtern` is shown, so that the user chooses.
   virtual bool ExternVisible() const = 0;
@@ -30,6 +32,12 @@ class DialPanel : public CallDisplay {
   // Whether `cmdHistory` is pressed, and a click on it.
   virtual bool HistoryShown() const = 0;
   virtual void ToggleHistory() = 0;
+
+  // False exactly while the options dialog is open; line events then belong to the dialog.
+  virtual bool WindowEnabled() const = 0;
+  // The line that is configured may have come into reach: open it, while the options dialog is open
+  // after its end.
+  virtual void LinesChanged() = 0;
 };
 
 }  // namespace orvane

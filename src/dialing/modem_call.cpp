@@ -23,8 +23,9 @@ std::string DialCommandText(const std::string& number) {
 
 }  // namespace
 
-ModemCall::ModemCall(const ModemPort& on, std::function<void(const std::string&)> report)
-    : on_(on), report_(std::move(report)) {}
+ModemCall::ModemCall(const ModemPort& on, std::function<void(const std::string&)> report,
+                     std::function<void()> ended)
+    : on_(on), report_(std::move(report)), ended_(std::move(ended)) {}
 
 ModemCall::~ModemCall() {
   if (!listens_) return;
@@ -100,27 +101,35 @@ void ModemCall::SendDialCommand() {
 // user hangs up.
 void ModemCall::Hold() {
   phase_ = Phase::kHolding;
-  const double now = SecondsOfDay(on_.clock.Now());
+  const double now = SecondsOfDay(on_.clock.Now().local);
   const double deadline = std::nearbyint(now + kHoldSeconds);
   const auto wait =
       std::chrono::milliseconds(static_cast<std::int64_t>(std::ceil((deadline - now) * 1000)) + 1);
-  hold_ = on_.loop.After(wait, [this] { phase_ = Phase::kNone; });
+  hold_ = on_.loop.After(wait, [this] {
+    on_.queue.Submit([this] {
+      if (phase_ != Phase::kHolding) return;
+      Abandon();
+      ended_();
+    });
+  });
 }
 
 void ModemCall::OnDeviceError(const ErrorState& error) {
   if (phase_ == Phase::kNone) return;
   Abandon();
   ReportFailure(error);
+  ended_();
 }
 
-bool ModemCall::HangUp() {
+ModemCall::HungUp ModemCall::HangUp() {
   Abandon();
   SerialControl& serial = on_.serial;
-  if (!serial.PortOpen()) return false;
-  // The user hangs up; a port that is gone is as good as hung up.
-  Attempt([&] { serial.Output(kHangUpCommand); });
+  if (!serial.PortOpen()) return HungUp::kClosedBefore;
+  const auto failure = Attempt([&] { serial.Output(kHangUpCommand); });
+  if (failure) ReportFailure(*failure);
+  // A port that is gone is as good as closed.
   Attempt([&] { serial.SetPortOpen(false); });
-  return true;
+  return failure ? HungUp::kFailed : HungUp::kDone;
 }
 
 void ModemCall::Abandon() {

@@ -29,8 +29,16 @@ class ModemCall {
  public:
   enum class Phase { kNone, kAwaitingReply, kHolding };
 
-  // `report` shows one line of the call's progress.
-  ModemCall(const ModemPort& on, std::function<void(const std::string&)> report);
+  // What came of hanging up: the port was closed already, the modem was told, or it could not be
+  // told, which is reported.
+  enum class HungUp { kClosedBefore, kDone, kFailed };
+
+  // `report` shows one line of the call's progress; `ended` hears that a call that was dialled
+  // needs nothing more: it was held, or the modem is gone. It is not told of calls that are hung
+  // up.
+  ModemCall(
+      const ModemPort& on, std::function<void(const std::string&)> report,
+      std::function<void()> ended = [] {});
   ~ModemCall();
   ModemCall(const ModemCall&) = delete;
   ModemCall& operator=(const ModemCall&) = delete;
@@ -39,8 +47,8 @@ class ModemCall {
   // runs `announce` and, once the modem has answered, dials `number` (digits, "*", "#").
   void Start(int port, const std::string& number, const std::function<void()>& announce);
 
-  // Goes on-hook and closes the port. False when it was closed already.
-  bool HangUp();
+  // Goes on-hook and closes the port.
+  HungUp HangUp();
 
   // Forgets the call in progress without touching the port.
   void Abandon();
@@ -58,6 +66,7 @@ class ModemCall {
 
   ModemPort on_;
   std::function<void(const std::string&)> report_;
+  std::function<void()> ended_;
 
   bool listens_ = false;
   Phase phase_ = Phase::kNone;

@@ -2,33 +2,31 @@
 
 namespace orvane {
 
-ModemDialer::ModemDialer(const ModemPort& port, const DialSettings& settings, CurrentCall& call,
-                         CallLogger& logger, DialPanel& panel)
+ModemDialer::ModemDialer(const ModemPort& port, const DialSettings& settings, Session& session,
+                         DialPanel& panel)
     : settings_(settings),
-      call_(call),
-      logger_(logger),
+      session_(session),
       panel_(panel),
       modem_(port, [&panel](const std::string& line) { panel.AddStatus(line); }) {}
 
-void ModemDialer::DialModem(const std::string& number) {
-  if (panel_.SessionOn()) {
+void ModemDialer::DialModem(const std::string& number, const Moment& clicked) {
+  if (session_.On()) {
     HangUp();
     return;
   }
-  panel_.SetDialButtonIdle(false);
-  modem_.Start(settings_.comPortNumber, number, [this, &number] {
+  session_.Begin(Session::Way::kModem);
+  modem_.Start(settings_.comPortNumber, number, [&] {
     panel_.AddStatus(">>> Wählen: " + number);
-    logger_.LogCall(true, false);
+    session_.LogStart(clicked);
   });
 }
 
 void ModemDialer::HangUp() {
-  call_.startText.clear();
-  if (modem_.HangUp()) {
+  if (modem_.HangUp() == ModemCall::HungUp::kDone) {
     panel_.AddStatus(">>> Aufgelegt.");
     panel_.AddStatus("Status: <OK>");
   }
-  panel_.SetDialButtonIdle(true);
+  session_.Abandon();
 }
 
 }  // namespace orvane

@@ -5,19 +5,20 @@
 #include "app/program_state.h"
 #include "dialing/dial_panel.h"
 #include "dialing/modem_call.h"
-#include "journal/call_logger.h"
-#include "journal/current_call.h"
+#include "dialing/session.h"
+#include "platform/clock.h"
 
 namespace orvane {
 
 // Dials and hangs up through the modem for the dial window.
 class ModemDialer {
  public:
-  ModemDialer(const ModemPort& port, const DialSettings& settings, CurrentCall& call,
-              CallLogger& logger, DialPanel& panel);
+  ModemDialer(const ModemPort& port, const DialSettings& settings, Session& session,
+              DialPanel& panel);
 
   // Places a call to `number` (digits, "*", "#") when no session is on, otherwise ends the call.
-  void DialModem(const std::string& number);
+  // `clicked`: when the user wanted it.
+  void DialModem(const std::string& number, const Moment& clicked);
 
   // What the call in progress waits for.
   ModemCall::Phase CurrentPhase() const { return modem_.CurrentPhase(); }
@@ -29,8 +30,7 @@ class ModemDialer {
   void HangUp();
 
   const DialSettings& settings_;
-  CurrentCall& call_;
-  CallLogger& logger_;
+  Session& session_;
   DialPanel& panel_;
   ModemCall modem_;
 };

@@ -4,7 +4,7 @@
 
 namespace orvane {
 
-// The test dial of the options dialog, which gets the line events while it is open.
+// What the test dial needs of the options dialog.
 class TrialDialPanel {
  public:
   virtual ~TrialDialPanel() = default;
@@ -12,9 +12,6 @@ class TrialDialPanel {
   // The dialog's dial button: pressed, hang-up picture and "&Auflegen"; or released, dial picture
   // and "&Wählen...".
   virtual void SetTestDialIdle(bool idle) = 0;
-  virtual bool TestDialPressed() const = 0;
-  // Whether the test call in progress goes through the modem, so that no line's call is meant.
-  virtual bool TestsByModem() const = 0;
   virtual void SetTestDialEnabled(bool enabled) = 0;
   virtual void EnableAndFocusTestDial() = 0;
   // The port that is selected in the dialog, 1 to 8.

@@ -15,37 +15,33 @@ namespace orvane {
 class CallLogger {
  public:
   // Everything referred to outlives the logger.
-  CallLogger(TelList& journal, DatabaseServices& databases, const Clock& clock,
-             const LocaleFormat& locale, Prompts& prompts, SupportLog& log, ProgramState& state,
-             CurrentCall& call, CallDisplay& display)
+  CallLogger(TelList& journal, DatabaseServices& databases, const LocaleFormat& locale,
+             Prompts& prompts, SupportLog& log, ProgramState& state, CallDisplay& display)
       : journal_(journal),
         databases_(databases),
-        clock_(clock),
         locale_(locale),
         prompts_(prompts),
         log_(log),
         state_(state),
-        call_(call),
         display_(display) {}
 
   // At the start resolves the contact, shows it and inserts the journal row; at the end reports the
   // duration and completes the row of a call that was connected. `isBusy` is looked at only at the
-  // end. Compacts a journal file that has grown too large.
-  void LogCall(bool isStart, bool isBusy);
+  // end. `at` is when the user wanted the call, or when the line reported its end. Compacts a
+  // journal file that has grown too large.
+  void LogCall(CurrentCall& call, bool isStart, bool isBusy, const Moment& at);
 
  private:
-  void LogStart();
-  void Resolve();
-  void LogEnd(bool isBusy);
+  void LogStart(CurrentCall& call, const Moment& at);
+  void Resolve(CurrentCall& call);
+  void LogEnd(CurrentCall& call, bool isBusy, const Moment& at);
 
   TelList& journal_;
   DatabaseServices& databases_;
-  const Clock& clock_;
   const LocaleFormat& locale_;
   Prompts& prompts_;
   SupportLog& log_;
   ProgramState& state_;
-  CurrentCall& call_;
   CallDisplay& display_;
 };
 

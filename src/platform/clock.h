@@ -4,7 +4,7 @@
 
 namespace orvane {
 
-// A moment of local time. Months and days from 1, hours 0 to 23.
+// What the clock on the wall shows. Months and days from 1, hours 0 to 23.
 struct LocalTime {
   int year = 1899;
   int month = 12;
@@ -17,10 +17,18 @@ struct LocalTime {
   bool operator==(const LocalTime&) const = default;
 };
 
+// When something happened: as it is shown and stored, and for the time between two moments.
+struct Moment {
+  LocalTime local;
+  // Days since 1899-12-30 in universal time, which knows no daylight saving; whole seconds, the
+  // same as those of `local`.
+  double universal = 0;
+};
+
 class Clock {
  public:
   virtual ~Clock() = default;
-  virtual LocalTime Now() const = 0;
+  virtual Moment Now() const = 0;
 };
 
 // How the user's system writes times.

@@ -140,21 +140,19 @@ void CommandChannel::Dial(const std::string& parameterText) {
   const DialParameters parameters(parameterText);
   const std::string number = parameters.Text(DialParameters::kNumber);
   panel_.Load();
-  if (!number.empty() && !panel_.SessionOn() && panel_.NumberEnabled()) {
+  if (!number.empty() && !session_.On() && panel_.NumberEnabled()) {
     panel_.SetNumberText(number);
-    call_.company = parameters.Text(DialParameters::kCompany);
-    call_.person = parameters.Text(DialParameters::kPerson);
-    call_.place = parameters.Text(DialParameters::kPlace);
-    call_.addressKey = parameters.Number(DialParameters::kAddressKey);
-    call_.personKey = parameters.Number(DialParameters::kPersonKey);
-    call_.lastDialedDigits = FilterChars(panel_.NumberText(), kDigits, true);
-    panel_.SetContactLabel(call_.company + "\r\n" + call_.person + "\r\n\r\n" + call_.place);
+    session_.HandIn(
+        {parameters.Text(DialParameters::kCompany), parameters.Text(DialParameters::kPlace),
+         parameters.Text(DialParameters::kPerson), parameters.Number(DialParameters::kAddressKey),
+         parameters.Number(DialParameters::kPersonKey)},
+        panel_.NumberText());
     panel_.SetExternTicked(LeadingNumber(parameters.Text(DialParameters::kExtern)) != 0);
   } else {
     log_.Tell(LogTopic::kHost,
-              {"nicht übernommen: ", number.empty()       ? "ohne Nummer"
-                                     : panel_.SessionOn() ? "es läuft ein Gespräch"
-                                                          : "das Nummernfeld ist gesperrt"});
+              {"nicht übernommen: ", number.empty()  ? "ohne Nummer"
+                                     : session_.On() ? "es läuft ein Gespräch"
+                                                     : "das Nummernfeld ist gesperrt"});
   }
   panel_.Show();
 }

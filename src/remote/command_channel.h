@@ -6,7 +6,7 @@
 
 #include "app/program_state.h"
 #include "app/work_queue.h"
-#include "journal/current_call.h"
+#include "dialing/session.h"
 #include "platform/event_loop.h"
 #include "platform/host_channel.h"
 #include "platform/prompts.h"
@@ -23,13 +23,13 @@ class CommandChannel {
  public:
   // Everything referred to outlives the channel.
   CommandChannel(HostChannel& channel, EventLoop& loop, Prompts& prompts, SupportLog& log,
-                 ProgramState& state, CurrentCall& call, WorkQueue& queue, RemotePanel& panel)
+                 ProgramState& state, Session& session, WorkQueue& queue, RemotePanel& panel)
       : channel_(channel),
         loop_(loop),
         prompts_(prompts),
         log_(log),
         state_(state),
-        call_(call),
+        session_(session),
         queue_(queue),
         panel_(panel) {}
 
@@ -54,7 +54,7 @@ class CommandChannel {
   Prompts& prompts_;
   SupportLog& log_;
   ProgramState& state_;
-  CurrentCall& call_;
+  Session& session_;
   WorkQueue& queue_;
   RemotePanel& panel_;
   bool hooked_ = false;

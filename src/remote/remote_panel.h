@@ -24,8 +24,6 @@ class RemotePanel {
   virtual bool NumberEnabled() const = 0;
   virtual void SetNumberText(const std::string& text) = 0;
   virtual std::string NumberText() const = 0;
-  virtual bool SessionOn() const = 0;
-  virtual void SetContactLabel(const std::string& text) = 0;
   virtual void SetExternTicked(bool ticked) = 0;
 };
 

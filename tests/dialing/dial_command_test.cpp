@@ -15,18 +15,17 @@ class DialCommandTest : public JournalFixture {
   }
   void Click(const std::string& number) {
     panel.numberText = number;
-    dial.Click();
+    dial.Click(clock.Now());
   }
   void ClickAnew(const std::string& number) {
-    panel.sessionOn = false;
+    session.Abandon();
     Click(number);
   }
 
-  CallLogger logger = NewLogger(clock);
-  ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, call, logger, panel};
-  TapiDialer tapiDialer{tapi, clock, locale, prompts, state.settings, call, queue, logger, panel};
+  ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, session, panel};
+  TapiDialer tapiDialer{tapi, locale, prompts, state.settings, session, panel};
   RedialMemory redial{newRegistry, background};
-  DialCommand dial{prompts, supportLog, state, call, panel, redial, modem, tapiDialer};
+  DialCommand dial{prompts, supportLog, state, session, panel, redial, modem, tapiDialer};
 };
 
 TEST_F(DialCommandTest, BuildsTheDialString) {
@@ -44,8 +43,8 @@ TEST_F(DialCommandTest, BuildsTheDialString) {
     panel.externTicked = ticked;
     ClickAnew(number);
     EXPECT_EQ(dial.DialString(), dialString);
-    EXPECT_EQ(call.lastDialedDigits, digits);
-    EXPECT_EQ(call.canonicalNumber, canonical);
+    EXPECT_EQ(session.Call().lastDialedDigits, digits);
+    EXPECT_EQ(session.Call().canonicalNumber, canonical);
     EXPECT_EQ(panel.externTicked, tickedAfter);
     EXPECT_EQ(Registry("Wahlwdh"), number);
     EXPECT_EQ(panel.log.front(), std::string(">>> Wählen: ") + dialString);
@@ -54,22 +53,24 @@ TEST_F(DialCommandTest, BuildsTheDialString) {
 
 TEST_F(DialCommandTest, KeepsTheContactOnlyWhileTheNumberIsTheSame) {
   databases.FailOpen(kDbErrorFailed, "fehlt");
-  for (const auto& [remembered, number, kept] : {std::tuple{"0301234", "030 1234", true},
-                                                 {"49301234", "+49 30 1234", true},
-                                                 {"0301234", "+49 30 1234", true},
-                                                 {"0301234", "030 12345", false},
-                                                 {"", "030 1234", false}}) {
-    SCOPED_TRACE(std::string(remembered) + " " + number);
-    panel.externTicked = true;
-    panel.contactLabel = "alt";
-    call.lastDialedDigits = remembered;
-    call.company = "Muster GmbH";
-    call.addressKey = 7;
-    ClickAnew(number);
-    EXPECT_EQ(call.company, kept ? "Muster GmbH" : "");
-    EXPECT_EQ(call.addressKey, kept ? 7 : 0);
-    EXPECT_EQ(panel.contactLabel == "alt", kept);
-    EXPECT_EQ(call.lastDialedDigits.substr(0, 7), "0301234");
+  for (const auto& [before, number, kept] : {std::tuple{"0301234", "030 1234", true},
+                                             {"+49 30 1234", "+49 30 1234", true},
+                                             {"+49 30 1234", "030/1234", true},
+                                             {"0301234", "+49 30 1234", true},
+                                             {"0301234", "030 12345", false},
+                                             {"431234", "+43 1234", false},
+                                             {"+43 1234", "431234", false}}) {
+    for (const bool dialledBefore : {false, true}) {
+      SCOPED_TRACE(std::string(before) + " " + number + (dialledBefore ? " dialled" : ""));
+      panel.externTicked = true;
+      session.HandIn({"Muster GmbH", "", "", 7, 0}, before);
+      if (dialledBefore) ClickAnew(before);
+      EXPECT_EQ(panel.contactLabel, "Muster GmbH\r\n\r\n\r\n");
+      ClickAnew(number);
+      EXPECT_EQ(session.Call().company, kept ? "Muster GmbH" : "");
+      EXPECT_EQ(session.Call().addressKey, kept ? 7 : 0);
+      EXPECT_EQ(panel.contactLabel == "Muster GmbH\r\n\r\n\r\n", kept);
+    }
   }
 }
 
@@ -106,10 +107,14 @@ TEST_F(DialCommandTest, ChoosesTheWayOfDialling) {
 }
 
 TEST_F(DialCommandTest, NeedsAUserAndLeavesTheHistoryFirst) {
+  panel.externTicked = true;
+  ClickAnew("0301234");
+  EXPECT_EQ(session.Call().canonicalNumber, "49301234");
+  session.Abandon();
+  SetRegistry("Wahlwdh", "");
   state.host.userNumber = 0;
-  call.canonicalNumber = "49";
   Click("0301234");
-  EXPECT_EQ(call.canonicalNumber + Registry("Wahlwdh"), "");
+  EXPECT_EQ(session.Call().canonicalNumber + Registry("Wahlwdh"), "");
   EXPECT_FALSE(panel.sessionOn);
   state.host.userNumber = 17;
   panel.historyShown = true;
@@ -123,7 +128,7 @@ TEST_F(DialCommandTest, NeedsAUserAndLeavesTheHistoryFirst) {
   state.settings.tapiLineId = 0;
   Click("0999");
   EXPECT_TRUE(tapi.log.empty());
-  EXPECT_EQ(call.lastDialedDigits, "0301234");
+  EXPECT_EQ(session.Call().lastDialedDigits, "0301234");
   EXPECT_EQ(Registry("Wahlwdh"), "");
   EXPECT_FALSE(panel.sessionOn);
   EXPECT_EQ(panel.log.back(), "Status: <OK>");

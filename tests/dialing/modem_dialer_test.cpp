@@ -1,8 +1,6 @@
 #include "dialing/modem_dialer.h"
 
-#include "dialing/trial_modem_dialer.h"
 #include "fakes/program_fixture.h"
-#include "fakes/recording_test_dial.h"
 
 namespace orvane {
 namespace {
@@ -12,23 +10,19 @@ using Lines = std::vector<std::string>;
 
 class ModemDialerTest : public JournalFixture {
  protected:
-  ModemDialerTest() {
-    call.company = "Muster GmbH";
-    call.lastDialedDigits = "0301234";
-  }
+  ModemDialerTest() { session.HandIn({"Muster GmbH", "", "", 0, 0}, "0301234"); }
   void Click() {
-    queue.Submit([this] { modem.DialModem("00301234"); });
+    queue.Submit([this, at = clock.Now()] { modem.DialModem("00301234", at); });
   }
 
-  CallLogger logger = NewLogger(clock);
-  ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, call, logger, panel};
+  ModemDialer modem{{serial, loop, clock, prompts, queue}, state.settings, session, panel};
 };
 
 TEST_F(ModemDialerTest, DialsWhenTheModemHasAnsweredWithTwoCharacters) {
   Click();
   EXPECT_TRUE(panel.sessionOn);
   EXPECT_EQ(panel.log, Lines{">>> Wählen: 00301234"});
-  EXPECT_FALSE(call.startText.empty());
+  EXPECT_FALSE(session.Call().startText.empty());
   serial.Feed("O");
   EXPECT_EQ(serial.sent, "AT\r");
   serial.Feed("K");
@@ -45,7 +39,7 @@ TEST_F(ModemDialerTest, DialsWhenTheModemHasAnsweredWithTwoCharacters) {
   EXPECT_EQ(serial.sent, "AT\rATDT 00301234\rATH0\r");
   EXPECT_FALSE(serial.PortOpen());
   EXPECT_FALSE(panel.sessionOn);
-  EXPECT_EQ(call.startText, "");
+  EXPECT_EQ(session.Call().startText, "");
   EXPECT_EQ(panel.log, (Lines{">>> Wählen: 00301234", ">>> Aufgelegt.", "Status: <OK>"}));
   EXPECT_EQ(databases.statements.size(), 3U) << "one row, and nothing to complete";
 }
@@ -74,11 +68,11 @@ TEST_F(ModemDialerTest, TellsWhatIsWrongWithThePort) {
     state.settings.comPortNumber = port;
     if (port == 17) serial.SetCommPort(9);
     // The second click hangs up; there is nothing to close and nothing to say.
-    for (const bool session : {true, false}) {
+    for (const bool on : {true, false}) {
       Click();
       EXPECT_EQ(panel.log, log);
       EXPECT_EQ(prompts.beeps, 1);
-      EXPECT_EQ(panel.sessionOn, session);
+      EXPECT_EQ(panel.sessionOn, on);
     }
   }
   EXPECT_EQ(serial.sent, "");
@@ -100,7 +94,30 @@ TEST_F(ModemDialerTest, ACableThatIsPulledEndsTheWaitWithAMessage) {
     Click();
     EXPECT_FALSE(panel.sessionOn);
     EXPECT_FALSE(serial.PortOpen());
+    EXPECT_EQ(panel.log.size(), 5U) << "that the modem was not told is said again";
   }
+}
+
+TEST_F(ModemDialerTest, AfterTheHoldACableThatIsOutIsNoSuccess) {
+  Click();
+  serial.Feed("OK");
+  loop.Advance(31s);
+  serial.Unplug();
+  EXPECT_EQ(panel.log.size(), 1U);
+  Click();
+  EXPECT_EQ(panel.log.at(1), ">>> Fehler Nr.8020: Fehler beim Lesen des Kommunikationsgeräts");
+  EXPECT_EQ(panel.log.back(), "Fehler beim Lesen des Kommunikationsgeräts");
+  EXPECT_FALSE(panel.sessionOn || serial.PortOpen());
+}
+
+TEST_F(ModemDialerTest, TheJournalHasTheMomentOfTheClick) {
+  prompts.whileShown = [this] {
+    if (session.On()) return;
+    Click();
+    clock.now.hour = 12;
+  };
+  queue.Submit([this] { prompts.ShowMessage(PromptIcon::kNone, "", ""); });
+  EXPECT_EQ(session.Call().startText, "04/03/2024 09:05:07");
 }
 
 TEST_F(ModemDialerTest, AnOrderToCloseComesBeforeTheDialCommand) {
@@ -125,31 +142,6 @@ TEST_F(ModemDialerTest, WhatHappensBehindAMessageBoxWaitsForIt) {
   EXPECT_EQ(prompts.boxes.size(), 1U);
   EXPECT_EQ(serial.sent, "AT\rATH0\r") << "a call that is hung up is not dialled any more";
   EXPECT_FALSE(panel.sessionOn);
-}
-
-TEST_F(ModemDialerTest, TheTestDialUsesItsOwnPortAndNoJournal) {
-  RecordingTestDial dialog;
-  TrialModemDialer test{{serial, loop, clock, prompts, queue}, dialog};
-  test.TestDialModem("0217");
-  EXPECT_EQ(serial.CommPort(), 3);
-  serial.Feed("OK");
-  EXPECT_EQ(serial.sent, "AT\rATDT 0217\r");
-  test.TestDialModem("0217");
-  test.TestDialModem("");
-  serial.busyPorts = {3};
-  serial.SetPortOpen(false);
-  EXPECT_EQ(
-      dialog.log,
-      (Lines{"session", "Gegenstelle wird angewählt: 0217", ">>> Wählbefehl über 'COM3' gesendet.",
-             ">>> Auflegesignal wurde gesendet.", "Status: <OK>", "idle", "session",
-             "Gegenstelle wird angewählt: ", ">>> Wählbefehl über 'COM3' gesendet."}));
-  test.TestDialModem("");
-  EXPECT_EQ(dialog.log.back(), "idle");
-  test.TestDialModem("");
-  EXPECT_EQ(dialog.log.back(), "Anschluss bereits geöffnet");
-  EXPECT_TRUE(dialog.pressed);
-  EXPECT_TRUE(databases.statements.empty());
-  EXPECT_TRUE(panel.log.empty());
 }
 
 }  // namespace

@@ -4,13 +4,13 @@
 #include <vector>
 
 #include "app/settings_panel.h"
-#include "dialing/line_panel.h"
+#include "dialing/dial_panel.h"
 #include "remote/remote_panel.h"
 
 namespace orvane {
 
 // The dial window without a window: keeps what it was told.
-class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
+class FakePanel : public SettingsPanel, public DialPanel, public RemotePanel {
  public:
   void SetExternVisible(bool visible) override { externVisible = visible; }
   void ResetSpeedDial() override {
@@ -32,7 +32,6 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
   std::string NumberText() const override { return numberText; }
   void ClearStatus() override { log.clear(); }
   void SetDialButtonIdle(bool idle) override { sessionOn = !idle; }
-  bool SessionOn() const override { return sessionOn; }
   bool ExternVisible() const override { return externVisible; }
   void SetExternTicked(bool ticked) override { externTicked = ticked; }
   bool DevDialTicked() const override { return devDialTicked; }
@@ -43,7 +42,6 @@ class FakePanel : public SettingsPanel, public LinePanel, public RemotePanel {
   void SetDialButtonsEnabled(bool enabled) override { dialEnabled = enabled; }
   void FocusDialButton() override { ++dialFocused; }
   void LinesChanged() override { ++linesChanged; }
-  bool JustPlaced() const override { return log.size() == 1 && log[0].starts_with(">>>"); }
 
   bool IsLoaded() const override { return loaded; }
   void Load() override { loaded = true; }

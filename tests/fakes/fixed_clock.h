@@ -4,14 +4,17 @@
 #include <cstdio>
 #include <string>
 
+#include "app/date_time.h"
 #include "platform/clock.h"
 
 namespace orvane {
 
 class FixedClock : public Clock {
  public:
-  LocalTime Now() const override { return now; }
+  Moment Now() const override { return {now, ToDateTime(now) - aheadOfUniversal}; }
   LocalTime now{2024, 4, 3, 9, 5, 7, 0};
+  // Days; changes with daylight saving.
+  double aheadOfUniversal = 0;
 };
 
 // German times, whatever the machine's locale.

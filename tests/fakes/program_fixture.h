@@ -5,6 +5,7 @@
 #include "app/host_paths.h"
 #include "app/program_state.h"
 #include "app/work_queue.h"
+#include "dialing/session.h"
 #include "fakes/fake_channel.h"
 #include "fakes/fake_ini.h"
 #include "fakes/fake_instance.h"
@@ -19,7 +20,6 @@
 #include "fakes/recording_log.h"
 #include "fakes/temporary_folder.h"
 #include "journal/call_logger.h"
-#include "journal/current_call.h"
 #include "journal_schema.h"
 #include "platform/databases/sqlite/sqlite_services.h"
 
@@ -63,10 +63,6 @@ class ProgramFixture : public testing::Test {
   std::string Registry(const std::string& name, const std::string& section = "") {
     return state.host.registry->Read(section, name).value_or("");
   }
-  CallLogger NewLogger(const Clock& time) {
-    return {journal, databases, time, locale, prompts, supportLog, state, call, panel};
-  }
-
   TemporaryFolder folder;
   std::shared_ptr<FakeRegistryStore> registry = std::make_shared<FakeRegistryStore>();
   std::shared_ptr<FakeDesktop> desktop = std::make_shared<FakeDesktop>();
@@ -85,7 +81,6 @@ class ProgramFixture : public testing::Test {
   RegistryFactory newRegistry = FakeRegistryFactory(registry);
   std::vector<std::string> serialPorts{"COM1", "COM3"};
   ProgramState state;
-  CurrentCall call;
   WorkQueue queue;
   ImmediateBackground background;
   FakeFolderLocks folderLocks;
@@ -93,8 +88,15 @@ class ProgramFixture : public testing::Test {
   FakePanel panel;
 };
 
+// The same with the telephone session of a window that is none.
+class SessionFixture : public ProgramFixture {
+ protected:
+  CallLogger logger{journal, databases, locale, prompts, supportLog, state, panel};
+  Session session{logger, panel};
+};
+
 // The same with an empty journal.
-class JournalFixture : public ProgramFixture {
+class JournalFixture : public SessionFixture {
  protected:
   JournalFixture() { CreateJournalFile(UserFile("TelList.fdb")); }
 };

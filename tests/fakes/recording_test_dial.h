@@ -14,8 +14,6 @@ class RecordingTestDial : public TrialDialPanel {
     pressed = !idle;
     log.emplace_back(idle ? "idle" : "session");
   }
-  bool TestDialPressed() const override { return pressed; }
-  bool TestsByModem() const override { return byModem; }
   void SetTestDialEnabled(bool value) override { enabled = value; }
   void EnableAndFocusTestDial() override { log.emplace_back("focus"); }
   int SelectedComPort() const override { return port; }
@@ -23,7 +21,6 @@ class RecordingTestDial : public TrialDialPanel {
 
   std::vector<std::string> log;
   bool pressed = false;
-  bool byModem = false;
   bool enabled = true;
   int port = 3;
 };

@@ -22,11 +22,15 @@ class CallLoggerTest : public JournalFixture {
     return all.find(part) != std::string::npos;
   }
 
-  CallLogger logger = NewLogger(clock);
+  void LogCall(bool isStart, bool isBusy = false) {
+    logger.LogCall(call, isStart, isBusy, clock.Now());
+  }
+
+  CurrentCall call;
 };
 
 TEST_F(CallLoggerTest, LooksTheContactUpUnlessTheHostHandedItIn) {
-  logger.LogCall(true, false);
+  LogCall(true);
   EXPECT_EQ(call.startText, "04/03/2024 09:05:07");
   EXPECT_EQ(panel.contactLabel, "Havelwerk Maschinenbau GmbH\r\nBerlin\r\n\r\nLindner, Katharina");
   EXPECT_TRUE(
@@ -36,13 +40,13 @@ TEST_F(CallLoggerTest, LooksTheContactUpUnlessTheHostHandedItIn) {
   panel.contactLabel = "vom Host";
   panel.externTicked = false;
   call.company = "Muster GmbH";
-  logger.LogCall(true, false);
+  LogCall(true);
   EXPECT_EQ(panel.contactLabel, "vom Host");
   EXPECT_TRUE(Executed("VALUES (2,0,#04/03/2024 09:05:07#,'Muster GmbH',"));
 
   call.company.clear();
   call.lastDialedDigits = "217";
-  logger.LogCall(true, false);
+  LogCall(true);
   EXPECT_EQ(panel.contactLabel, "Intern\r\nEinkauf\r\n\r\nBrandt, Jonas");
 }
 
@@ -50,11 +54,11 @@ TEST_F(CallLoggerTest, CompletesOnlyACallThatWasConnected) {
   for (const auto& [connected, busy] : {std::pair{false, false}, {true, true}, {true, false}}) {
     SCOPED_TRACE(std::to_string(connected) + std::to_string(busy));
     clock.now = {2024, 4, 3, 9, 5, 7, 0};
-    logger.LogCall(true, false);
+    LogCall(true);
     call.connectText = connected ? TimeText(clock.now) : "";
     call.connectDateTime = ToDateTime(clock.now);
     clock.now = {2024, 4, 3, 9, 6, 12, 900};
-    logger.LogCall(false, busy);
+    LogCall(false, busy);
     EXPECT_EQ(Executed(busy ? "Dauer='Besetzt'" : "Dauer='1 Min. 5 Sek.'"), connected);
     EXPECT_EQ(panel.log.size(), connected && !busy ? 2U : 0U);
     EXPECT_EQ(call.startText.empty(), connected);
@@ -65,11 +69,11 @@ TEST_F(CallLoggerTest, CompletesOnlyACallThatWasConnected) {
 }
 
 TEST_F(CallLoggerTest, ACallEndsInTheJournalItBeganIn) {
-  logger.LogCall(true, false);
+  LogCall(true);
   call.connectText = TimeText(clock.now);
   state.host.userPath = UserFolder(state.host, 18);
   databases.properties.clear();
-  logger.LogCall(false, false);
+  LogCall(false);
   EXPECT_NE(databases.Property("ConnectionString")->find("User\\17\\res\\TelList.fdb"),
             std::string::npos);
   EXPECT_EQ(state.host.userPath, UserFolder(state.host, 18));
@@ -80,7 +84,7 @@ TEST_F(CallLoggerTest, CompactsAJournalThatHasGrownAfterAnyCall) {
     std::fstream file(UserFile("TelList.fdb"), std::ios::in | std::ios::out | std::ios::binary);
     file.seekp(bytes - 1).put('\0');
     file.close();
-    logger.LogCall(false, false);
+    LogCall(false);
     EXPECT_EQ(databases.compactions.size(), bytes > 9999999 ? 1U : 0U);
   }
   EXPECT_EQ(databases.compactions[0].second, state.host.userPath + "res\\TelList.OLD");

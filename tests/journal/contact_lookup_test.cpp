@@ -8,6 +8,7 @@ namespace {
 
 class ContactLookupTest : public ProgramFixture {
  protected:
+  CurrentCall call;
   ContactLookupTest() {
     CreateDemoContactFile(folder / "Daten/CONTACT.FDB");
     state.databases.host = databases.NewConnection();

@@ -7,7 +7,7 @@
 namespace orvane {
 namespace {
 
-class CommandChannelTest : public ProgramFixture {
+class CommandChannelTest : public SessionFixture {
  protected:
   CommandChannelTest() {
     state.host.userNumber = 0;
@@ -20,7 +20,7 @@ class CommandChannelTest : public ProgramFixture {
   bool Receive(const std::string& text) { return Receive(MakeCopyData(text)); }
 
   FakeChannel sender{desktop};
-  CommandChannel commands{channel, loop, prompts, supportLog, state, call, queue, panel};
+  CommandChannel commands{channel, loop, prompts, supportLog, state, session, queue, panel};
 };
 
 TEST_F(CommandChannelTest, AUserNumberAloneShowsTheWindow) {
@@ -49,23 +49,23 @@ TEST_F(CommandChannelTest, DialFillsTheWindowAndTheCall) {
     EXPECT_TRUE(Receive(text));
     EXPECT_TRUE(panel.shown);
     EXPECT_EQ(panel.numberText, number);
-    EXPECT_EQ(call.lastDialedDigits, digits);
+    EXPECT_EQ(session.Call().lastDialedDigits, digits);
     EXPECT_EQ(panel.contactLabel, label);
     EXPECT_EQ(panel.externTicked, externTicked);
-    EXPECT_EQ(call.addressKey, addressKey);
-    EXPECT_EQ(call.personKey, personKey);
+    EXPECT_EQ(session.Call().addressKey, addressKey);
+    EXPECT_EQ(session.Call().personKey, personKey);
   }
 }
 
 TEST_F(CommandChannelTest, DialChangesNothingDuringACallButShows) {
   Receive("TX:17~Dial~0|1|A");
-  for (const auto& [session, enabled, number] :
+  for (const auto& [during, enabled, number] :
        {std::tuple{true, true, "2"}, {false, false, "2"}, {false, true, ""}}) {
-    panel.sessionOn = session;
+    during ? session.Begin(Session::Way::kModem) : session.Abandon();
     panel.numberEnabled = enabled;
     panel.shown = false;
     Receive("TX:17~Dial~1|" + std::string(number) + "|B");
-    EXPECT_EQ(panel.numberText + call.company, "1A");
+    EXPECT_EQ(panel.numberText + session.Call().company, "1A");
     EXPECT_TRUE(panel.shown);
   }
 }
@@ -127,7 +127,7 @@ TEST_F(CommandChannelTest, KillMySelfClosesTheWindowInsteadOfDialling) {
 TEST_F(CommandChannelTest, AMessageBetweenTwoCommandsReplacesTheRest) {
   loop.Post([this] { Receive("TX:17~Dial~1|222|neu"); });
   Receive("TX:17~Dial~0|111|alt~Dial~0|333|alt");
-  EXPECT_EQ(panel.numberText + call.company, "222neu");
+  EXPECT_EQ(panel.numberText + session.Call().company, "222neu");
   // Closing the window between two commands must not bring it up again.
   loop.Post([this] { panel.Unload(); });
   Receive("TX:17~Dial~0|111");

@@ -7,7 +7,7 @@ namespace orvane {
 // The machine's clock in its local time.
 class SystemClock : public Clock {
  public:
-  LocalTime Now() const override;
+  Moment Now() const override;
 };
 
 }  // namespace orvane

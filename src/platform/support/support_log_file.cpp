@@ -165,7 +165,8 @@ SupportLogFile::SupportLogFile(std::filesystem::path folder, std::initializer_li
     : masked_(masked),
       clock_(clock),
       writer_(std::make_shared<Writer>(
-          std::move(folder), MomentText(clock.Now()) + "Programm  " + Line(header), limits)) {}
+          std::move(folder), MomentText(clock.Now().local) + "Programm  " + Line(header), limits)) {
+}
 
 void SupportLogFile::Begin() {
   Writer::Start(writer_);
@@ -181,7 +182,7 @@ bool SupportLogFile::Listening() const {
 
 void SupportLogFile::Tell(LogTopic topic, std::initializer_list<LogPart> parts) {
   if (!Listening()) return;
-  writer_->Add(MomentText(clock_.Now()) + TopicText(topic) + Line(parts));
+  writer_->Add(MomentText(clock_.Now().local) + TopicText(topic) + Line(parts));
 }
 
 // A line of the log is one line of the file.

@@ -23,25 +23,24 @@ constexpr int kCornerPixels = 20;
 
 }  // namespace
 
-frmDial::frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-                 TelList& journal)
+frmDial::frmDial(const DialSystem& system, ProgramState& state, WorkQueue& queue, TelList& journal)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
       system_(system),
       state_(state),
-      call_(call),
       queue_(queue),
       journal_(journal),
       settings_(system.ini, system.tapi, system.prompts, system.log, state, *this,
                 [&journal] { journal.Renew(); }),
-      logger_(journal, system.databases, system.clock, system.locale, system.prompts, system.log,
-              state, call, *this),
+      logger_(journal, system.databases, system.locale, system.prompts, system.log, state, *this),
+      session_(logger_, *this),
       modem_({system.serial, system.loop, system.clock, system.prompts, queue}, state.settings,
-             call, logger_, *this),
-      tapi_(system.tapi, system.clock, system.locale, system.prompts, state.settings, call, queue,
-            logger_, *this),
+             session_, *this),
+      tapi_(system.tapi, system.locale, system.prompts, state.settings, session_, *this),
+      lineEvents_(system.tapi, system.clock, system.prompts, queue, *this, tapi_),
       redial_(system.newRegistry, system.background),
-      dial_(system.prompts, system.log, state, call, *this, redial_, modem_, tapi_),
-      channel_(system.channel, system.loop, system.prompts, system.log, state, call, queue, *this),
+      dial_(system.prompts, system.log, state, session_, *this, redial_, modem_, tapi_),
+      channel_(system.channel, system.loop, system.prompts, system.log, state, session_, queue,
+               *this),
       controls_(BuildDialControls(*this)),
       chrome_(system.newChrome(*this)) {
   setObjectName(QStringLiteral("frmDial"));

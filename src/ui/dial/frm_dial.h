@@ -13,11 +13,12 @@
 #include "app/settings_panel.h"
 #include "app/work_queue.h"
 #include "dialing/dial_command.h"
-#include "dialing/line_panel.h"
+#include "dialing/dial_panel.h"
+#include "dialing/line_events.h"
 #include "dialing/modem_dialer.h"
+#include "dialing/session.h"
 #include "dialing/tapi_dialer.h"
 #include "journal/call_logger.h"
-#include "journal/current_call.h"
 #include "journal/tel_list.h"
 #include "platform/database.h"
 #include "platform/window_chrome.h"
@@ -40,13 +41,12 @@ class frmOptionen;
 // work queue, so that it cannot overtake a procedure that is still busy.
 class frmDial final : public QWidget,
                       public SettingsPanel,
-                      public LinePanel,
+                      public DialPanel,
                       public RemotePanel,
                       public OptionsOwner {
  public:
   // Everything referred to outlives the window. Builds the controls; Load does the rest.
-  frmDial(const DialSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue,
-          TelList& journal);
+  frmDial(const DialSystem& system, ProgramState& state, WorkQueue& queue, TelList& journal);
   ~frmDial() override;
   frmDial(const frmDial&) = delete;
   frmDial& operator=(const frmDial&) = delete;
@@ -69,19 +69,15 @@ class frmDial final : public QWidget,
   std::string NumberText() const override;
   void ClearStatus() override;
   void SetDialButtonIdle(bool idle) override;
-  bool SessionOn() const override;
   bool ExternVisible() const override;
   void SetExternTicked(bool ticked) override;
   bool DevDialTicked() const override;
   bool HistoryShown() const override;
   void ToggleHistory() override;
-
-  // LinePanel
   bool WindowEnabled() const override;
   void SetDialButtonsEnabled(bool enabled) override;
   void FocusDialButton() override;
   void LinesChanged() override;
-  bool JustPlaced() const override;
 
   // RemotePanel
   bool IsLoaded() const override { return stage_ == Stage::kLoaded; }
@@ -121,7 +117,9 @@ class frmDial final : public QWidget,
   // Closing, step by step.
   void AbandonOptions();
   void ReleaseDatabases();
-  void ShutDownTapi();
+  // The handle of the call on the line, the window's or the options dialog's.
+  std::int32_t HeldCall() const;
+  void ShutDownTapi(std::int32_t heldCall);
 
   void ApplyWindowShape();
   bool DragWindow(Qt::MouseButton button);
@@ -130,7 +128,6 @@ class frmDial final : public QWidget,
   void OnNumberChanged();
   void FitNumber();
   void ShowDestination();
-  void OnDial();
   void OnClear();
   void OnGetClipboard();
   void OnRedial();
@@ -171,14 +168,15 @@ class frmDial final : public QWidget,
 
   DialSystem system_;
   ProgramState& state_;
-  CurrentCall& call_;
   WorkQueue& queue_;
   TelList& journal_;
 
   SettingsLoader settings_;
   CallLogger logger_;
+  Session session_;
   ModemDialer modem_;
   TapiDialer tapi_;
+  LineEvents lineEvents_;
   RedialMemory redial_;
   DialCommand dial_;
   CommandChannel channel_;

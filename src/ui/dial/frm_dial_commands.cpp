@@ -50,8 +50,11 @@ void frmDial::ConnectCommands() {
   onClick(controls_.optionsButton, [](frmDial& f) { f.OnOptions(); });
   onClick(controls_.viewSwitch, [](frmDial& f) { f.SwitchTo(f.OtherView()); });
   onClick(controls_.closeButton, [](frmDial& f) { f.Unload(); });
-  for (CommandButton* button : controls_.dialButtons)
-    onClick(button, [](frmDial& f) { f.OnDial(); });
+  for (CommandButton* button : controls_.dialButtons) {
+    connect(button, &QPushButton::clicked, this, [this] {
+      queue_.Submit([this, clicked = system_.clock.Now()] { dial_.Click(clicked); });
+    });
+  }
   for (std::size_t key = 0; key < controls_.keys.size(); ++key) {
     onClick(controls_.keys[key], [key](frmDial& f) { f.OnKeypad(key); });
   }
@@ -109,10 +112,6 @@ void frmDial::ShowDestination() {
   controls_.destination->setText(
       ToQString(classifier_.ClassifyNumber(dialled, dialled.starts_with("00"), table)));
   controls_.statusLabels[1]->setText(QString());
-}
-
-void frmDial::OnDial() {
-  dial_.Click();
 }
 
 void frmDial::OnClear() {

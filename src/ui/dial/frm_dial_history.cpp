@@ -94,7 +94,7 @@ CallFilter frmDial::ChosenCalls() const {
 
 void frmDial::RefreshTelList() {
   system_.prompts.SetBusyCursor(true);
-  const CallDays days = CallDaysOf(system_.clock.Now());
+  const CallDays days = CallDaysOf(system_.clock.Now().local);
   shownJournal_ = state_.host.userPath;
   // Neither a message about the journal nor the wait for it must stand beside the calls of another
   // choice.
@@ -140,7 +140,7 @@ void frmDial::OnCallTaken(const std::string& number) {
 }
 
 void frmDial::ToggleHistory() {
-  if (SessionOn()) {
+  if (session_.On()) {
     RefuseDuringSession(
         "Die Anrufhistorie kann nicht während einer Telefonsitzung geöffnet werden.");
     return;

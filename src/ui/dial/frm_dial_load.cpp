@@ -14,6 +14,7 @@
 #include "ui/dial/widget_placement.h"
 #include "ui/logic/clipboard_offer.h"
 #include "ui/logic/window_settings.h"
+#include "ui/options/frm_optionen.h"
 
 namespace orvane {
 namespace {
@@ -89,15 +90,18 @@ void frmDial::Show() {
 void frmDial::Unload() {
   if (stage_ != Stage::kLoaded) return;
   stage_ = Stage::kClosed;
+  const std::int32_t heldCall = HeldCall();
   AbandonOptions();
   SaveCallColumns();
   Attempt([this] { SaveWindowPos(WidgetPlacement(*this), Registry()); });
   Attempt([this] { channel_.UnhookWindow(); });
   modem_.Abandon();
   Attempt([this] { system_.serial.SetPortOpen(false); });
+  // The journal says how long the call took that the end of the program cuts short.
+  Attempt([this] { session_.Close(system_.clock.Now()); });
   ReleaseDatabases();
-  ShutDownTapi();
-  tapi_.Abandon();
+  ShutDownTapi(heldCall);
+  lineEvents_.Abandon();
   state_.host.userNumber = 0;
   queue_.Clear();
   hide();
@@ -115,12 +119,16 @@ void frmDial::ReleaseDatabases() {
   state_.host.registry.reset();
 }
 
-void frmDial::ShutDownTapi() {
+std::int32_t frmDial::HeldCall() const {
+  return options_ != nullptr ? options_->TestDial().CallHandle() : session_.CallHandle();
+}
+
+void frmDial::ShutDownTapi(std::int32_t heldCall) {
   TapiControl& tapi = system_.tapi;
   if (tapi.Tag() == TapiTag::kNone) return;
   const std::int32_t line = state_.settings.tapiLineId;
   Attempt([&] {
-    if (call_.tapiCallHandle >= 0) tapi.DropCall(line, call_.tapiCallHandle);
+    if (heldCall >= 0) tapi.DropCall(line, heldCall);
   });
   Attempt([&] { tapi.CloseLine(line); });
   Attempt([&] { tapi.ShutDown(); });

@@ -8,7 +8,7 @@
 namespace orvane {
 
 void frmDial::OnOptions() {
-  if (SessionOn()) {
+  if (session_.On()) {
     RefuseDuringSession("Optionen können nicht während einer Telefonsitzung geändert werden.");
   } else if (options_ == nullptr) {
     OpenOptions();
@@ -19,20 +19,24 @@ void frmDial::OpenOptions() {
   setEnabled(false);
   Attempt([this] { system_.serial.SetPortOpen(false); });
   chrome_->SetTopmost(kNotTopmost, true);
-  options_ = new frmOptionen(system_, state_, call_, queue_, *this, *this);
-  tapi_.SetTestDial(options_);
+  options_ = new frmOptionen(system_, state_, queue_, *this, *this);
+  lineEvents_.SetTestDial(&options_->TestDial());
   options_->Load();
   options_->Show();
   hide();
 }
 
 void frmDial::OptionsEnded() {
-  tapi_.SetTestDial(nullptr);
+  lineEvents_.SetTestDial(nullptr);
   options_->deleteLater();
   options_ = nullptr;
   const bool lineMayBeBack =
       std::exchange(linesChangedMeanwhile_, false) && state_.settings.tapiLineId == kNoTapiLine;
-  if (reloadAfterOptions_ || lineMayBeBack) ReloadSettings();
+  if (reloadAfterOptions_) {
+    ReloadSettings();
+  } else if (lineMayBeBack) {
+    ReopenConfiguredLine();
+  }
   show();
   Attempt([this] { system_.serial.SetPortOpen(false); });
   chrome_->SetTopmost(kTopmost, true);
@@ -42,7 +46,7 @@ void frmDial::OptionsEnded() {
 
 void frmDial::AbandonOptions() {
   if (options_ == nullptr) return;
-  tapi_.SetTestDial(nullptr);
+  lineEvents_.SetTestDial(nullptr);
   options_->Abandon();
   options_->deleteLater();
   options_ = nullptr;
@@ -55,7 +59,7 @@ void frmDial::ReloadSettings() {
 }
 
 void frmDial::LinesChanged() {
-  if (options_ == nullptr) return ReloadSettings();
+  if (options_ == nullptr) return ReopenConfiguredLine();
   linesChangedMeanwhile_ = true;
 }
 

@@ -124,10 +124,6 @@ void frmDial::SetDialButtonIdle(bool idle) {
   controls_.dialButtons[0]->setChecked(!idle);
 }
 
-bool frmDial::SessionOn() const {
-  return controls_.dialButtons[0]->isChecked();
-}
-
 bool frmDial::WindowEnabled() const {
   return isEnabled();
 }
@@ -142,11 +138,6 @@ void frmDial::SetDialButtonsEnabled(bool enabled) {
 void frmDial::FocusDialButton() {
   const bool compact = height() * kTwipsPerPixel <= kCompactFocusHeightTwips;
   controls_.dialButtons[compact ? 1 : 0]->setFocus();
-}
-
-bool frmDial::JustPlaced() const {
-  return controls_.progressLog->count() == 1 &&
-         controls_.progressLog->item(0)->text().startsWith(QStringLiteral(">>>"));
 }
 
 bool frmDial::ExternVisible() const {

@@ -37,16 +37,15 @@ bool MovesInList(int key) {
 
 }  // namespace
 
-frmOptionen::frmOptionen(const OptionsSystem& system, ProgramState& state, CurrentCall& call,
-                         WorkQueue& queue, OptionsOwner& owner, QWidget& parent)
+frmOptionen::frmOptionen(const OptionsSystem& system, ProgramState& state, WorkQueue& queue,
+                         OptionsOwner& owner, QWidget& parent)
     : QDialog(&parent, Qt::Dialog | Qt::FramelessWindowHint),
       system_(system),
       state_(state),
-      call_(call),
       queue_(queue),
       owner_(owner),
-      modem_({system.serial, system.loop, system.clock, system.prompts, queue}, *this),
-      tapi_(system.tapi, system.prompts, state.settings, call, *this),
+      testDial_(system.tapi, {system.serial, system.loop, system.clock, system.prompts, queue},
+                system.locale, state.settings, *this),
       controls_(BuildOptionsControls(*this)),
       chrome_(system.newChrome(*this)) {
   setObjectName(QStringLiteral("frmOptionen"));
@@ -176,7 +175,7 @@ void frmOptionen::paintEvent(QPaintEvent*) {
 // What the dialog left open is closed together with the program.
 void frmOptionen::Abandon() {
   ended_ = true;
-  modem_.Abandon();
+  testDial_.Abandon();
   hide();
 }
 
@@ -195,7 +194,7 @@ void frmOptionen::OnAction(std::size_t button) {
     RestoreLine();
   }
   ended_ = true;
-  modem_.Abandon();
+  testDial_.Abandon();
   owner_.OptionsEnded();
   system_.prompts.SetBusyCursor(false);
 }

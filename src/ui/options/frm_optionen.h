@@ -12,9 +12,7 @@
 #include "app/program_state.h"
 #include "app/work_queue.h"
 #include "dialing/trial_dial_panel.h"
-#include "dialing/trial_modem_dialer.h"
-#include "dialing/trial_tapi_dialer.h"
-#include "journal/current_call.h"
+#include "dialing/trial_dialer.h"
 #include "platform/line_info.h"
 #include "platform/window_chrome.h"
 #include "ui/logic/option_choices.h"
@@ -29,7 +27,7 @@ namespace orvane {
 class frmOptionen final : public QDialog, public TrialDialPanel {
  public:
   // Everything referred to outlives the dialog.
-  frmOptionen(const OptionsSystem& system, ProgramState& state, CurrentCall& call, WorkQueue& queue,
+  frmOptionen(const OptionsSystem& system, ProgramState& state, WorkQueue& queue,
               OptionsOwner& owner, QWidget& parent);
 
   // Fills the controls from the settings and the speed-dial file.
@@ -38,11 +36,11 @@ class frmOptionen final : public QDialog, public TrialDialPanel {
   void Show();
   // Ends a test call without applying or restoring anything; for the end of the program.
   void Abandon();
+  // Follows the lines while the dialog is open.
+  TrialDialer& TestDial() { return testDial_; }
 
   // TrialDialPanel
   void SetTestDialIdle(bool idle) override;
-  bool TestDialPressed() const override;
-  bool TestsByModem() const override { return testByModem_; }
   void SetTestDialEnabled(bool enabled) override;
   void EnableAndFocusTestDial() override;
   int SelectedComPort() const override;
@@ -74,14 +72,16 @@ class frmOptionen final : public QDialog, public TrialDialPanel {
   void OnDialMethod(int method);
   void PlaceCover();
   void OnTestNumberChanged();
-  bool DialUsable() const;
+  void UpdateTestDial();
   void OnLineSelected();
   void OnConfigDialog(std::size_t button);
+  bool LineChosen(const std::string& title);
   void ShowLineDialog(LineDialog dialog);
   void ShowDriverInformation();
   void RefreshLines();
   void SetTapiInfo(const std::vector<std::string>& lines);
   void OnDial();
+  std::string TestDialString() const;
   int DialMethod() const;
   int SelectedLine() const;
 
@@ -98,11 +98,9 @@ class frmOptionen final : public QDialog, public TrialDialPanel {
 
   OptionsSystem system_;
   ProgramState& state_;
-  CurrentCall& call_;
   WorkQueue& queue_;
   OptionsOwner& owner_;
-  TrialModemDialer modem_;
-  TrialTapiDialer tapi_;
+  TrialDialer testDial_;
 
   OptionsControls controls_;
   std::unique_ptr<WindowChrome> chrome_;
@@ -114,11 +112,11 @@ class frmOptionen final : public QDialog, public TrialDialPanel {
   std::string userPath_;
   // False when the file could not be read: what is in it must not be overwritten.
   bool speedDialKnown_ = false;
-  // How the test call in progress was placed.
-  bool testByModem_ = false;
   // The mouse button that is down, or was last, has selected a line; otherwise its click chooses
   // the selected one again.
   bool selectedByPress_ = false;
+  // A request to the line is under way.
+  bool testDialBlocked_ = false;
   // The button had the focus when it was disabled.
   bool testDialHadFocus_ = false;
 };

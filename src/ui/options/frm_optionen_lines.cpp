@@ -95,21 +95,20 @@ void frmOptionen::OnTestNumberChanged() {
     field.setText(kept);
     field.setCursorPosition(static_cast<int>(cursor));
   }
-  controls_.testDial->setEnabled(DialUsable() &&
-                                 (TestDialPressed() || HoldsNumber(field.text().toStdString())));
+  UpdateTestDial();
 }
 
 // Whatever is changed meanwhile, a test call can be ended.
-bool frmOptionen::DialUsable() const {
-  return TestDialPressed() || DialMethod() != kDialMethodNone;
+void frmOptionen::UpdateTestDial() {
+  const bool canBegin =
+      DialMethod() != kDialMethodNone && HoldsNumber(controls_.testNumber->text().toStdString());
+  controls_.testDial->setEnabled(!testDialBlocked_ && (testDial_.On() || canBegin));
 }
 
 void frmOptionen::OnLineSelected() {
   const std::int32_t selected = SelectedLine();
   controls_.connection->setFocus();
-  // A new line ends the call on the line before; the modem has to be told.
-  if (testByModem_) modem_.TestDialModem({});
-  SetTestDialIdle(true);
+  testDial_.End();
   CloseCurrentLine();
   std::int32_t& line = state_.settings.tapiLineId;
   line = selected;
@@ -125,11 +124,7 @@ void frmOptionen::OnConfigDialog(std::size_t button) {
   constexpr std::size_t kRefresh = 3;
   const std::string caption =
       controls_.lineButtons[button]->text().remove(QLatin1Char('&')).toStdString();
-  if (button != kRefresh && state_.settings.tapiLineId < 0) {
-    system_.prompts.ShowMessage(PromptIcon::kExclamation,
-                                "Bitte wählen Sie zuerst ein TAPI-Gerät aus.", caption);
-    return;
-  }
+  if (button != kRefresh && !LineChosen(caption)) return;
   try {
     switch (button) {
       case 0:
@@ -147,6 +142,14 @@ void frmOptionen::OnConfigDialog(std::size_t button) {
   } catch (const std::exception& error) {
     ShowError(system_.prompts, ErrorStateOf(error), caption);
   }
+}
+
+// Without one the user is told, under the title of what he wanted.
+bool frmOptionen::LineChosen(const std::string& title) {
+  if (state_.settings.tapiLineId >= 0) return true;
+  system_.prompts.ShowMessage(PromptIcon::kExclamation,
+                              "Bitte wählen Sie zuerst ein TAPI-Gerät aus.", title);
+  return false;
 }
 
 void frmOptionen::ShowLineDialog(LineDialog dialog) {
@@ -175,8 +178,7 @@ void frmOptionen::ShowDriverInformation() {
 void frmOptionen::RefreshLines() {
   system_.tapi.ShutDown();
   // Calls are over without another word.
-  call_.ForgetLineCall();
-  if (TestDialPressed() && !testByModem_) SetTestDialIdle(true);
+  testDial_.LineGone();
   LoadTapiList();
   SetTapiInfo({"TAPI-Geräteliste wurde erneut ausgelesen."});
 }
@@ -187,10 +189,17 @@ void frmOptionen::SetTapiInfo(const std::vector<std::string>& lines) {
     AppendLine(*controls_.lineInfo, QString::fromStdString(line));
 }
 
+std::string frmOptionen::TestDialString() const {
+  const QLineEdit* prefix = controls_.testTargets[kTestInternal]->isChecked()
+                                ? controls_.outsideLineInt
+                                : controls_.outsideLineExt;
+  return Trim(prefix->text().toStdString()) + controls_.testNumber->text().toStdString();
+}
+
 void frmOptionen::OnDial() {
   const std::string number = controls_.testNumber->text().toStdString();
   const bool noNumber = Trim(number).empty();
-  if (noNumber && !TestDialPressed()) {
+  if (noNumber && !testDial_.On()) {
     system_.prompts.Beep();
     AppendProgress("<<<<<<< ungültige Testrufnummer! >>>>>>>");
     AppendProgress("Bitte geben Sie eine gültige Telefonnummer zum testen an.");
@@ -204,23 +213,12 @@ void frmOptionen::OnDial() {
   } catch (const RegistryError&) {
     // The test itself does not depend on it.
   }
-  const QLineEdit* prefix = internal ? controls_.outsideLineInt : controls_.outsideLineExt;
-  const std::string dialString = Trim(prefix->text().toStdString()) + number;
-  const auto now = [this] { return system_.locale.Time(system_.clock.Now()); };
-  AppendProgress("<" + now() + ", Beginn der Befehlskette>");
-  // A test call ends the way it was placed, whatever is selected by then.
-  if (!TestDialPressed()) testByModem_ = DialMethod() == kDialMethodModem;
-  if (testByModem_) {
-    modem_.TestDialModem(dialString);
-  } else {
-    tapi_.TestDialTapi(dialString);
-  }
-  AppendProgress("<" + now() + ", Ende der Befehlskette>");
+  const auto way = DialMethod() == kDialMethodModem ? Session::Way::kModem : Session::Way::kLine;
+  if (!testDial_.On() && way == Session::Way::kLine && !LineChosen("Testwahl")) return;
+  testDial_.Click(way, TestDialString());
 }
 
 void frmOptionen::SetTestDialIdle(bool idle) {
-  // The next call may be somebody else's on the line.
-  if (idle) testByModem_ = false;
   CommandButton& button = *controls_.testDial;
   button.setChecked(!idle);
   button.setText(idle ? QStringLiteral("&Wählen...") : QStringLiteral("&Auflegen"));
@@ -228,11 +226,7 @@ void frmOptionen::SetTestDialIdle(bool idle) {
                          : QStringLiteral("Das Testgespräch beenden"));
   button.setIcon(idle ? DialPicture() : HangUpPicture());
   SetRole(button, idle ? role::kDial : role::kHangUp);
-  if (!DialUsable()) button.setEnabled(false);
-}
-
-bool frmOptionen::TestDialPressed() const {
-  return controls_.testDial->isChecked();
+  UpdateTestDial();
 }
 
 void frmOptionen::SetTestDialEnabled(bool enabled) {
@@ -241,14 +235,17 @@ void frmOptionen::SetTestDialEnabled(bool enabled) {
     testDialHadFocus_ = controls_.testDial->hasFocus();
     if (testDialHadFocus_) controls_.connection->setFocus();
   }
-  controls_.testDial->setEnabled(enabled && DialUsable());
+  testDialBlocked_ = !enabled;
+  UpdateTestDial();
   // Enter would mean "Übernehmen" elsewhere, in the middle of the test call.
   if (enabled && std::exchange(testDialHadFocus_, false)) controls_.testDial->setFocus();
 }
 
 void frmOptionen::EnableAndFocusTestDial() {
-  controls_.testDial->setEnabled(DialUsable());
-  controls_.testDial->setFocus();
+  testDialBlocked_ = false;
+  UpdateTestDial();
+  // On a page that is not shown it would take the next key unseen.
+  if (controls_.testDial->isVisible()) controls_.testDial->setFocus();
 }
 
 // A port beyond the choices stays as it is until one of them is selected.

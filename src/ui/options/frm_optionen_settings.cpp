@@ -209,7 +209,7 @@ void frmOptionen::RestoreLine() {
 }
 
 void frmOptionen::CloseCurrentLine() {
-  call_.ForgetLineCall();
+  testDial_.LineGone();
   if (state_.settings.tapiLineId < 0) return;
   // A line that is gone is as good as closed.
   Attempt([this] { system_.tapi.CloseLine(state_.settings.tapiLineId); });

@@ -10,6 +10,7 @@ namespace {
 class ContactContract : public ProgramFixture,
                         public testing::WithParamInterface<ContactEngineEntry> {
  protected:
+  CurrentCall call;
   void SetUp() override {
     engine_ = GetParam().make();
     if (!engine_->Obstacle().empty()) GTEST_SKIP() << engine_->Obstacle();

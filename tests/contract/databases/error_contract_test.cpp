@@ -46,6 +46,7 @@ constexpr StatementCase kStatements[] = {
 class ErrorContract : public ProgramFixture,
                       public testing::WithParamInterface<ContactEngineEntry> {
  protected:
+  CurrentCall call;
   void SetUp() override {
     engine_ = GetParam().make();
     if (!engine_->Obstacle().empty()) GTEST_SKIP() << engine_->Obstacle();

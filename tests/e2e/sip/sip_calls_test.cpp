@@ -3,6 +3,7 @@
 
 #include "app/date_time.h"
 #include "contract/qt_line_lab.h"
+#include "dialing/line_events.h"
 #include "dialing/tapi_dialer.h"
 #include "fakes/program_fixture.h"
 #include "fakes/temporary_folder.h"
@@ -18,11 +19,10 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class SipCallsTest : public ProgramFixture {
+class SipCallsTest : public SessionFixture {
  protected:
   SipCallsTest() {
     CreateJournalFile(UserFile("TelList.fdb"));
-    call.company = "Muster GmbH";
     Open("anna");
   }
 
@@ -37,8 +37,8 @@ class SipCallsTest : public ProgramFixture {
     ASSERT_GE(state.settings.tapiLineId, 0);
   }
   void Click(const std::string& number) {
-    call.lastDialedDigits = number;
-    queue.Submit([this, number] { dialer.DialTAPI(number); });
+    if (!session.On()) session.HandIn({"Muster GmbH", "", "", 0, 0}, number);
+    queue.Submit([this, number] { dialer.DialTAPI(number, clock.Now()); });
   }
   bool Logged(const std::string& text) {
     return RunQtUntil([&] { return !panel.log.empty() && panel.log.back() == text; });
@@ -70,8 +70,8 @@ class SipCallsTest : public ProgramFixture {
         qtLoop, handles, BaresipControl::Settings{"127.0.0.1", demo.ControlPort()}));
     return providers;
   }()};
-  CallLogger logger = NewLogger(clock);
-  TapiDialer dialer{lines, clock, locale, prompts, state.settings, call, queue, logger, panel};
+  TapiDialer dialer{lines, locale, prompts, state.settings, session, panel};
+  LineEvents events{lines, clock, prompts, queue, panel, dialer};
 };
 
 TEST_F(SipCallsTest, FromTheClickToTheHangUp) {
@@ -89,7 +89,7 @@ TEST_F(SipCallsTest, FromTheClickToTheHangUp) {
   EXPECT_TRUE(FarEndGot("BYE"));
   EXPECT_EQ(panel.log,
             (Lines{"Verbunden um 09:05:10", "Getrennt um 09:06:10", "Gesprächsdauer: 1 Min. "}));
-  EXPECT_EQ(JournalRow(), "0301234*5#|3|1 Min. ");
+  EXPECT_EQ(JournalRow(), "03012345|3|1 Min. ");
 }
 
 TEST_F(SipCallsTest, CallsThatNeverConnectLeaveTheirRowAsItIs) {
@@ -110,7 +110,7 @@ TEST_F(SipCallsTest, CallsThatNeverConnectLeaveTheirRowAsItIs) {
     Click(test.number);
     EXPECT_TRUE(panel.sessionOn);
     if (test.hangUp) {
-      ASSERT_TRUE(RunQtUntil([this] { return call.tapiCallHandle != 0; }));
+      ASSERT_TRUE(RunQtUntil([this] { return session.CallHandle() != 0; }));
       Click(test.number);
     }
     ASSERT_TRUE(SessionEnded());
@@ -137,7 +137,7 @@ TEST_F(SipCallsTest, ATelephoneThatDiesInMidCallEndsItAndMayReturn) {
   ASSERT_TRUE(Logged("Verbunden um 09:05:07"));
   demo.StopTelephone();
   ASSERT_TRUE(SessionEnded());
-  EXPECT_EQ(call.tapiCallHandle, 0);
+  EXPECT_EQ(session.CallHandle(), 0);
   demo.StartTelephone();
   lines.Initialise();
   Click("0301235");

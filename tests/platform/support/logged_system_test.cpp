@@ -2,6 +2,7 @@
 
 #include "app/settings_loader.h"
 #include "dialing/dial_command.h"
+#include "dialing/line_events.h"
 #include "dialing/number_preparation.h"
 #include "fakes/program_fixture.h"
 #include "platform/lines/simulated_lines.h"
@@ -57,9 +58,11 @@ class LoggedSystemTest : public JournalFixture {
     DatabaseServices& files = logged.Told(databases);
     SettingsLoader settings(ini, lines, boxes, to, state, panel, [] {});
     TelList calls(files, folderLocks, background, boxes, queue, to);
-    CallLogger logger(calls, files, clock, locale, boxes, to, state, call, panel);
-    ModemDialer modem({port, loop, clock, boxes, queue}, state.settings, call, logger, panel);
-    TapiDialer line(lines, clock, locale, boxes, state.settings, call, queue, logger, panel);
+    CallLogger toldLogger(calls, files, locale, boxes, to, state, panel);
+    Session call(toldLogger, panel);
+    ModemDialer modem({port, loop, clock, boxes, queue}, state.settings, call, panel);
+    TapiDialer line(lines, locale, boxes, state.settings, call, panel);
+    const LineEvents events(lines, clock, boxes, queue, panel, line);
     RedialMemory redial(newRegistry, background);
     DialCommand dial(boxes, to, state, call, panel, redial, modem, line);
     CommandChannel commands(toHost, loop, boxes, to, state, call, queue, panel);
@@ -71,22 +74,22 @@ class LoggedSystemTest : public JournalFixture {
     for (const Contact& contact : contacts) {
       Receive("TX:17~Dial~1|" + contact.number + "|" + contact.company + "|" + contact.person +
               "|" + contact.place + "|47|12");
-      queue.Submit([&] { dial.Click(); });
+      queue.Submit([&] { dial.Click(clock.Now()); });
       Receive("TX:17~Dial~1|030 1|x|y|z");
       loop.Advance(std::chrono::seconds(5));
-      queue.Submit([&] { dial.Click(); });
+      queue.Submit([&] { dial.Click(clock.Now()); });
       loop.Advance(std::chrono::seconds(5));
     }
     Receive("TX:17~Wahl~" + contacts.front().number + "|" + contacts.front().company);
     SetRegistry("CTI", "1");
     settings.InitSettings();
-    queue.Submit([&] { dial.Click(); });
+    queue.Submit([&] { dial.Click(clock.Now()); });
     serial.Feed("OK");
     loop.Advance(std::chrono::seconds(1));
     serial.Unplug();
-    queue.Submit([&] { dial.Click(); });
+    queue.Submit([&] { dial.Click(clock.Now()); });
     databases.FailOpen(kDbErrorFailed, "gesperrt");
-    queue.Submit([&] { dial.Click(); });
+    queue.Submit([&] { dial.Click(clock.Now()); });
     commands.UnhookWindow();
   }
   void Receive(const std::string& message) {

@@ -63,7 +63,7 @@ class DialWindowFixture : public ProgramFixture {
                             databases,
                             background,
                             supportLog};
-    window = std::make_unique<frmDial>(system, state, call, queue, journal);
+    window = std::make_unique<frmDial>(system, state, queue, journal);
   }
 
   void ShowWindow() {
@@ -78,6 +78,8 @@ class DialWindowFixture : public ProgramFixture {
     return control;
   }
 
+  // As the dial button shows it.
+  bool SessionShown() { return Find<QAbstractButton>("cmdDial_0")->isChecked(); }
   std::string TextOf(const char* label) { return Find<QLabel>(label)->text().toStdString(); }
   void Click(const char* name) { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
   // A press on the program's name, at a time in ms.

@@ -41,7 +41,7 @@ TEST_F(DialWindowHistory, LiesToTheRightOfTheDialPad) {
 
   window->SetNumberText("0301234");
   Click("cmdDial_0");
-  EXPECT_TRUE(window->SessionOn());
+  EXPECT_TRUE(SessionShown());
   EXPECT_FALSE(window->HistoryShown()) << "a call closes the history";
 }
 

@@ -77,12 +77,12 @@ TEST_F(DialWindowKeyboard, EnterDialsFromTheNumberFieldAndPressesTheControlWithT
     SCOPED_TRACE(focus);
     Focus(focus);
     Key(Qt::Key_Return);
-    EXPECT_EQ(window->SessionOn(), dials);
+    EXPECT_EQ(SessionShown(), dials);
   }
   EXPECT_EQ(window->NumberText(), "12345");
   Find<QWidget>("cmdDial_0")->setEnabled(false);
   Key(Qt::Key_Enter, Qt::KeypadModifier);
-  EXPECT_TRUE(window->SessionOn());
+  EXPECT_TRUE(SessionShown());
 }
 
 TEST_F(DialWindowKeyboard, EveryControlIsReachedByTabAndSaysWhatItIs) {
@@ -131,7 +131,7 @@ TEST_F(DialWindowKeyboard, TheCompactViewDialsAndGivesWayToTheFullOne) {
   Key(Qt::Key_2);
   EXPECT_EQ(window->NumberText(), "42");
   Click("cmdDial_1");
-  EXPECT_TRUE(window->SessionOn());
+  EXPECT_TRUE(SessionShown());
 
   PressTitle(Qt::LeftButton, 1000);
   PressTitle(Qt::LeftButton, 1200);

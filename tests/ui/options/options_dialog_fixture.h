@@ -54,6 +54,10 @@ class OptionsDialogFixture : public DialWindowFixture {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(row)).center());
   }
+  void CallTakenAtTheTelephone() {
+    tapi.events->OnCallState(7, 8, kLineCallConnected);
+    tapi.events->OnConnected(7);
+  }
   void Type(const char* field, const char* text) {
     In<QLineEdit>(field)->setText(QString::fromUtf8(text));
   }

@@ -19,7 +19,7 @@ class OptionsEndingTest : public OptionsDialogFixture {
   void StartTestCall() {
     Type("txtTestNr", "301");
     ClickIn("cmdDial");
-    ASSERT_TRUE(dialog->TestDialPressed());
+    ASSERT_TRUE(dialog->TestDial().On());
   }
   std::string SpeedDialBytes() { return ReadWholeFile(state.host.userPath + "res\\Kurzwahl.dat"); }
 };

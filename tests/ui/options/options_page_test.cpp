@@ -81,20 +81,48 @@ TEST_F(OptionsPageTest, TheTestNumberIsFilteredAndDecidesAboutTheButton) {
   EXPECT_TRUE(Enabled("cmdDial"));
 }
 
+TEST_F(OptionsPageTest, TheButtonEndsWhateverItShowsAndTakesTheFocusOnlyWhereItIsSeen) {
+  OpenOptions();
+  Choose("optDial_0");
+  In<QTabWidget>("tabTab")->setCurrentIndex(1);
+  CallTakenAtTheTelephone();
+  EXPECT_EQ(FocusName(), "cmdAktion_0");
+  In<QTabWidget>("tabTab")->setCurrentIndex(0);
+  EXPECT_TRUE(Enabled("cmdDial"));
+  ClickIn("cmdDial");
+  EXPECT_EQ(tapi.log, Lines{"drop 1 7"});
+  EXPECT_FALSE(dialog->TestDial().On() || Enabled("cmdDial"));
+}
+
+TEST_F(OptionsPageTest, ATestCallNeedsALine) {
+  OpenOptions();
+  Type("txtTestNr", "301");
+  state.settings.tapiLineId = kNoTapiLine;
+  const std::string before = Progress();
+  ClickIn("cmdDial");
+  EXPECT_EQ(
+      prompts.boxes,
+      std::vector<FakePrompts::Box>(
+          {{PromptIcon::kExclamation, "Bitte wählen Sie zuerst ein TAPI-Gerät aus.", "Testwahl"}}));
+  EXPECT_EQ(Progress(), before);
+  EXPECT_FALSE(dialog->TestDial().On());
+}
+
 TEST_F(OptionsPageTest, SelectingALineClosesAndOpensAtOnce) {
   OpenOptions();
   EXPECT_EQ(tapi.log, Lines());
   EXPECT_EQ(In<QListWidget>("lstLineSel")->currentRow(), 1);
-  dialog->SetTestDialIdle(false);
+  CallTakenAtTheTelephone();
+  EXPECT_TRUE(dialog->TestDial().On());
   ChooseLine(0);
   EXPECT_EQ(tapi.log, (Lines{"close 1", "open 0 4 6 9"}));
   EXPECT_EQ(state.settings.tapiLineId, 0);
-  EXPECT_FALSE(dialog->TestDialPressed());
+  EXPECT_FALSE(dialog->TestDial().On());
   EXPECT_EQ(FocusName(), "tabConf");
-  dialog->SetTestDialIdle(false);
+  CallTakenAtTheTelephone();
   ChooseLine(0);
   EXPECT_EQ(tapi.log, (Lines{"close 1", "open 0 4 6 9", "close 0", "open 0 4 6 9"}));
-  EXPECT_FALSE(dialog->TestDialPressed());
+  EXPECT_FALSE(dialog->TestDial().On());
   // The arrow keys go on from there.
   Key(Qt::Key_Down);
   EXPECT_EQ(state.settings.tapiLineId, 1);
@@ -191,7 +219,7 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   EXPECT_TRUE(ProgressEndsWith("*Verbindung hergestellt! - Handle, ID: 7  8"));
   EXPECT_EQ(FocusName(), "cmdDial");
   tapi.events->OnConnected(7);
-  EXPECT_TRUE(dialog->TestDialPressed());
+  EXPECT_TRUE(dialog->TestDial().On());
   // Neither what is typed or chosen nor a registry that takes nothing keeps it from being ended.
   Type("txtTestNr", "");
   Choose("optDial_0");
@@ -206,8 +234,8 @@ TEST_F(OptionsPageTest, ATestCallThroughALineIsFollowed) {
   tapi.events->OnDisconnected(7);
   tapi.events->OnCallState(7, 8, kLineCallIdle);
   EXPECT_TRUE(ProgressEndsWith("*Verbindung getrennt! - Handle, ID: 7  8"));
-  EXPECT_FALSE(dialog->TestDialPressed() || Enabled("cmdDial"));
-  EXPECT_EQ(call.tapiCallHandle, 0);
+  EXPECT_FALSE(dialog->TestDial().On() || Enabled("cmdDial"));
+  EXPECT_EQ(dialog->TestDial().CallHandle(), 0);
   EXPECT_EQ(Log(), Lines());
   EXPECT_TRUE(databases.statements.empty());
 }
@@ -228,7 +256,7 @@ TEST_F(OptionsPageTest, ATestCallThroughTheModemEndsTheWayItBegan) {
   Type("txtTestNr", "");
   ClickIn("cmdDial");
   EXPECT_EQ(serial.sent, "AT\rATDT 0301\rATH0\r");
-  EXPECT_FALSE(dialog->TestDialPressed());
+  EXPECT_FALSE(dialog->TestDial().On());
   EXPECT_EQ(Registry("TestRufNr"), "301");
   Type("txtTestNr", "301");
   // Selecting a line ends the call before it, too.
@@ -237,7 +265,7 @@ TEST_F(OptionsPageTest, ATestCallThroughTheModemEndsTheWayItBegan) {
   Choose("optDial_2");
   ChooseLine(0);
   EXPECT_EQ(serial.sent, "AT\rATDT 0301\rATH0\rAT\rATH0\r");
-  EXPECT_FALSE(dialog->TestDialPressed());
+  EXPECT_FALSE(dialog->TestDial().On());
 }
 
 TEST_F(OptionsPageTest, SwitchingThePageMovesTheFocusToTheCommands) {
