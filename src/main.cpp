@@ -131,6 +131,18 @@ int Run(const std::string& commandLine, const orvane::DriverThreads& driverThrea
                           log};
   frmDial window(system, state, queue, journal);
 
+  const auto endRequests = native::MakeEndRequests();
+  endRequests->SetHandler([&](EndRequests::When when) {
+    log.Tell(LogTopic::kProgram, {"das System beendet das Programm"});
+    if (when == EndRequests::When::kAtOnce && queue.Busy()) {
+      // What is in the middle of its work can be waited for no longer.
+      window.Unload();
+      std::_Exit(0);
+    }
+    screen.Dismiss();
+    queue.Submit([&] { window.Unload(); });
+  });
+
   StartupOutcome outcome = StartupOutcome::kRefused;
   queue.Submit([&] {
     outcome = RunStartup(

@@ -71,6 +71,10 @@ class CloseBox(NamedTuple):
     title: str
 
 
+class Terminate(NamedTuple):
+    """The system ends the dialer in the middle of a talk, with a message box up."""
+
+
 class Scenario(NamedTuple):
     name: str
     command_line: str
@@ -80,6 +84,7 @@ class Scenario(NamedTuple):
     history: int = 0  # calls that the journal has before
     dark: bool = False  # the desktop
     telephony: bool = False  # only where the system's telephony can be played
+    signals: bool = False  # only where programs are ended by signals
 
 
 SCENARIOS = [
@@ -95,6 +100,9 @@ SCENARIOS = [
     Scenario("typed", START_COMMAND,
              [Type(CONTACT_DIGITS), Dial(1), HangUp()],
              [(CONTACT, CONTACT_DIGITS, True)]),
+    Scenario("terminated", START_COMMAND,
+             [Send(dial_command(ANSWERED)), Dial(1), Terminate()],
+             [("Probe & Söhne", "06411", True)], signals=True),
     # Only the user's number is handed over.
     Scenario("second-start", START_COMMAND,
              [Type("0641"), StartAgain(dial_command("089 1")), Type("99905"), Dial(1),

@@ -7,6 +7,7 @@ COMPACT_HEIGHT = 66  # of the dial window, at most
 USER = 17
 START_COMMAND = f"TX:{USER}"
 END_COMMAND = f"{START_COMMAND}~Dial~0|KillMySelf|"
+UNKNOWN_COMMAND, UNKNOWN_COMMAND_BOX = f"{START_COMMAND}~Wahl~x", "Fehler 87117"
 
 # One of the demo host's contacts.
 CONTACT = "Muster & Söhne GmbH"

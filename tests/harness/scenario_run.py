@@ -4,14 +4,17 @@ What counts is what the journal has got in the end; nothing is asked of the wind
 are.
 """
 import shutil
+import subprocess
 import time
 
 from tests.harness import desktop
-from tests.harness.demo import COMPACT_HEIGHT, DIALER, END_COMMAND, HOST, OPTIONS, USER
+from tests.harness.demo import (COMPACT_HEIGHT, DIALER, END_COMMAND, HOST, OPTIONS,
+                                UNKNOWN_COMMAND, UNKNOWN_COMMAND_BOX, USER)
 from tests.harness.run import KEY_LIMIT_S, Run
 from tests.harness.waiting import Failed, wait_for
 
 FIRST_TALK_S = 3
+ANSWER_S = 6  # in which every call is answered
 LONGEST_TALK_S = 24
 # How often the tabulator key is pressed on the way from the number field.
 TABS_TO_HISTORY, TABS_TO_OPTIONS = 4, 5
@@ -194,6 +197,16 @@ class ScenarioRun(Run):
 
     def do_FarEndHangsUp(self):
         wait_for("the duration in the journal", self.talked)
+
+    def do_Terminate(self):
+        time.sleep(ANSWER_S)
+        sender = self.start("orvane-message-sender", text=True, stdin=subprocess.PIPE,
+                            stdout=subprocess.DEVNULL)
+        sender.stdin.write(UNKNOWN_COMMAND + "\n")
+        sender.stdin.flush()
+        desktop.wait_for_window(UNKNOWN_COMMAND_BOX)
+        self.first.terminate()
+        self.ends_well("the dialer", self.first)
 
     def do_CloseBox(self, title):
         desktop.activate(title)

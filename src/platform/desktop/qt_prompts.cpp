@@ -1,9 +1,8 @@
 #include "platform/desktop/qt_prompts.h"
 
 #include <QApplication>
-#include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
+#include <utility>
 
 namespace orvane {
 namespace {
@@ -29,7 +28,11 @@ class OrdinaryPointer {
   OrdinaryPointer& operator=(const OrdinaryPointer&) = delete;
 };
 
-void ShowBox(PromptIcon icon, const QString& text, Qt::TextFormat format, const QString& title) {
+}  // namespace
+
+void QtPrompts::ShowBox(PromptIcon icon, const QString& text, Qt::TextFormat format,
+                        const QString& title) {
+  if (dismissed_) return;
   QWidget* window = QApplication::activeWindow();
   QWidget* parent = window != nullptr && window->isVisible() ? window : nullptr;
   // The parent may be closed and destroyed by an event while the box is up, and the box with it.
@@ -43,11 +46,19 @@ void ShowBox(PromptIcon icon, const QString& text, Qt::TextFormat format, const 
   // Otherwise the box would open behind the dial window, which is always on top.
   box->setWindowFlag(Qt::WindowStaysOnTopHint);
   const OrdinaryPointer pointer;
+  open_.push_back(box);
   box->exec();
+  std::erase(open_, box);
   delete box.data();
 }
 
-}  // namespace
+void QtPrompts::Dismiss() {
+  dismissed_ = true;
+  // Closing one lets the procedure go on that has shown it.
+  for (const auto& box : std::exchange(open_, {})) {
+    if (box) box->reject();
+  }
+}
 
 void QtPrompts::ShowMessage(PromptIcon icon, const std::string& text, const std::string& title) {
   QString lines = QString::fromStdString(text);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QMessageBox>
+#include <QPointer>
 #include <QString>
+#include <vector>
 
 #include "platform/prompts.h"
 
@@ -14,7 +17,14 @@ class QtPrompts : public Prompts {
   void Beep() override;
   void SetBusyCursor(bool busy) override;
 
+  // The program ends: closes the boxes that are open and shows no others.
+  void Dismiss();
+
  private:
+  void ShowBox(PromptIcon icon, const QString& text, Qt::TextFormat format, const QString& title);
+
+  std::vector<QPointer<QMessageBox>> open_;
+  bool dismissed_ = false;
   bool busy_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/databases/driver_threads.h"
 #include "platform/databases/host_databases.h"
 #include "platform/databases/long_work.h"
+#include "platform/end_requests.h"
 #include "platform/event_loop.h"
 #include "platform/folder_locks.h"
 #include "platform/host_channel.h"
@@ -39,6 +40,9 @@ std::unique_ptr<SerialControl> MakeSerial();
 std::vector<std::string> ListSerialPorts();
 
 std::unique_ptr<FolderLocks> MakeFolderLocks();
+
+// For the time that the application object lives.
+std::unique_ptr<EndRequests> MakeEndRequests();
 
 // The widget outlives its chrome.
 std::unique_ptr<WindowChrome> MakeChrome(QWidget& window);

@@ -68,5 +68,12 @@ TEST(QtPrompts, ABoxMayGoAwayWithItsParentWindow) {
           });
 }
 
+TEST(QtPrompts, TheEndOfTheProgramClosesBoxesAndKeepsOthersBack) {
+  QtPrompts prompts;
+  WithBox([&] { prompts.ShowMessage(PromptIcon::kNone, "Text", "Titel"); },
+          [&](QMessageBox& /*box*/) { prompts.Dismiss(); });
+  prompts.ShowMarkup(PromptIcon::kNone, "Text", "Titel");
+}
+
 }  // namespace
 }  // namespace orvane

@@ -5,6 +5,7 @@
 #include <semaphore>
 
 #include "dial_window_fixture.h"
+#include "fakes/raw_sqlite.h"
 #include "platform/databases/qt_long_work.h"
 #include "remote/copy_data_text.h"
 
@@ -160,6 +161,36 @@ TEST_F(DialWindowLoad, EndsAModemCallAndTheTelephoneSession) {
   EXPECT_EQ(loop.PendingTimers(), 0);
   EXPECT_FALSE(serial.PortOpen());
   EXPECT_EQ(tapi.log, (std::vector<std::string>{"drop 2 0", "close 2", "shutdown"}));
+}
+
+TEST_F(DialWindowLoad, ALineThatComesIntoReachIsOpenedAndNothingElseIsReadAgain) {
+  SetRegistry("CTI", "2");
+  SetRegistry("TapiBez", "Büro");
+  window->Load();
+  EXPECT_EQ(TextOf("lblBase_2"), "TAPI-Fehler!");
+  tapi.lineNames = {"Büro"};
+  SetRegistry("AmtExt", "9");
+  tapi.events->OnLineMessage("INSERVICE", "TapiLineDevState", 64);
+  EXPECT_EQ(TextOf("lblBase_2"), "<Bereit>");
+  EXPECT_EQ(state.settings.tapiLineId, 0);
+  EXPECT_EQ(state.settings.outsideLineExt, "");
+}
+
+TEST_F(DialWindowLoad, TheEndOfTheProgramCompletesTheRowOfACall) {
+  CreateJournalFile(UserFile("TelList.fdb"));
+  SetRegistry("CTI", "2");
+  SetRegistry("TapiBez", "Büro");
+  tapi.lineNames = {"Büro"};
+  window->Load();
+  window->SetNumberText("0301234");
+  Click("cmdDial_0");
+  tapi.events->OnCallState(7, 8, kLineCallConnected);
+  tapi.events->OnConnected(7);
+  clock.now.minute += 2;
+  window->Unload();
+  EXPECT_EQ(RawSqlite(UserFile("TelList.fdb")).Run("SELECT Dauer FROM o"), "2 Min. ");
+  const std::vector<std::string> end(tapi.log.end() - 3, tapi.log.end());
+  EXPECT_EQ(end, (std::vector<std::string>{"drop 0 7", "close 0", "shutdown"}));
 }
 
 }  // namespace

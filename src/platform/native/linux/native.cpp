@@ -13,6 +13,7 @@
 #include "platform/databases/linux/mount_locks.h"
 #include "platform/databases/odbc/odbc_databases.h"
 #include "platform/desktop/linux/compositor.h"
+#include "platform/desktop/linux/end_signals.h"
 #include "platform/desktop/linux/qt_window_chrome.h"
 #include "platform/lines/linux/sip_lines.h"
 #include "platform/serial/linux/com_ports.h"
@@ -74,6 +75,10 @@ std::vector<std::string> ListSerialPorts() {
 
 std::unique_ptr<FolderLocks> MakeFolderLocks() {
   return std::make_unique<MountLocks>();
+}
+
+std::unique_ptr<EndRequests> MakeEndRequests() {
+  return std::make_unique<EndSignals>();
 }
 
 std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {

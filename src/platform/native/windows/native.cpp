@@ -3,6 +3,7 @@
 #include "platform/channel/windows/message_host_channel.h"
 #include "platform/channel/windows/mutex_instance.h"
 #include "platform/databases/odbc/odbc_databases.h"
+#include "platform/desktop/windows/session_end.h"
 #include "platform/desktop/windows/system_window_chrome.h"
 #include "platform/lines/windows/tapi32_lines.h"
 #include "platform/serial/windows/com_ports.h"
@@ -47,6 +48,10 @@ std::vector<std::string> ListSerialPorts() {
 // A server of Windows files is the one that locks.
 std::unique_ptr<FolderLocks> MakeFolderLocks() {
   return std::make_unique<TrustedFolderLocks>();
+}
+
+std::unique_ptr<EndRequests> MakeEndRequests() {
+  return std::make_unique<SessionEnd>();
 }
 
 std::unique_ptr<WindowChrome> MakeChrome(QWidget& window) {
